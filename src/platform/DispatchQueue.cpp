@@ -1,0 +1,65 @@
+#include "platform/DispatchQueue.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <future>
+
+DispatchQueue::DispatchQueue(std::string label)
+    : _label(std::move(label)), _thread([this] { run(); })
+{
+}
+
+DispatchQueue::~DispatchQueue()
+{
+    {
+        const std::lock_guard lock(_mutex);
+        _stopping = true;
+    }
+    _wake.notify_one();
+    _thread.join();
+}
+
+void DispatchQueue::async(Block block)
+{
+    {
+        const std::lock_guard lock(_mutex);
+        _blocks.push_back(std::move(block));
+    }
+    _wake.notify_one();
+}
+
+void DispatchQueue::sync(const Block &block)
+{
+    std::promise<void> done;
+    async([&] {
+        block();
+        done.set_value();
+    });
+    done.get_future().wait();
+}
+
+void DispatchQueue::run()
+{
+    std::unique_lock lock(_mutex);
+    while (true) {
+        _wake.wait(lock, [this] { return _stopping || !_blocks.empty(); });
+        if (_blocks.empty())
+            return;
+        Block block = std::move(_blocks.front());
+        _blocks.pop_front();
+        lock.unlock();
+        block();
+        block = nullptr; // what the block held is let go outside the lock
+        lock.lock();
+    }
+}
+
+void MainQueue::async(DispatchQueue::Block block)
+{
+    QMetaObject::invokeMethod(qApp, std::move(block), Qt::QueuedConnection);
+}
+
+void MainQueue::drain()
+{
+    QCoreApplication::sendPostedEvents(qApp, QEvent::MetaCall);
+}

@@ -1,0 +1,53 @@
+// Serial queues, and the main queue.
+//
+// A serial queue is one thread with a label that runs blocks in the order in which they came.
+// It stands on std::thread and a condition variable rather than on QThread, so that a thread
+// sanitizer sees every hand-over. A block that outlives its caller must own what it uses: capture
+// values and shared pointers, never a bare `this`.
+#pragma once
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+
+class DispatchQueue
+{
+public:
+    using Block = std::function<void()>;
+
+    /// Starts the thread. The label is for people: debuggers and logs show it.
+    explicit DispatchQueue(std::string label);
+    /// Runs what is still queued, then joins the thread. Must not be called from a block of the queue.
+    ~DispatchQueue();
+    DispatchQueue(const DispatchQueue &) = delete;
+    DispatchQueue &operator=(const DispatchQueue &) = delete;
+
+    /// Queues a block and returns at once; any thread.
+    void async(Block block);
+    /// Queues a block and waits until it has run; any thread but the queue's own.
+    void sync(const Block &block);
+
+    const std::string &label() const { return _label; }
+
+private:
+    void run();
+
+    const std::string _label;
+    std::mutex _mutex;
+    std::condition_variable _wake;
+    std::deque<Block> _blocks;
+    bool _stopping = false;
+    std::thread _thread; // last: it uses all of the above from its first moment
+};
+
+namespace MainQueue
+{
+/// Runs the block on the main thread, from its event loop; any thread. Needs a QCoreApplication.
+void async(DispatchQueue::Block block);
+/// Runs what has been posted so far without entering the event loop; main thread only. For the way
+/// out of the program, when the loop has already ended.
+void drain();
+} // namespace MainQueue

@@ -1,0 +1,7 @@
+#include "platform/UIScreen.h"
+
+UIScreen &UIScreen::mainScreen()
+{
+    static UIScreen screen;
+    return screen;
+}
