@@ -15,6 +15,8 @@ UIWindow *theKeyWindow = nullptr;
 UIWindow::UIWindow() : _stage(new QQuickItem(contentItem()))
 {
     QMLViews::prepareEngine(_engine);
+    QMLViews::preload(_engine, "editor/EditorView.qml");
+    QMLViews::preload(_engine, "views/CustomTableCellView.qml");
     setColor(Qt::white);
     resize(UIScreen::mainScreen().size().toSize());
     _stage->setFlag(QQuickItem::ItemIsFocusScope);

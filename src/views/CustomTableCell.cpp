@@ -7,6 +7,8 @@ CustomTableCell *CustomTableCell::initWithStyle(Style, const QString &reuseIdent
 {
     auto *cell =
         qobject_cast<CustomTableCell *>(QMLViews::create(engine, "views/CustomTableCellView.qml"));
+    cell->setSize(
+        {320.0, 44.0}); // until a table places it; to fit text into no width at all is slow
     cell->setReuseIdentifier(reuseIdentifier);
     return cell;
 }
