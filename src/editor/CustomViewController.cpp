@@ -222,8 +222,7 @@ void CustomViewController::TakeAway::operator()(QQuickItem *item) const
 
 CustomViewController::Overlay CustomViewController::overlay(const char *file)
 {
-    Overlay item(
-        QMLViews::create(*engine(), file, {{"controller", QVariant::fromValue(this)}}));
+    Overlay item(QMLViews::create(*engine(), file, {{"controller", QVariant::fromValue(this)}}));
     item->setParent(view());
     item->setParentItem(view());
     return item;

@@ -24,7 +24,15 @@ Item {
         anchors.fill: parent
         color: "transparent"
         border.color: "#0A60FF"
-        border.width: 3
+        border.width: 2
         visible: marks.cell.focused
+
+        // A white line inside, to stand out from blue rows too.
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 2
+            color: "transparent"
+            border.color: "white"
+        }
     }
 }

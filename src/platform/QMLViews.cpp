@@ -23,11 +23,6 @@ void QMLViews::prepareEngine(QQmlEngine &engine)
     engine.addImportPath("qrc:/qt/qml");
 }
 
-void QMLViews::preload(QQmlEngine &engine, const char *file)
-{
-    new QQmlComponent(&engine, urlOf(file), QQmlComponent::Asynchronous, &engine);
-}
-
 QQuickItem *QMLViews::create(QQmlEngine &engine, const char *file, const QVariantMap &properties)
 {
     QQmlComponent component(&engine, urlOf(file));

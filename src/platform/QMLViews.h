@@ -10,9 +10,6 @@ namespace QMLViews
 /// Registers the program's types and lets the engine find its QML files. Once per engine.
 void prepareEngine(QQmlEngine &engine);
 
-/// Starts to load a file on the engine's own thread, so that a later create() finds it ready.
-void preload(QQmlEngine &engine, const char *file);
-
 /// An item from a QML file of the program ("editor/EditorView.qml") with its required properties
 /// set; the caller owns it. A file that does not load is a fault of the build: it ends the program
 /// with the engine's message.

@@ -1,6 +1,7 @@
 #include "platform/UIApplication.h"
 
 #include <QGuiApplication>
+#include <QImageReader>
 
 #include <clocale>
 #include <cstdio>
@@ -25,7 +26,8 @@ void leaveWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QStri
 int UIApplicationMain(int &argc, char **argv,
                       const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate)
 {
-    // Finding the system's fonts takes a fifth of a start; begin at once, beside everything else.
+    // Finding the system's fonts and the image plugins takes a good part of a start, and needs
+    // nothing else of it: two threads do it on the side.
     const std::jthread fonts([] { FcInit(); });
     const QtMessageHandler usual = qInstallMessageHandler(leaveWithoutDisplay);
     const QGuiApplication application(argc, argv);

@@ -65,7 +65,7 @@ private:
 
     std::vector<std::shared_ptr<UIViewController>> _viewControllers;
     bool _barHidden = false;
-    QQuickItem *_bar = nullptr; // made when it is first shown, which may be never
+    QQuickItem *_bar = nullptr;      // made when it is first shown, which may be never
     QPropertyAnimation _slide{this}; // of the x of the page that comes or goes
     std::shared_ptr<UIViewController> _sliding;
 };

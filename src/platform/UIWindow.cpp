@@ -15,8 +15,6 @@ UIWindow *theKeyWindow = nullptr;
 UIWindow::UIWindow() : _stage(new QQuickItem(contentItem()))
 {
     QMLViews::prepareEngine(_engine);
-    QMLViews::preload(_engine, "editor/EditorView.qml");
-    QMLViews::preload(_engine, "views/CustomTableCellView.qml");
     setColor(Qt::white);
     resize(UIScreen::mainScreen().size().toSize());
     _stage->setFlag(QQuickItem::ItemIsFocusScope);
@@ -43,6 +41,7 @@ void UIWindow::makeKeyAndVisible()
 {
     theKeyWindow = this;
     show();
+    requestActivate(); // keys arrive even where no window manager hands out the focus
 }
 
 void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller)

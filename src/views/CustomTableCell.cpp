@@ -2,13 +2,16 @@
 
 #include "platform/QMLViews.h"
 
+CustomTableCell::CustomTableCell(QQuickItem *parent) : UITableViewCell(parent)
+{
+    setSize({320.0, 50.0}); // a row of the phone: most tables never lay the texts out a second time
+}
+
 CustomTableCell *CustomTableCell::initWithStyle(Style, const QString &reuseIdentifier,
                                                 QQmlEngine &engine)
 {
     auto *cell =
         qobject_cast<CustomTableCell *>(QMLViews::create(engine, "views/CustomTableCellView.qml"));
-    cell->setSize(
-        {320.0, 44.0}); // until a table places it; to fit text into no width at all is slow
     cell->setReuseIdentifier(reuseIdentifier);
     return cell;
 }
