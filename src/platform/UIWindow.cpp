@@ -63,6 +63,7 @@ void UIWindow::showAlert(std::unique_ptr<UIAlertView> alertView)
     if (!_alertLayer) {
         _alertLayer = QMLViews::create(_engine, "platform/AlertLayer.qml",
                                        {{"window", QVariant::fromValue(this)}});
+        _alertLayer->setParent(this);
         _alertLayer->setParentItem(contentItem());
         _alertLayer->setZ(1.0);
         _alertLayer->setSize(size());

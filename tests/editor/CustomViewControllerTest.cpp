@@ -126,6 +126,39 @@ TEST_F(CustomViewControllerTest, AScreenfulOfCellsServesTenThousandRows)
     EXPECT_LE(table().numberOfCells(), 3 * 568 / 50);
 }
 
+TEST_F(CustomViewControllerTest, FingersWheelsAndKeysScroll)
+{
+    writeDocument(manyElements(100));
+    start();
+    const auto offset = [this] { return table().contentOffset(); };
+    const auto waitUntilAbove = [&](double least) {
+        return QTest::qWaitFor([&] { return offset() > least; });
+    };
+    QPointingDevice *finger = QTest::createTouchDevice();
+    QTest::touchEvent(&window(), finger).press(1, QPoint(100, 400));
+    for (int y = 390; y >= 200; y -= 10)
+        QTest::touchEvent(&window(), finger).move(1, QPoint(100, y));
+    QTest::touchEvent(&window(), finger).release(1, QPoint(100, 200));
+    EXPECT_TRUE(waitUntilAbove(50.0));
+
+    start();
+    QWheelEvent wheel(QPointF(100, 300), window().mapToGlobal(QPointF(100, 300)), {}, {0, -240},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&window(), &wheel);
+    EXPECT_TRUE(waitUntilAbove(0.0));
+
+    start();
+    press(Qt::Key_PageDown);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_PageDown);
+    EXPECT_TRUE(waitUntilAbove(300.0));
+    EXPECT_TRUE(cell({0, 27})->isFocused()); // three pages of 9 rows from the first
+    press(Qt::Key_Tab);
+    EXPECT_FALSE(cell({0, 27})->isFocused());
+    press(Qt::Key_Space); // on the Save button
+    EXPECT_TRUE(waitForAlert());
+}
+
 TEST_F(CustomViewControllerTest, PullingDownUncoversTheVersion)
 {
     useShippedDocument();
