@@ -8,10 +8,15 @@
 #include <string>
 #include <vector>
 
+/// What counts: the time that passes, where a benchmark waits for the disk or for another process,
+/// or the processor's time, where it only computes; a busy machine disturbs that less.
+enum class Clock { Passing, Processor };
+
 struct Ratio {
     const char *numerator; // names of benchmarks
     const char *denominator;
     double limit; // of the median times' ratio
+    Clock clock;
 };
 
 class RatioReporter : public benchmark::BenchmarkReporter
@@ -28,10 +33,16 @@ public:
     void printRatios(const std::vector<Ratio> &ratios, std::FILE *stream) const;
 
 private:
+    struct Times {
+        double passing, processor; // seconds
+
+        double on(Clock clock) const { return clock == Clock::Passing ? passing : processor; }
+    };
+
     /// Seconds; 0 when the benchmark did not run.
-    double medianTime(const std::string &name) const;
+    double medianTime(const std::string &name, Clock clock) const;
 
     benchmark::BenchmarkReporter &_shown;
-    std::map<std::string, std::vector<double>> _times; // of each repetition
-    std::map<std::string, double> _medians;            // as computed by the library
+    std::map<std::string, std::vector<Times>> _repetitions;
+    std::map<std::string, Times> _medians; // as the library computes them
 };

@@ -52,6 +52,7 @@ TEST(UIAlertView, TheLatestComesFirstAndTellsItsDelegateTheButton)
     EXPECT_EQ(answers->pressed.back(), std::pair(4, 1));
 
     show(answers, 5, {"Left", "Right"});
+    window.grabWindow(); // lays the box out
     const QPoint centre(window.width() / 2, window.height() / 2);
     QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(2, 2)); // beside the box: nothing
     ASSERT_TRUE(window.alert());
