@@ -1,5 +1,6 @@
 #include "platform/UIApplication.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QImageReader>
 
@@ -32,6 +33,10 @@ int UIApplicationMain(int &argc, char **argv,
     const QtMessageHandler usual = qInstallMessageHandler(leaveWithoutDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(usual);
+    // Unhinted, text measures the same on every renderer and at every scale; and hinting is slow.
+    QFont font;
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QGuiApplication::setFont(font);
     std::setlocale(LC_NUMERIC, "C"); // Qt sets the user's; libplist would then read 0.75 as 0
 
     const auto delegate = makeDelegate(); // dies before the application that its windows need
