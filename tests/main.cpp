@@ -1,6 +1,5 @@
 #include <QGuiApplication>
 
-#include <clocale>
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv)
@@ -11,7 +10,6 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
         qputenv("QT_QUICK_BACKEND", "software");
     const QGuiApplication app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C"); // as the program itself does, for libplist
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
