@@ -1,4 +1,45 @@
-int main()
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/HeadlessCommands.h"
+#include "platform/UIApplication.h"
+#include "platform/UIScreen.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <cstdio>
+
+namespace
 {
-    return 0;
+int runWindow(const CommandLine::Options &options, int &argc, char **argv)
+{
+    UIScreen::mainScreen().setSize(options.screen);
+    UIScreen::mainScreen().setScale(options.scale);
+    AppDelegate delegate({options.resources, {options.packageRoot, options.documents}});
+    return UIApplicationMain(argc, argv, delegate);
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::setlocale(LC_CTYPE, ""); // arguments and paths are in the user's encoding
+    QCoreApplication::setApplicationName("Tintloom");
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+
+    const CommandLine::Outcome outcome = CommandLine::parse(arguments);
+    if (!outcome.options) {
+        std::fputs(outcome.text.toLocal8Bit().constData(), outcome.exitCode ? stderr : stdout);
+        return outcome.exitCode;
+    }
+    switch (outcome.options->command) {
+    case CommandLine::Command::List:
+        return runList(*outcome.options);
+    case CommandLine::Command::Save:
+        return runSave(*outcome.options);
+    case CommandLine::Command::Window:
+        break;
+    }
+    return runWindow(*outcome.options, argc, argv);
 }

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+
 #include <future>
 
 DispatchQueue::DispatchQueue(std::string label)

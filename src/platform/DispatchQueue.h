@@ -20,7 +20,8 @@ public:
 
     /// Starts the thread. The label is for people: debuggers and logs show it.
     explicit DispatchQueue(std::string label);
-    /// Runs what is still queued, then joins the thread. Must not be called from a block of the queue.
+    /// Runs what is still queued, then joins the thread. Must not be called from a block of the
+    /// queue.
     ~DispatchQueue();
     DispatchQueue(const DispatchQueue &) = delete;
     DispatchQueue &operator=(const DispatchQueue &) = delete;

@@ -1,8 +1,9 @@
 // The one door to the disk.
 //
-// Every existence test, removal, folder creation, enumeration, copy, read, atomic write and permission
-// change of the program goes through this class; nothing else includes <filesystem> or opens a
-// QFile for writing. That gives tests one place at which the n-th operation can be made to fail.
+// Every existence test, removal, folder creation, enumeration, copy, read, atomic write and
+// permission change of the program goes through this class; nothing else includes <filesystem> or
+// opens a QFile for writing. That gives tests one place at which the n-th operation can be made to
+// fail.
 //
 // Every operation reports instead of throwing: an empty std::error_code is success, and
 // `message()` of any other is the system's own reason. All functions may be called from any thread.
@@ -11,19 +12,30 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+
 #include <functional>
 #include <system_error>
 
 class NSFileManager
 {
 public:
-    enum class Operation { Exists, Remove, CreateFolder, Enumerate, Copy, Read, Write, SetPermissions };
+    enum class Operation {
+        Exists,
+        Remove,
+        CreateFolder,
+        Enumerate,
+        Copy,
+        Read,
+        Write,
+        SetPermissions
+    };
 
     /// True when something stands at the path; a dangling symbolic link counts.
     static bool fileExistsAtPath(const QString &path);
 
-    /// Removes a file, or a folder with everything in it. A symbolic link is removed itself; what it
-    /// points to is never touched. Removing what is not there is an error (no such file or directory).
+    /// Removes a file, or a folder with everything in it. A symbolic link is removed itself; what
+    /// it points to is never touched. Removing what is not there is an error (no such file or
+    /// directory).
     static std::error_code removeItemAtPath(const QString &path);
 
     /// Creates a folder, with all missing folders above it. An existing folder is success.
@@ -36,17 +48,18 @@ public:
     /// The whole file.
     static Contents contentsAtPath(const QString &path);
 
-    /// Writes a file so that, at every moment, the path holds either the old bytes or all of the new
-    /// ones: a temporary file beside it is filled, flushed to the disk and renamed over it, and the
-    /// folder is flushed too. On failure the old file stands and no temporary file is left.
+    /// Writes a file so that, at every moment, the path holds either the old bytes or all of the
+    /// new ones: a temporary file beside it is filled, flushed to the disk and renamed over it, and
+    /// the folder is flushed too. On failure the old file stands and no temporary file is left;
+    /// only when the folder cannot be flushed, the new file stands and may not outlast a power cut.
     static std::error_code writeToFile(const QString &path, const QByteArray &bytes);
 
     /// Sets the POSIX permissions, for example 0777, of the item itself; refuses a symbolic link.
     static std::error_code setPosixPermissions(const QString &path, unsigned permissions);
 
-    /// Called before each operation, on the thread that asks for it; what it returns makes the operation fail with that
-    /// error and do nothing (Exists then answers false). For tests: set it while no other thread
-    /// is inside this class, and reset it with an empty function.
+    /// Called before each operation, on the thread that asks for it; what it returns makes the
+    /// operation fail with that error and do nothing (Exists then answers false). For tests: set it
+    /// while no other thread is inside this class, and reset it with an empty function.
     using FaultHook = std::function<std::error_code(Operation operation, const QString &path)>;
     static void setFaultHook(FaultHook hook);
 };

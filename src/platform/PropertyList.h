@@ -1,7 +1,7 @@
 // Property lists: the phone's own format for settings and theme packages.
 //
-// A property list is read from its XML or binary form and written as XML, both by libplist. Values are QVariants
-// of these types; an invalid QVariant is the null marker and has no written form:
+// A property list is read from its XML or binary form and written as XML, both by libplist. Values
+// are QVariants of these types; an invalid QVariant is the null marker and has no written form:
 //
 //   string QString · boolean bool · whole number qint64 (QMetaType::LongLong) · real double ·
 //   data QByteArray · date QDateTime · array QVariantList · dictionary QVariantMap
@@ -14,6 +14,7 @@
 #include <QHash>
 #include <QString>
 #include <QVariant>
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -38,16 +39,16 @@ private:
 
 namespace PropertyList
 {
-/// Equal in type and value: 1 equals 1.0, a string never equals a number, nor a boolean either. Null
-/// equals null.
+/// Equal in type and value: 1 equals 1.0, a string never equals a number, nor a boolean either.
+/// Null equals null.
 bool isEqual(const QVariant &left, const QVariant &right);
 
 /// A value in words, for places that show or log text: a string as it stands, numbers in plain
 /// digits, booleans as "true" and "false", null as the empty string, other types in short form.
 QString textOf(const QVariant &value);
 
-/// The dictionary in the bytes, or nothing when they are not a property list with a dictionary on top.
-/// Never crashes on hostile bytes: nesting deeper than 512 and binary lists that expand beyond
+/// The dictionary in the bytes, or nothing when they are not a property list with a dictionary on
+/// top. Never crashes on hostile bytes: nesting deeper than 512 and binary lists that expand beyond
 /// reason are refused before libplist sees them.
 std::optional<PropertyDictionary> readDictionary(const QByteArray &bytes);
 

@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QImage>
+
 #include <array>
 #include <optional>
 
@@ -46,8 +47,8 @@ public:
     /// The tile of a pattern colour, else a null image.
     const QImage &patternImage() const { return _pattern; }
 
-    /// Red, green, blue and alpha of any colour: a grey is spread over the three channels, a pattern
-    /// counts as transparent black because it has no single colour.
+    /// Red, green, blue and alpha of any colour: a grey is spread over the three channels, a
+    /// pattern counts as transparent black because it has no single colour.
     RGBA components() const;
 
     /// For drawing only: loses precision.

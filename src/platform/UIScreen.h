@@ -1,10 +1,11 @@
 // The phone's screen.
 //
-// Its size is the window's content, in points; its scale, in pixels per point, rules the images that
-// are written into packages and has nothing to do with the display that the window is on.
+// Its size is the window's content, in points; its scale, in pixels per point, rules the images
+// that are written into packages and has nothing to do with the display that the window is on.
 #pragma once
 
 #include <QSizeF>
+
 #include <atomic>
 
 class UIScreen

@@ -1,35 +1,19 @@
 // The theme package: what biteSMS reads, and the working copy from which the next start restores.
 //
-//   <package root>/Tintloom/Info.plist                      the theme dictionary, XML
-//   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
-//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points, JPEG bytes on purpose
-//   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
-//
 // A save has two steps, so that a window can do the first on its save queue and the second on the
 // main thread; the command line does both in a row.
 #pragma once
 
 #include "platform/PropertyList.h"
 #include "theme/ElementDataSource.h"
+#include "theme/ThemeLocations.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+
+#include <system_error>
 #include <vector>
-
-/// Where a save goes.
-struct ThemeLocations {
-    QString packageRoot;
-    QString documents;
-
-    QString packageFolder() const;
-    QString packageInfo() const;
-    QString listBackground() const;
-    QString indicatorFolder() const;
-    QString unreadIndicator() const;
-    QString workingCopyFolder() const;
-    QString workingCopy() const;
-};
 
 /// What became of a save. A path stands in `failures` at most once, with the system's first reason.
 struct SaveReport {
@@ -37,9 +21,10 @@ struct SaveReport {
         QString path;
         QString reason;
     };
-    QStringList written;
+    QStringList written; // in the order of writing
     std::vector<Failure> failures;
 
+    /// Ignored when the path already has a reason, or when the error is none.
     void addFailure(const QString &path, const std::error_code &error);
 };
 
@@ -47,9 +32,9 @@ struct SaveReport {
 struct BuiltTheme {
     ThemeLocations locations;
     PropertyDictionary dictionary;
-    QByteArray listBackground; // JPEG
+    QByteArray listBackground;  // JPEG
     QByteArray unreadIndicator; // JPEG
-    SaveReport report; // folders that could not be made
+    SaveReport report;          // folders that could not be made
 };
 
 /// The theme dictionary: the fixed head, each element in document order, then the balloon arrays.
@@ -60,5 +45,6 @@ PropertyDictionary themeDictionary(const ElementDataSource &source);
 BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &locations,
                       double scale);
 
-/// The write step: writes the files, sets their permissions to 0777, logs permission faults. Does not stop at a failure.
+/// The write step: writes the files, sets their permissions to 0777, logs permission faults. Does
+/// not stop at a failure.
 SaveReport writeTheme(const BuiltTheme &theme);

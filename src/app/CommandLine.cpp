@@ -1,0 +1,187 @@
+#include "app/CommandLine.h"
+
+#include "platform/NSFileManager.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int usageError = 2;
+
+const QString help = uR"(Usage:
+  tintloom [options]                    open the editor window
+  tintloom list [options] [--json]      print every element in table order
+  tintloom save [options] [--set KEY=VALUE]...
+                                        apply the edits to the current choices, then
+                                        save the theme
+
+Options:
+  --package-root DIR  folder that holds themes; default /var/mobile/Library/biteThemes
+                      (environment: TINTLOOM_PACKAGE_ROOT)
+  --documents DIR     folder of the working copy; default the application data folder
+                      (environment: TINTLOOM_DOCUMENTS)
+  --resources DIR     folder of initialDatasource.txt; default the installed one
+                      (environment: TINTLOOM_RESOURCES)
+  --scale N           pixels per point of the written images, 1 to 8; default 2
+  --screen WxH        size of the window's content in points, 320x240 to 8192x8192;
+                      default 320x568
+  --json              list: print one JSON array
+  --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
+                      remove the colour, or the label of an option; may be repeated
+  --help              print this text
+  --version           print the version
+
+Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 69 no
+display for a window.
+)"_s;
+
+/// The running program's file: the kernel knows it even when it was started by a bare name.
+QString executable(const QString &programName)
+{
+    const QString known = QFileInfo(u"/proc/self/exe"_s).symLinkTarget();
+    return known.isEmpty() ? programName : known;
+}
+
+QString defaultResources(const QString &programName)
+{
+    const QDir folder = QFileInfo(executable(programName)).absoluteDir();
+    const QString installed = QDir::cleanPath(folder.filePath(u"../share/tintloom"_s));
+    if (NSFileManager::fileExistsAtPath(installed + "/initialDatasource.txt"_L1))
+        return installed;
+    return QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
+}
+
+/// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
+class Reader
+{
+public:
+    explicit Reader(const QCommandLineParser &parser) : _parser(parser) {}
+
+    QString folder(const QString &option, const char *variable, const QString &standard)
+    {
+        if (_parser.isSet(option)) {
+            const QString value = _parser.value(option);
+            if (value.isEmpty())
+                fail(u"--%1 needs the name of a folder"_s.arg(option));
+            return absolute(value);
+        }
+        const QString value = qEnvironmentVariable(variable);
+        return absolute(value.isEmpty() ? standard : value);
+    }
+
+    CommandLine::Command command()
+    {
+        const QStringList words = _parser.positionalArguments();
+        if (words.size() > 1)
+            fail(u"unexpected argument '%1'"_s.arg(words[1]));
+        if (words.isEmpty())
+            return CommandLine::Command::Window;
+        if (words[0] == "list"_L1)
+            return CommandLine::Command::List;
+        if (words[0] != "save"_L1)
+            fail(u"unknown command '%1'; there are 'list' and 'save'"_s.arg(words[0]));
+        return CommandLine::Command::Save;
+    }
+
+    void onlyWith(bool allowed, const QString &option, const QString &command)
+    {
+        if (_parser.isSet(option) && !allowed)
+            fail(u"--%1 belongs to '%2'"_s.arg(option, command));
+    }
+
+    double scale(double standard)
+    {
+        if (!_parser.isSet(u"scale"_s))
+            return standard;
+        bool isNumber = false;
+        const QString text = _parser.value(u"scale"_s);
+        const double scale = QLocale::c().toDouble(text, &isNumber);
+        if (!isNumber || !(scale >= 1.0 && scale <= 8.0))
+            fail(u"--scale '%1' is not a number from 1 to 8"_s.arg(text));
+        return scale;
+    }
+
+    QSizeF screen(QSizeF standard)
+    {
+        if (!_parser.isSet(u"screen"_s))
+            return standard;
+        static const QRegularExpression pattern(u"\\A([0-9]{3,4})x([0-9]{3,4})\\z"_s);
+        const QString text = _parser.value(u"screen"_s);
+        const QRegularExpressionMatch match = pattern.match(text);
+        const int width = match.captured(1).toInt();
+        const int height = match.captured(2).toInt();
+        if (width < 320 || height < 240 || width > 8192 || height > 8192)
+            fail(u"--screen '%1' is not a size from 320x240 to 8192x8192"_s.arg(text));
+        return {double(width), double(height)};
+    }
+
+    void fail(const QString &problem)
+    {
+        if (_problem.isEmpty())
+            _problem = problem;
+    }
+
+    const QString &problem() const { return _problem; }
+
+private:
+    static QString absolute(const QString &path)
+    {
+        return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    }
+
+    const QCommandLineParser &_parser;
+    QString _problem;
+};
+
+CommandLine::Outcome refusal(const QString &problem)
+{
+    return {{}, u"tintloom: %1\nTry 'tintloom --help'.\n"_s.arg(problem), usageError};
+}
+} // namespace
+
+CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s})
+        parser.addOption(QCommandLineOption(name));
+    for (const auto &name :
+         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s})
+        parser.addOption(QCommandLineOption(name, {}, u"value"_s));
+    if (!parser.parse(arguments))
+        return refusal(parser.errorText());
+    if (parser.isSet(u"help"_s))
+        return {{}, help, 0};
+    if (parser.isSet(u"version"_s))
+        return {{}, u"Tintloom " TINTLOOM_VERSION "\n"_s, 0};
+
+    Reader reader(parser);
+    Options options;
+    options.command = reader.command();
+    reader.onlyWith(options.command == Command::List, u"json"_s, u"list"_s);
+    reader.onlyWith(options.command == Command::Save, u"set"_s, u"save"_s);
+    options.packageRoot = reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT",
+                                        u"/var/mobile/Library/biteThemes"_s);
+    options.documents =
+        reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
+                      QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    options.resources =
+        reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources(arguments.value(0)));
+    options.scale = reader.scale(options.scale);
+    options.screen = reader.screen(options.screen);
+    options.json = parser.isSet(u"json"_s);
+    options.edits = parser.values(u"set"_s);
+    for (const QString &edit : std::as_const(options.edits)) {
+        if (!edit.contains(u'='))
+            reader.fail(u"--set '%1' is not KEY=VALUE"_s.arg(edit));
+    }
+    if (!reader.problem().isEmpty())
+        return refusal(reader.problem());
+    return {options, {}, 0};
+}

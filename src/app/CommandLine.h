@@ -1,0 +1,37 @@
+// The command line: what the program is asked to do, and where.
+//
+// Parsing needs no application object and touches no global state but the environment.
+#pragma once
+
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace CommandLine
+{
+enum class Command { Window, List, Save };
+
+struct Options {
+    Command command = Command::Window;
+    QString packageRoot; // this and the next two: absolute paths of folders
+    QString documents;
+    QString resources;
+    double scale = 2.0;          // pixels per point of the written images, 1 to 8
+    QSizeF screen{320.0, 568.0}; // points
+    bool json = false;           // list
+    QStringList edits;           // save: "KEY=VALUE", as typed
+};
+
+struct Outcome {
+    std::optional<Options> options; // none: print the text and leave
+    QString text;                   // whole lines
+    int exitCode = 0; // 0: the text is for standard output; else 2, for standard error
+};
+
+/// Reads the arguments, the program's own name first, and the environment. An option beats its
+/// environment variable, and an empty variable counts as unset. Set the application's name before
+/// this: the default documents folder depends on it.
+Outcome parse(const QStringList &arguments);
+} // namespace CommandLine

@@ -1,0 +1,166 @@
+#include "app/HeadlessCommands.h"
+
+#include "app/ElementEdits.h"
+#include "platform/NSLog.h"
+#include "theme/ThemePackageWriter.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int done = 0;
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+
+/// The exit status: a full disk behind a pipe is a failure too.
+int print(const QByteArray &text)
+{
+    const bool written =
+        std::fwrite(text.constData(), 1, size_t(text.size()), stdout) == size_t(text.size());
+    if (written && std::fflush(stdout) == 0)
+        return done;
+    std::perror("tintloom: cannot write to standard output");
+    return failed;
+}
+
+void complain(const QString &problem)
+{
+    std::fputs(u"tintloom: %1\n"_s.arg(problem).toUtf8().constData(), stderr);
+}
+
+QJsonValue jsonFromMap(const QVariantMap &map);
+
+/// Values that JSON has no form for are given as text.
+QJsonValue jsonFromValue(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return QJsonValue::Null;
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::LongLong:
+        return value.toLongLong();
+    case QMetaType::Double:
+        if (std::isfinite(value.toDouble()))
+            return value.toDouble();
+        return PropertyList::textOf(value);
+    case QMetaType::QVariantList: {
+        QJsonArray array;
+        for (const QVariant &item : value.toList())
+            array.append(jsonFromValue(item));
+        return array;
+    }
+    case QMetaType::QVariantMap:
+        return jsonFromMap(value.toMap());
+    default:
+        return PropertyList::textOf(value);
+    }
+}
+
+QJsonValue jsonFromMap(const QVariantMap &map)
+{
+    QJsonObject object;
+    for (auto item = map.begin(); item != map.end(); ++item)
+        object.insert(item.key(), jsonFromValue(item.value()));
+    return object;
+}
+
+QJsonObject jsonFromRecord(const QString &section, const ElementRecord &record)
+{
+    return {
+        {"section"_L1, section},
+        {"name"_L1, record.name},
+        {"description"_L1, record.description},
+        {"key"_L1, record.key},
+        {"kind"_L1, record.isChoice() ? u"choice"_s : u"color"_s},
+        {"color"_L1, jsonFromValue(record.color)},
+        {"value"_L1, jsonFromValue(record.value)},
+        {"options"_L1, record.options ? jsonFromMap(*record.options) : QJsonValue::Null},
+    };
+}
+
+/// Calls `take(title, record)` for each row of the table, `title` being the section's.
+template <typename Take>
+void forEachRow(const ElementDataSource &source, Take take)
+{
+    for (int section = 0; section < source.numberOfSections(); ++section) {
+        for (int row = 0; row < source.numberOfRowsInSection(section); ++row)
+            take(source.titleForSection(section), source.record(section, row));
+    }
+}
+
+QByteArray jsonList(const ElementDataSource &source)
+{
+    QJsonArray array;
+    forEachRow(source, [&](const QString &section, const ElementRecord &record) {
+        array.append(jsonFromRecord(section, record));
+    });
+    return QJsonDocument(array).toJson();
+}
+
+QByteArray readableList(const ElementDataSource &source)
+{
+    qsizetype nameWidth = 0;
+    qsizetype keyWidth = 0;
+    forEachRow(source, [&](const QString &, const ElementRecord &record) {
+        nameWidth = std::max(nameWidth, record.name.size());
+        keyWidth = std::max(keyWidth, record.key.size());
+    });
+    QString text;
+    for (int section = 0; section < source.numberOfSections(); ++section) {
+        text += (section == 0 ? ""_L1 : "\n"_L1) + source.titleForSection(section) + u'\n';
+        for (int row = 0; row < source.numberOfRowsInSection(section); ++row) {
+            const ElementRecord &record = source.record(section, row);
+            const QString shown = record.shownColor().value_or(record.shownOption());
+            text += u"  %1  %2  %3\n"_s.arg(record.name.leftJustified(nameWidth),
+                                            record.key.leftJustified(keyWidth),
+                                            shown.isEmpty() ? u"-"_s : shown);
+        }
+    }
+    return text.toUtf8();
+}
+} // namespace
+
+int runList(const CommandLine::Options &options)
+{
+    const auto source = ElementDataSource::load(options.resources, options.documents);
+    if (source.status() == ElementDataSource::Status::Unusable)
+        return failed; // the log has named the reason
+    if (source.status() == ElementDataSource::Status::Malformed)
+        complain(u"warning: malformed data source, nothing to list: %1"_s.arg(source.problem()));
+    return print(options.json ? jsonList(source) : readableList(source));
+}
+
+int runSave(const CommandLine::Options &options)
+{
+    const auto source = ElementDataSource::load(options.resources, options.documents);
+    if (source.status() == ElementDataSource::Status::Unusable)
+        return failed; // the log has named the reason
+    if (source.status() == ElementDataSource::Status::Malformed) {
+        // An empty theme would wipe the user's choices.
+        complain(u"malformed data source, nothing saved: %1"_s.arg(source.problem()));
+        return failed;
+    }
+    if (const auto problem = applyEdits(source, options.edits)) {
+        complain(*problem + "; nothing saved"_L1);
+        return wrongUsage;
+    }
+    NSLog(u"SAVING THEME..."_s);
+    const SaveReport report =
+        writeTheme(buildTheme(source, {options.packageRoot, options.documents}, options.scale));
+    for (const auto &failure : report.failures)
+        complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
+    QString written;
+    for (const QString &path : report.written)
+        written += path + u'\n';
+    const int printed = print(written.toUtf8());
+    return report.failures.empty() ? printed : failed;
+}

@@ -1,0 +1,14 @@
+// The commands that need no display. Both print to standard output what was asked for, and
+// everything else to standard error; neither needs an application object. They return the program's
+// exit status: 0 done, 1 something could not be read or written, 2 an edit that cannot be applied.
+#pragma once
+
+#include "app/CommandLine.h"
+
+/// Prints every element in table order, as a table for people or as one JSON array. A malformed
+/// data source is an empty table, here as in the window, with a warning.
+int runList(const CommandLine::Options &options);
+
+/// Applies the edits to the current choices and saves the theme; prints the paths written. Nothing
+/// on the disk is touched unless data source and edits are all right.
+int runSave(const CommandLine::Options &options);

@@ -1,0 +1,219 @@
+#include "editor/CustomViewController.h"
+
+#include "platform/NSLog.h"
+#include "platform/QMLViews.h"
+#include "platform/UIAlertView.h"
+#include "platform/UINavigationController.h"
+#include "platform/UIScreen.h"
+#include "theme/ColorText.h"
+#include "views/CustomTableCell.h"
+
+std::shared_ptr<CustomViewController>
+CustomViewController::initFromAppDelegate(const EditorFolders &folders)
+{
+    const auto editor = own(new CustomViewController(folders, false));
+    editor->install();
+    return editor;
+}
+
+std::shared_ptr<CustomViewController>
+CustomViewController::initFromMainView(const EditorFolders &folders)
+{
+    const auto editor = own(new CustomViewController(folders, true));
+    editor->install();
+    return editor;
+}
+
+CustomViewController::CustomViewController(const EditorFolders &folders, bool fromMainView)
+    : _folders(folders), _fromMainView(fromMainView)
+{
+}
+
+CustomViewController::~CustomViewController()
+{
+    NSLog("%s", {"-[CustomViewController dealloc]"});
+}
+
+void CustomViewController::install()
+{
+    NSLog("%s", {"-[CustomViewController install]"});
+    _saveFileQueue = std::make_unique<DispatchQueue>("io.tintloom.savefilequeue2");
+    _source = ElementDataSource::load(_folders.resources, _folders.theme.documents);
+    _delegate = std::static_pointer_cast<CustomViewController>(shared_from_this());
+}
+
+void CustomViewController::setDelegate(std::shared_ptr<CustomViewDelegate> delegate)
+{
+    _delegate = std::move(delegate);
+}
+
+void CustomViewController::viewDidLoad()
+{
+    _tableView = view()->property("table").value<UITableView *>();
+    _tableView->setDelegate(this);
+    _tableView->setDataSource(this);
+    _tableView->setContentInset(_fromMainView ? 0.0 : 20.0, 50.0);
+}
+
+void CustomViewController::viewWillAppear(bool)
+{
+    if (navigationController())
+        navigationController()->setNavigationBarHidden(!_fromMainView);
+}
+
+void CustomViewController::viewWillDisappear(bool)
+{
+    NSLog("%s", {"-[CustomViewController viewWillDisappear:]"});
+}
+
+void CustomViewController::viewDidLayoutSubviews()
+{
+    const EditorLayout layout = EditorLayout::make(
+        view()->size(), UINavigationController::navigationBarHeight(), _fromMainView);
+    if (layout == _layout)
+        return;
+    _layout = layout;
+    emit layoutChanged();
+}
+
+void CustomViewController::prepareForTermination()
+{
+    // A save that has begun is finished: its build step on the queue, its write step on this
+    // thread.
+    _saveFileQueue->sync([] {});
+    MainQueue::drain();
+    _delegate.reset();
+}
+
+int CustomViewController::numberOfSectionsInTableView() const
+{
+    return _source.numberOfSections();
+}
+
+QString CustomViewController::titleForHeaderInSection(int section) const
+{
+    return _source.sortedSections().at(section);
+}
+
+int CustomViewController::numberOfRowsInSection(int section) const
+{
+    return _source.numberOfRowsInSection(section);
+}
+
+double CustomViewController::heightForRowAtIndexPath(NSIndexPath) const
+{
+    return 50.0;
+}
+
+void CustomViewController::willDisplayHeaderView(UITableViewHeader &header, int)
+{
+    header.textLabel()->setTextColor(Qt::white);
+    header.setTintColor(UIColor::colorWithRed(0.0, 214.0 / 255.0, 68.0 / 255.0, 1.0).qColor());
+}
+
+UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
+                                                             NSIndexPath indexPath)
+{
+    const QString identifier = "CustomTableCell";
+    auto *cell =
+        qobject_cast<CustomTableCell *>(table.dequeueReusableCellWithIdentifier(identifier));
+    if (!cell)
+        cell =
+            CustomTableCell::initWithStyle(CustomTableCell::Style::Subtitle, identifier, *engine());
+
+    const ElementRecord &record = _source.record(indexPath.section, indexPath.row);
+    cell->name()->setText(record.name);
+    cell->description()->setText(record.description);
+    QColor textColor = Qt::black;
+    if (const auto colorText = record.shownColor()) {
+        const UIColor color = colorFromHexString(*colorText);
+        cell->setBackgroundColor(color.qColor());
+        cell->colorLabel()->setText(*colorText);
+        textColor = prefersBlackText(color) ? Qt::black : Qt::white;
+    } else {
+        cell->setBackgroundColor(Qt::white);
+        cell->colorLabel()->setText(record.shownOption());
+    }
+    for (UILabel *label : {cell->name(), cell->description(), cell->colorLabel()})
+        label->setTextColor(textColor);
+    return cell;
+}
+
+void CustomViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
+{
+    _tableView->deselectRow(indexPath, true);
+}
+
+void CustomViewController::saveButtonTap()
+{
+    save();
+}
+
+void CustomViewController::save()
+{
+    if (isLoading())
+        return;
+    if (_source.status() != ElementDataSource::Status::Loaded) {
+        setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
+        return;
+    }
+    NSLog("SAVING THEME...");
+    setNotice({});
+    showLoaderWithLabel(tr("Saving theme..."));
+    const auto self = std::static_pointer_cast<CustomViewController>(shared_from_this());
+    _saveFileQueue->async([self, delegate = _delegate, scale = UIScreen::mainScreen().scale()] {
+        if (self->_fromMainView && delegate)
+            delegate->setCustomTheme();
+        BuiltTheme theme = buildTheme(self->_source, self->_folders.theme, scale);
+        MainQueue::async([self, theme = std::move(theme)] { self->finishSave(writeTheme(theme)); });
+    });
+}
+
+void CustomViewController::finishSave(const SaveReport &report)
+{
+    QStringList lines;
+    for (const SaveReport::Failure &failure : report.failures)
+        lines += tr("%1: %2").arg(failure.path, failure.reason);
+    if (!lines.isEmpty())
+        lines.prepend(tr("Not everything could be written."));
+    setNotice(lines.join('\n'));
+    removeLoader();
+    UIAlertView::show(std::make_unique<UIAlertView>(
+        "Saved",
+        "Your theme has been saved. Check biteSMS for \"Tintloom\" under themes then select "
+        "\"Apply Theme\".",
+        std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
+}
+
+void CustomViewController::showLoaderWithLabel(const QString &label)
+{
+    _tableView->setScrollEnabled(false);
+    _tableView->setAllowsSelection(false);
+    _loadingText = label;
+    _loadingView.reset(QMLViews::create(*engine(), "editor/LoaderBox.qml",
+                                        {{"controller", QVariant::fromValue(this)}}));
+    _loadingView->setParent(view());
+    _loadingView->setParentItem(view());
+    emit loadingChanged();
+}
+
+void CustomViewController::removeLoader()
+{
+    _tableView->setScrollEnabled(true);
+    _tableView->setAllowsSelection(true);
+    _loadingView.reset();
+    emit loadingChanged();
+}
+
+void CustomViewController::setNotice(const QString &notice)
+{
+    if (_notice == notice)
+        return;
+    _notice = notice;
+    emit noticeChanged();
+}
+
+void CustomViewController::applicationShouldBecomeActive()
+{
+    NSLog("%s", {"-[CustomViewController applicationShouldBecomeActive]"});
+}

@@ -1,0 +1,119 @@
+import QtQuick
+import Tintloom
+
+// The editor's screen, back to front.
+FocusScope {
+    id: root
+
+    required property CustomViewController controller
+    property alias table: scroller.table
+
+    FocusScope {
+        id: content
+
+        anchors.fill: parent
+        focus: true
+        enabled: !root.controller.loading
+
+        UIView {
+            objectName: "_bgView"
+            frame: root.controller.layout.bgView
+
+            Image {
+                anchors.fill: parent
+                source: "qrc:/images/TransparentBG.png"
+                fillMode: Image.Tile
+                horizontalAlignment: Image.AlignLeft
+                verticalAlignment: Image.AlignTop
+            }
+        }
+        UIView {
+            objectName: "_hiddenView"
+            frame: root.controller.layout.hiddenView
+            visible: !root.controller.fromMainView
+
+            Rectangle {
+                anchors.fill: parent
+                color: "white"
+            }
+            UIView {
+                objectName: "_appVersion"
+                frame: root.controller.layout.appVersion
+
+                Text {
+                    anchors.fill: parent
+                    text: root.controller.appVersion
+                    color: "#80000000"
+                    font.pixelSize: 7
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                }
+            }
+        }
+        UIView {
+            id: tableFrame
+
+            objectName: "_tableView"
+            frame: root.controller.layout.tableView
+
+            TableScroller {
+                id: scroller
+
+                anchors.fill: parent
+            }
+        }
+        BlurView {
+            id: topView
+
+            objectName: "_topView"
+            frame: root.controller.layout.topView
+            visible: !root.controller.fromMainView
+            blurTintColor: "#54FFFFFF"
+
+            Backdrop {
+                anchors.fill: parent
+                behind: tableFrame
+                stretch: Qt.rect(topView.x, topView.y - tableFrame.y, topView.width, topView.height)
+            }
+        }
+        BlurView {
+            id: bottomView
+
+            objectName: "_bottomView"
+            frame: root.controller.layout.bottomView
+            blurTintColor: "#54FFFFFF"
+
+            Backdrop {
+                anchors.fill: parent
+                behind: tableFrame
+                stretch: Qt.rect(bottomView.x, bottomView.y - tableFrame.y, bottomView.width, bottomView.height)
+            }
+            UIView {
+                objectName: "_saveButton"
+                frame: root.controller.layout.saveButton
+
+                ImageButton {
+                    anchors.fill: parent
+                    title: "Save Theme"
+                    titleSize: 26
+                    image: "qrc:/images/lightGreenButton.png"
+                    highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
+                    onTouchUpInside: root.controller.saveButtonTap()
+                }
+            }
+        }
+        NoticeStrip {
+            objectName: "notice"
+            width: parent.width
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: root.controller.layout.bottomView.height
+            text: root.controller.notice
+            onDismissed: root.controller.dismissNotice()
+        }
+        Shortcut {
+            sequence: "Ctrl+S"
+            enabled: content.enabled && content.visible
+            onActivated: root.controller.saveButtonTap()
+        }
+    }
+}

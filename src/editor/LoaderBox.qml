@@ -1,0 +1,48 @@
+import QtQuick
+import Tintloom
+
+// The box that is up while something is going on, and swallows every touch meanwhile.
+MouseArea {
+    id: root
+
+    required property CustomViewController controller
+
+    anchors.fill: parent
+    hoverEnabled: true
+    preventStealing: true
+    onWheel: wheel => wheel.accepted = true
+
+    UIView {
+        objectName: "_loadingView"
+        frame: root.controller.layout.loadingView
+
+        Accessible.role: Accessible.ProgressBar
+        Accessible.name: root.controller.loadingText
+
+        Rectangle {
+            anchors.fill: parent
+            radius: 15
+            color: "#8C000000"
+        }
+        Text {
+            objectName: "_loadingLabel"
+            width: 150
+            height: 80
+            text: root.controller.loadingText
+            textFormat: Text.PlainText
+            color: "white"
+            font.pixelSize: 16
+            font.bold: true
+            wrapMode: Text.WordWrap
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+        }
+        ActivityIndicator {
+            objectName: "_spinningIndicator"
+            x: 57
+            y: 65
+            width: 37
+            height: 37
+        }
+    }
+}

@@ -1,0 +1,22 @@
+import QtQuick
+import Tintloom
+
+// Leads back to the screen below.
+PushButton {
+    id: button
+
+    title: qsTr("Back")
+    width: label.width + 16
+
+    Text {
+        id: label
+
+        anchors.centerIn: parent
+        text: "\u2039 " + button.title
+        color: "#0A60FF"
+        opacity: button.pressed ? 0.4 : 1
+        font.pixelSize: 17
+        font.underline: button.activeFocus
+        Accessible.ignored: true
+    }
+}

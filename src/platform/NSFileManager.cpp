@@ -1,0 +1,174 @@
+#include "platform/NSFileManager.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+NSFileManager::FaultHook faultHook;
+
+std::error_code begin(NSFileManager::Operation operation, const QString &path)
+{
+    return faultHook ? faultHook(operation, path) : std::error_code();
+}
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+fs::path native(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+class Descriptor
+{
+public:
+    Descriptor(const fs::path &path, int flags, mode_t mode = 0)
+        : _number(::open(path.c_str(), flags | O_CLOEXEC, mode))
+    {
+    }
+    ~Descriptor()
+    {
+        if (isOpen())
+            ::close(_number);
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    bool isOpen() const { return _number >= 0; }
+    int number() const { return _number; }
+
+private:
+    const int _number;
+};
+
+std::error_code fillAndFlush(const fs::path &path, const QByteArray &bytes)
+{
+    // Made like any other new file: the user's umask decides who may read it.
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (!file.isOpen())
+        return lastError();
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t count =
+            ::write(file.number(), bytes.constData() + done, size_t(bytes.size() - done));
+        if (count < 0 && errno != EINTR)
+            return lastError();
+        done += std::max<ssize_t>(count, 0);
+    }
+    return ::fsync(file.number()) == 0 ? std::error_code() : lastError();
+}
+
+/// A rename is only as lasting as the folder that records it.
+std::error_code flushFolder(const fs::path &folder)
+{
+    const Descriptor descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+    if (!descriptor.isOpen())
+        return errno == EACCES ? std::error_code() : lastError(); // a folder we may only write to
+    if (::fsync(descriptor.number()) == 0 || errno == EINVAL)     // EINVAL: it has nothing to flush
+        return {};
+    return lastError();
+}
+} // namespace
+
+bool NSFileManager::fileExistsAtPath(const QString &path)
+{
+    if (begin(Operation::Exists, path))
+        return false;
+    std::error_code error;
+    return fs::exists(fs::symlink_status(native(path), error));
+}
+
+std::error_code NSFileManager::removeItemAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Remove, path))
+        return fault;
+    std::error_code error;
+    const auto removed = fs::remove_all(native(path), error);
+    if (!error && removed == 0)
+        return std::make_error_code(std::errc::no_such_file_or_directory);
+    return error;
+}
+
+std::error_code NSFileManager::createDirectoryAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::CreateFolder, path))
+        return fault;
+    std::error_code error;
+    fs::create_directories(native(path), error);
+    return error;
+}
+
+NSFileManager::Contents NSFileManager::contentsAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Read, path))
+        return {{}, fault};
+    // Without O_NONBLOCK, opening a named pipe would wait for somebody to write to it.
+    const Descriptor file(native(path), O_RDONLY | O_NONBLOCK);
+    struct stat status = {};
+    if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
+        return {{}, lastError()};
+    if (!S_ISREG(status.st_mode))
+        return {{},
+                std::make_error_code(S_ISDIR(status.st_mode) ? std::errc::is_a_directory
+                                                             : std::errc::invalid_argument)};
+    QByteArray bytes(status.st_size, Qt::Uninitialized);
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t count =
+            ::read(file.number(), bytes.data() + done, size_t(bytes.size() - done));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return {{}, lastError()};
+        if (count == 0)
+            break; // somebody made it shorter
+        done += count;
+    }
+    bytes.truncate(done);
+    return {bytes, {}};
+}
+
+std::error_code NSFileManager::writeToFile(const QString &path, const QByteArray &bytes)
+{
+    if (const auto fault = begin(Operation::Write, path))
+        return fault;
+    const fs::path target = native(path);
+    fs::path temporary = target;
+    const auto suffix = QByteArray::number(QRandomGenerator::global()->generate64(), 36);
+    temporary += suffix.rightJustified(suffix.size() + 1, '.').toStdString();
+
+    std::error_code error = fillAndFlush(temporary, bytes);
+    if (!error)
+        fs::rename(temporary, target, error);
+    if (error) {
+        std::error_code ignored; // the first reason is the one to report
+        fs::remove(temporary, ignored);
+        return error;
+    }
+    return flushFolder(target.parent_path());
+}
+
+std::error_code NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
+{
+    if (const auto fault = begin(Operation::SetPermissions, path))
+        return fault;
+    std::error_code error;
+    fs::permissions(native(path), fs::perms(permissions) & fs::perms::mask,
+                    fs::perm_options::replace | fs::perm_options::nofollow, error);
+    return error;
+}
+
+void NSFileManager::setFaultHook(FaultHook hook)
+{
+    faultHook = std::move(hook);
+}

@@ -1,0 +1,26 @@
+#include "platform/QMLViews.h"
+
+#include <QQmlComponent>
+#include <QUrl>
+
+extern void qml_register_types_Tintloom(); // generated for the QML module
+
+void QMLViews::prepareEngine(QQmlEngine &engine)
+{
+    static const bool registered = [] {
+        qml_register_types_Tintloom();
+        return true;
+    }();
+    Q_UNUSED(registered)
+    engine.addImportPath("qrc:/qt/qml");
+}
+
+QQuickItem *QMLViews::create(QQmlEngine &engine, const char *file, const QVariantMap &properties)
+{
+    QQmlComponent component(&engine, QUrl(QString("qrc:/qt/qml/Tintloom/%1").arg(file)));
+    auto *item = qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties));
+    if (!item)
+        qFatal("%s", qPrintable(component.errorString()));
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    return item;
+}

@@ -1,0 +1,25 @@
+// The application's loop.
+#pragma once
+
+class UIApplicationDelegate
+{
+public:
+    virtual ~UIApplicationDelegate() = default;
+    /// Builds the window. False ends the program at once with a failure status.
+    virtual bool didFinishLaunchingWithOptions() = 0;
+    virtual void applicationWillResignActive() {}
+    virtual void applicationDidEnterBackground() {}
+    virtual void applicationWillEnterForeground() {}
+    virtual void applicationDidBecomeActive() {}
+    virtual void applicationWillTerminate() {}
+};
+
+namespace UIApplication
+{
+/// Exit status when there is no display to open a window on: EX_UNAVAILABLE of BSD's sysexits.h.
+inline constexpr int noDisplay = 69;
+} // namespace UIApplication
+
+/// Runs the loop until the last window is closed, and returns the exit status. Without a display it
+/// says so on standard error and ends the process with UIApplication::noDisplay.
+int UIApplicationMain(int &argc, char **argv, UIApplicationDelegate &delegate);

@@ -1,0 +1,69 @@
+// A stack of screens under a bar that can be hidden.
+//
+// The bar is 44 points high under the 20-point status strip and lies over the screens, which always
+// have the whole height. The screen on top is shown; a push slides the new one in from the right, a
+// pop slides it out again.
+#pragma once
+
+#include "platform/UIViewController.h"
+
+#include <QPropertyAnimation>
+
+#include <vector>
+
+class UINavigationController : public UIViewController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the program's start")
+    Q_PROPERTY(double barHeight READ navigationBarHeight CONSTANT FINAL)
+    Q_PROPERTY(bool barHidden READ isNavigationBarHidden NOTIFY barHiddenChanged FINAL)
+    Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stackChanged FINAL)
+
+public:
+    static std::shared_ptr<UINavigationController>
+    initWithRootViewController(std::shared_ptr<UIViewController> root);
+    ~UINavigationController() override;
+
+    /// Points, whether the bar is hidden or not.
+    static constexpr double navigationBarHeight() { return 44.0; }
+    bool isNavigationBarHidden() const { return _barHidden; }
+    void setNavigationBarHidden(bool hidden);
+
+    const std::vector<std::shared_ptr<UIViewController>> &viewControllers() const
+    {
+        return _viewControllers;
+    }
+    UIViewController *topViewController() const { return _viewControllers.back().get(); }
+    bool canGoBack() const { return _viewControllers.size() > 1; }
+
+    void pushViewController(std::shared_ptr<UIViewController> controller, bool animated);
+    /// Takes the top screen off; the root stays. Its view lives until it has slid out.
+    Q_INVOKABLE void popViewController(bool animated = true);
+
+    void viewDidLoad() override;
+    void viewWillAppear(bool animated) override;
+    void viewDidAppear(bool animated) override;
+    void viewWillDisappear(bool animated) override;
+    void viewDidLayoutSubviews() override;
+    void prepareForTermination() override;
+
+signals:
+    void barHiddenChanged();
+    void stackChanged();
+
+protected:
+    const char *viewFile() const override { return "platform/NavigationView.qml"; }
+
+private:
+    UINavigationController();
+    QQuickItem *pages() const;
+    void place(UIViewController &controller);
+    void slide(double from, double to, std::shared_ptr<UIViewController> moving);
+    void finishSlide();
+
+    std::vector<std::shared_ptr<UIViewController>> _viewControllers;
+    bool _barHidden = false;
+    QPropertyAnimation _slide{this}; // of the x of the page that comes or goes
+    std::shared_ptr<UIViewController> _sliding;
+};

@@ -1,0 +1,28 @@
+// An item with a frame: position and size in its parent, in points (one point is one
+// device-independent pixel).
+#pragma once
+
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+class UIView : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY frameChanged FINAL)
+
+public:
+    explicit UIView(QQuickItem *parent = nullptr) : QQuickItem(parent) {}
+
+    QRectF frame() const { return {position(), size()}; }
+    void setFrame(const QRectF &frame);
+
+    /// Places the children; called whenever the size has changed.
+    virtual void layoutSubviews() {}
+
+signals:
+    void frameChanged();
+
+protected:
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+};

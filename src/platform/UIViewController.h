@@ -1,0 +1,66 @@
+// A screen, or a container of screens: decides, while the QML that it names draws.
+//
+// Life of a view: made at first need (viewDidLoad), shown (viewWillAppear, viewDidAppear), laid out
+// at each change of size (viewDidLayoutSubviews), hidden (viewWillDisappear). Everything here is
+// for the main thread; but whoever lets go of a controller last, it dies on the main thread.
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QVariantMap>
+
+#include <memory>
+
+class UINavigationController;
+
+class UIViewController : public QObject, public std::enable_shared_from_this<UIViewController>
+{
+    Q_OBJECT
+    QML_ANONYMOUS
+
+public:
+    ~UIViewController() override;
+
+    /// Null before the view is needed.
+    QQuickItem *view() const { return _view.get(); }
+    void loadViewIfNeeded(QQmlEngine &engine);
+
+    /// The stack that the controller stands in, or null. Set by that stack.
+    UINavigationController *navigationController() const { return _navigationController; }
+    void setNavigationController(UINavigationController *controller)
+    {
+        _navigationController = controller;
+    }
+
+    virtual void viewDidLoad() {}
+    virtual void viewWillAppear(bool animated) { Q_UNUSED(animated) }
+    virtual void viewDidAppear(bool animated) { Q_UNUSED(animated) }
+    virtual void viewWillDisappear(bool animated) { Q_UNUSED(animated) }
+    virtual void viewDidLayoutSubviews() {}
+
+    /// The program ends: finish what must not be lost and let go of whoever holds this controller.
+    virtual void prepareForTermination() {}
+
+protected:
+    UIViewController() = default;
+
+    /// Owns a new controller so that it always dies on the main thread.
+    template <typename Controller>
+    static std::shared_ptr<Controller> own(Controller *controller)
+    {
+        return std::shared_ptr<Controller>(controller, destroyOnMainThread);
+    }
+
+    /// The QML file that draws this controller. Its root takes the controller as the required
+    /// property "controller".
+    virtual const char *viewFile() const = 0;
+    QQmlEngine *engine() const { return _engine; }
+
+private:
+    static void destroyOnMainThread(UIViewController *controller);
+
+    std::unique_ptr<QQuickItem> _view;
+    QQmlEngine *_engine = nullptr;
+    UINavigationController *_navigationController = nullptr;
+};

@@ -1,0 +1,236 @@
+#include "theme/ElementDataSource.h"
+
+#include "platform/NSFileManager.h"
+#include "platform/NSLog.h"
+#include "theme/ThemeLocations.h"
+
+#include <QCollator>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QVariant valueFromJson(const QJsonValue &json)
+{
+    if (json.isArray()) {
+        QVariantList list;
+        for (const QJsonValue &item : json.toArray())
+            list.append(valueFromJson(item));
+        return list;
+    }
+    if (json.isObject()) {
+        QVariantMap map;
+        const QJsonObject object = json.toObject();
+        for (auto item = object.begin(); item != object.end(); ++item)
+            map.insert(item.key(), valueFromJson(item.value()));
+        return map;
+    }
+    return json.isNull() ? QVariant() : json.toVariant(); // whole numbers come as qint64
+}
+
+QString textFromJson(const QJsonValue &json)
+{
+    return json.isString() ? json.toString() : PropertyList::textOf(valueFromJson(json));
+}
+
+/// Nothing when the item lacks a key, whose name then stands in `missing`.
+std::shared_ptr<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1StringView &missing)
+{
+    const auto take = [&](QLatin1StringView key) {
+        QJsonValue value = item.value(key);
+        if (value.isUndefined() && missing.isEmpty())
+            missing = key;
+        return value;
+    };
+    auto record = std::make_shared<ElementRecord>();
+    record->key = textFromJson(take("key"_L1));
+    record->name = textFromJson(take("name"_L1));
+    record->description = textFromJson(take("description"_L1));
+    record->color = valueFromJson(take("color"_L1));
+    if (const QJsonValue options = take("options"_L1); !options.isNull())
+        record->options = valueFromJson(options).toMap();
+    record->value = valueFromJson(take("value"_L1));
+    if (const QJsonValue section = take("section"_L1); !section.isNull())
+        record->section = textFromJson(section);
+    return missing.isEmpty() ? record : nullptr;
+}
+
+/// The dictionary of the last save, if there is a readable one.
+std::optional<PropertyDictionary> savedDictionary(const QString &path)
+{
+    NSLog(u"path: %@"_s, {path});
+    if (!NSFileManager::fileExistsAtPath(path))
+        return std::nullopt;
+    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
+    return error ? std::nullopt : PropertyList::readDictionary(bytes);
+}
+
+/// Null when nothing was saved under the key, or only a trace of nothing.
+QVariant savedValue(const PropertyDictionary &saved, const QString &key)
+{
+    const QVariant *value = saved.find(key);
+    if (!value)
+        return {};
+    switch (value->typeId()) {
+    case QMetaType::QString: {
+        const QString text = value->toString();
+        return text == "(null)"_L1 || text == "null"_L1 ? QVariant() : *value;
+    }
+    case QMetaType::QVariantList:
+    case QMetaType::QVariantMap:
+    case QMetaType::QByteArray:
+    case QMetaType::QDateTime:
+        NSLog(u"Saved value of %@ is neither text nor number nor boolean: %@"_s,
+              {key, PropertyList::textOf(*value)});
+        return *value;
+    default:
+        return *value;
+    }
+}
+
+/// The record's "value" still is the document's own here. A choice that the document leaves
+/// open thus receives a saved choice as its colour.
+void overlay(ElementRecord &record, const PropertyDictionary &saved)
+{
+    const QVariant value = savedValue(saved, record.key);
+    if (value.isValid())
+        (record.value.isValid() ? record.value : record.color) = value;
+}
+
+PropertyDictionary fixedHead()
+{
+    PropertyDictionary head;
+    head.setValue(u"name"_s, u"Tintloom"_s);
+    head.setValue(u"theme-version"_s, u"2"_s);
+    head.setValue(u"description"_s, u""_s);
+    head.setValue(u"retina"_s, false);
+    return head;
+}
+} // namespace
+
+std::optional<QString> ElementRecord::shownColor() const
+{
+    const QString text = PropertyList::textOf(color);
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+QString ElementRecord::shownOption() const
+{
+    if (!value.isValid() || !options)
+        return {};
+    for (auto option = options->begin(); option != options->end(); ++option) {
+        if (PropertyList::isEqual(option.value(), value))
+            return option.key();
+    }
+    return {};
+}
+
+ElementDataSource ElementDataSource::load(const QString &resources, const QString &documents)
+{
+    ElementDataSource source;
+    source._predefinedDict = fixedHead();
+    const auto saved = savedDictionary(ThemeLocations{{}, documents}.workingCopy());
+    source.readDocument(resources + "/initialDatasource.txt"_L1, saved ? &*saved : nullptr);
+    source.groupIntoSections();
+    return source;
+}
+
+void ElementDataSource::readDocument(const QString &path, const PropertyDictionary *saved)
+{
+    const auto [text, error] = NSFileManager::contentsAtPath(path);
+    if (error)
+        return fail(Status::Unusable, path, QString::fromStdString(error.message()));
+    if (!text.isValidUtf8())
+        return fail(Status::Unusable, path, u"it is not UTF-8 text"_s);
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
+    if (parseError.error != QJsonParseError::NoError)
+        return fail(Status::Malformed, path,
+                    u"%1 at byte %2"_s.arg(parseError.errorString()).arg(parseError.offset));
+    if (!document.isArray())
+        return fail(Status::Malformed, path, u"the top level is not an array"_s);
+
+    const QJsonArray items = document.array();
+    _tableSource.reserve(size_t(items.size()));
+    for (qsizetype index = 0; index < items.size(); ++index) {
+        const QJsonValue item = items.at(index);
+        if (!item.isObject())
+            return fail(Status::Unusable, path, u"item %1 is not an object"_s.arg(index));
+        QLatin1StringView missing;
+        auto record = recordFromJson(item.toObject(), missing);
+        if (!record)
+            return fail(Status::Unusable, path, u"item %1 has no \"%2\""_s.arg(index).arg(missing));
+        if (saved)
+            overlay(*record, *saved);
+        _tableSource.push_back(std::move(record));
+    }
+}
+
+void ElementDataSource::fail(Status status, const QString &path, const QString &reason)
+{
+    _status = status;
+    _problem = path + ": "_L1 + reason;
+    _tableSource.clear();
+    if (status == Status::Unusable)
+        NSLog(u"Unusable data source %@"_s, {_problem});
+}
+
+void ElementDataSource::groupIntoSections()
+{
+    QHash<QString, size_t> places;
+    for (const auto &record : _tableSource) {
+        if (!record->section)
+            NSLog(u"MISSING SECTION: %@"_s, {record->name});
+        // Without a section of its own a record opens a section that stays empty: the fault shows.
+        const QString title = record->section.value_or(u"MISSING SECTION"_s);
+        const auto place = places.constFind(title);
+        const size_t index = place == places.cend() ? _newTableSource.size() : *place;
+        if (index == _newTableSource.size()) {
+            places.insert(title, index);
+            _newTableSource.push_back({title, {}});
+        }
+        if (record->section)
+            _newTableSource[index].records.push_back(record);
+    }
+    QCollator collator; // the user's locale; plain case folding where there is none
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::ranges::sort(_newTableSource, [&](const Section &left, const Section &right) {
+        const int order = collator.compare(left.title, right.title);
+        return order != 0 ? order < 0 : left.title < right.title;
+    });
+}
+
+QStringList ElementDataSource::sortedSections() const
+{
+    QStringList titles;
+    titles.reserve(qsizetype(_newTableSource.size()));
+    for (const Section &section : _newTableSource)
+        titles.append(section.title);
+    return titles;
+}
+
+int ElementDataSource::numberOfSections() const
+{
+    return int(_newTableSource.size());
+}
+
+const QString &ElementDataSource::titleForSection(int section) const
+{
+    return _newTableSource[size_t(section)].title;
+}
+
+int ElementDataSource::numberOfRowsInSection(int section) const
+{
+    return int(_newTableSource[size_t(section)].records.size());
+}
+
+ElementRecord &ElementDataSource::record(int section, int row) const
+{
+    return *_newTableSource[size_t(section)].records[size_t(row)];
+}

@@ -1,0 +1,28 @@
+// Where a theme lies on the disk.
+//
+//   <package root>/Tintloom/Info.plist                      the theme dictionary, XML
+//   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
+//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points, JPEG bytes on purpose
+//   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
+#pragma once
+
+#include <QString>
+
+struct ThemeLocations {
+    QString packageRoot;
+    QString documents;
+
+    QString packageFolder() const { return packageRoot + QLatin1String("/Tintloom"); }
+    QString packageInfo() const { return packageFolder() + QLatin1String("/Info.plist"); }
+    QString listBackground() const
+    {
+        return packageFolder() + QLatin1String("/ListBackground@2x.jpg");
+    }
+    QString indicatorFolder() const { return packageFolder() + QLatin1String("/UIKit"); }
+    QString unreadIndicator() const
+    {
+        return indicatorFolder() + QLatin1String("/UnreadIndicator@2x.png");
+    }
+    QString workingCopyFolder() const { return documents + QLatin1String("/Tintloom"); }
+    QString workingCopy() const { return workingCopyFolder() + QLatin1String("/Info.plist"); }
+};

@@ -1,0 +1,26 @@
+#include "views/CustomTableCell.h"
+
+#include "platform/QMLViews.h"
+
+CustomTableCell *CustomTableCell::initWithStyle(Style, const QString &reuseIdentifier,
+                                                QQmlEngine &engine)
+{
+    auto *cell =
+        qobject_cast<CustomTableCell *>(QMLViews::create(engine, "views/CustomTableCellView.qml"));
+    cell->setReuseIdentifier(reuseIdentifier);
+    return cell;
+}
+
+void CustomTableCell::layoutSubviews()
+{
+    // The description overlaps the name's lower edge by 5 points, the caption the name's right end.
+    const double nameHeight = height() - 20.0;
+    _name.setFrame({5.0, 0.0, width() - 60.0, nameHeight});
+    _description.setFrame({5.0, nameHeight - 5.0, width() - 5.0, 25.0});
+    _colorLabel.setFrame({width() - 75.0, 0.0, 70.0, 15.0});
+}
+
+void CustomTableCell::setSelected(bool selected, bool animated)
+{
+    UITableViewCell::setSelected(selected, animated);
+}

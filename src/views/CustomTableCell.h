@@ -1,0 +1,37 @@
+// The editor's row: an element's name in a large line, its description in small type below, and a
+// small caption at the top right.
+#pragma once
+
+#include "platform/UILabel.h"
+#include "platform/UITableViewCell.h"
+
+#include <QQmlEngine>
+
+class CustomTableCell : public UITableViewCell
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(UILabel *name READ name CONSTANT FINAL)
+    Q_PROPERTY(UILabel *description READ description CONSTANT FINAL)
+    Q_PROPERTY(UILabel *colorLabel READ colorLabel CONSTANT FINAL)
+
+public:
+    enum class Style { Default = 0, Subtitle = 3 };
+
+    explicit CustomTableCell(QQuickItem *parent = nullptr) : UITableViewCell(parent) {}
+    /// A new cell with its looks. The style is handed to the base, which has but one look.
+    static CustomTableCell *initWithStyle(Style style, const QString &reuseIdentifier,
+                                          QQmlEngine &engine);
+
+    UILabel *name() { return &_name; }
+    UILabel *description() { return &_description; }
+    UILabel *colorLabel() { return &_colorLabel; }
+
+    void layoutSubviews() override;
+    void setSelected(bool selected, bool animated) override;
+
+private:
+    UILabel _name;
+    UILabel _description;
+    UILabel _colorLabel;
+};
