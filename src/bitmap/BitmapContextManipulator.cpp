@@ -21,6 +21,6 @@ void BitmapContextManipulator::forwardInvocation(Invocation &call)
 CGContext BitmapContextManipulator::newContextWithPicture(const QSizeF &canvas, const QRectF &rect)
 {
     CGContext context = CGContextCreator::newARGBBitmapContextWithSize(canvas);
-    context.drawImage(CGImage(), rect);
+    context.drawFirst(this->context(), rect);
     return context;
 }

@@ -2,8 +2,6 @@
 
 #include "bitmap/CGContextCreator.h"
 
-#include <QPainter>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -73,11 +71,11 @@ CGContext BitmapRotationManipulator::newContextRotated(double degrees, const QSi
                          std::round(canvas.height() * 0.5 - double(height) * 0.5), double(width),
                          double(height));
     CGContext context = CGContextCreator::newARGBBitmapContextWithSize(canvas);
-    context.draw([&](QPainter &painter) {
-        painter.translate(rotatedOrigin(canvas, degrees));
-        painter.rotate(degrees);
-        CGContext::drawImage(painter, CGImage(), picture);
-    });
+    QTransform transform;
+    const QPointF origin = rotatedOrigin(canvas, degrees);
+    transform.translate(origin.x(), origin.y());
+    transform.rotate(degrees);
+    context.drawFirst(this->context(), picture, transform);
     return context;
 }
 

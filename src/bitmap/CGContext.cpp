@@ -39,6 +39,16 @@ QImage shrunkFor(const QImage &image, const QSizeF &size)
         return image;
     return image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
+// For a painter whose y axis points upward.
+void drawUpright(QPainter &painter, const QImage &image, const QRectF &rect)
+{
+    const QImage shrunk = shrunkFor(image, rect.size());
+    painter.save();
+    painter.translate(rect.x(), rect.bottom()); // the upper edge
+    painter.scale(1.0, -1.0);
+    painter.drawImage(QRectF(QPointF(), rect.size()), shrunk, QRectF(shrunk.rect()));
+    painter.restore();
+}
 } // namespace
 
 CGContext CGContext::overMemory(PixelBlock data, std::uint64_t byteCount, std::uint64_t width,
@@ -61,38 +71,41 @@ QImage CGContext::wrapped() const
             QImage::Format_ARGB32_Premultiplied};
 }
 
+void CGContext::paintOn(QImage canvas, const std::function<void(QPainter &)> &paint) const
+{
+    QPainter painter(&canvas);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.translate(0.0, _height);
+    painter.scale(1.0, -1.0);
+    paint(painter);
+}
+
 void CGContext::draw(const std::function<void(QPainter &)> &paint)
 {
     if (!_data)
         return;
     swapIntoImageOrder(_data.get(), pixelCount(), _data.get());
-    {
-        QImage canvas = wrapped();
-        QPainter painter(&canvas);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        painter.translate(0.0, _height);
-        painter.scale(1.0, -1.0);
-        paint(painter);
-    }
+    paintOn(wrapped(), paint);
     swapIntoMemoryOrder(_data.get(), pixelCount(), _data.get());
 }
 
 void CGContext::drawImage(const QImage &image, const QRectF &rect)
 {
     if (!image.isNull() && isDrawable(rect))
-        draw([&](QPainter &painter) { drawImage(painter, image, rect); });
+        draw([&](QPainter &painter) { drawUpright(painter, image, rect); });
 }
 
-void CGContext::drawImage(QPainter &painter, const QImage &image, const QRectF &rect)
+void CGContext::drawFirst(const CGContext &picture, const QRectF &rect, const QTransform &transform)
 {
-    if (image.isNull() || !isDrawable(rect))
+    if (!_data || !picture || !isDrawable(rect))
         return;
-    const QImage shrunk = shrunkFor(image, rect.size());
-    painter.save();
-    painter.translate(rect.x(), rect.bottom()); // the upper edge, y being upward
-    painter.scale(1.0, -1.0);
-    painter.drawImage(QRectF(QPointF(), rect.size()), shrunk, QRectF(shrunk.rect()));
-    painter.restore();
+    // Over nothing, drawing is replacing, and that treats the four bytes of a pixel alike: both
+    // sides can stay in memory order.
+    paintOn(wrapped(), [&](QPainter &painter) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.setTransform(transform, true);
+        drawUpright(painter, picture.wrapped(), rect);
+    });
 }
 
 QImage CGContext::makeImage() const

@@ -10,6 +10,7 @@
 
 #include <QImage>
 #include <QRectF>
+#include <QTransform>
 
 #include <cstdint>
 #include <functional>
@@ -44,8 +45,10 @@ public:
     /// Draws the image, upright, stretched into the rectangle. Sizes are resampled smoothly in both
     /// directions. A null image, or a rectangle that is empty or not finite, draws nothing.
     void drawImage(const QImage &image, const QRectF &rect);
-    /// The same for use inside `draw`.
-    static void drawImage(QPainter &painter, const QImage &image, const QRectF &rect);
+    /// Draws another context's picture onto this one, which must still be transparent, at `rect`
+    /// under `transform`. What drawImage would do with a snapshot of it, but without swapping a
+    /// byte.
+    void drawFirst(const CGContext &picture, const QRectF &rect, const QTransform &transform = {});
 
     /// A copy of the pixels as they are now; a null image for the null context.
     QImage makeImage() const;
@@ -54,7 +57,9 @@ public:
     QImage releaseAsImage();
 
 private:
+    /// The block as an image, whatever order its bytes are in.
     QImage wrapped() const;
+    void paintOn(QImage canvas, const std::function<void(QPainter &)> &paint) const;
     qsizetype pixelCount() const { return qsizetype(_width) * _height; }
 
     PixelBlock _data;
