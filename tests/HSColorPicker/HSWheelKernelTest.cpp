@@ -57,15 +57,14 @@ struct SizeRange {
 
 class HSWheelKernelTest : public testing::TestWithParam<SizeRange>
 {
-protected:
-    void TearDown() override { choose(0); }
-    // 0 brings back the machine's own choice.
-    static void choose(std::int64_t target)
-    {
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
 };
+
+// 0 brings back the machine's own choice.
+void choose(std::int64_t target)
+{
+    hwy::SetSupportedTargetsForTest(target);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+}
 
 std::vector<SizeRange> sizeRanges()
 {
@@ -76,23 +75,34 @@ std::vector<SizeRange> sizeRanges()
     return ranges;
 }
 
+// All instruction sets, one size.
+void expectWheels(int side, double padding)
+{
+    std::vector<std::uint8_t> expected(std::size_t(side) * side * 4);
+    HSFillWheelScalar(expected.data(), side, side, padding);
+    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+        SCOPED_TRACE(testing::Message() << "side " << side << ", padding " << padding << ", "
+                                        << hwy::TargetName(target));
+        choose(target);
+        expectWheel(expected, side, padding);
+        choose(0);
+    }
+}
+
 TEST_P(HSWheelKernelTest, MatchesTheReferenceOnEveryInstructionSet)
 {
-    const std::vector<std::int64_t> targets = hwy::SupportedAndGeneratedTargets();
-    ASSERT_FALSE(targets.empty());
     const auto [first, last, padding] = GetParam();
-    for (int side = first; side <= last; ++side) {
-        std::vector<std::uint8_t> expected(std::size_t(side) * side * 4);
-        HSFillWheelScalar(expected.data(), side, side, padding);
-        for (const std::int64_t target : targets) {
-            SCOPED_TRACE(testing::Message() << "side " << side << ", padding " << padding << ", "
-                                            << hwy::TargetName(target));
-            choose(target);
-            expectWheel(expected, side, padding);
-            if (HasFatalFailure())
-                return;
-        }
-    }
+    for (int side = first; side <= last && !HasFatalFailure(); ++side)
+        expectWheels(side, padding);
+}
+
+TEST(HSWheelKernelRimTest, RimsAnywhere)
+{
+    // Beyond the corners, inside a pixel, at the centre, past it; and sides beyond a screen's.
+    for (const double padding : {-60.0, -3.5, 31.75, 32.0, 40.0})
+        expectWheels(64, padding);
+    expectWheels(1501, 11);
+    expectWheels(2048, 22);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, HSWheelKernelTest, testing::ValuesIn(sizeRanges()),

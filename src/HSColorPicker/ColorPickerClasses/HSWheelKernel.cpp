@@ -9,10 +9,10 @@
 // Mirroring Y swaps green and blue. Going to the opposite point adds 3 to h and turns every w into
 // 1 - w. So with u = s (h - 1), five values serve the four points (X, +-Y), (-X, +-Y):
 //
-//     a = 1 - max(u, 0)   b = 1 - max(-u, 0)   c = 1 - s   d = c + max(u, 0)   e = c + max(-u, 0)
+//     a = 1 - max(u, 0)   b = 1 - max(-u, 0)   c = 1 - s   m = c + max(u, 0)   n = c + max(-u, 0)
 //
-//     (-X, Y): d 1 e      (X, Y): a b c
-//     (-X,-Y): d e 1      (X,-Y): a c b        as red, green, blue
+//     (-X, Y): m 1 n      (X, Y): a b c
+//     (-X,-Y): m n 1      (X,-Y): a c b        as red, green, blue
 //
 // The hue needs no arctangent of a large argument: with t = (Y - X) / (Y + X), which stays in
 // -1..1, the angle is pi/4 + atan t, so h - 1 = (3/pi) atan t - 1/4. That is an odd polynomial in
@@ -86,16 +86,16 @@ HWY_INLINE Quadruple<hn::Vec<DU>> pixelsAt(D d, V x, V y, V saturationScale)
     const auto a = byteBelowWhite(above);
     const auto b = byteBelowWhite(below);
     const auto c = byteBelowWhite(s);
-    const auto d_ = byteBelowWhite(hn::Sub(s, above));
-    const auto e = byteBelowWhite(hn::Sub(s, below));
+    const auto m = byteBelowWhite(hn::Sub(s, above));
+    const auto n = byteBelowWhite(hn::Sub(s, below));
 
     // Memory holds alpha, red, green, blue.
     const auto right = hn::Or(hn::ShiftLeft<8>(a), hn::Set(du, 0x000000FFu));
-    const auto left = hn::ShiftLeft<8>(d_);
+    const auto left = hn::ShiftLeft<8>(m);
     return {hn::Or3(right, hn::ShiftLeft<16>(b), hn::ShiftLeft<24>(c)),
             hn::Or3(right, hn::ShiftLeft<16>(c), hn::ShiftLeft<24>(b)),
-            hn::Or3(left, hn::ShiftLeft<24>(e), hn::Set(du, 0x00FF00FFu)),
-            hn::Or3(left, hn::ShiftLeft<16>(e), hn::Set(du, 0xFF0000FFu))};
+            hn::Or3(left, hn::ShiftLeft<24>(n), hn::Set(du, 0x00FF00FFu)),
+            hn::Or3(left, hn::ShiftLeft<16>(n), hn::Set(du, 0xFF0000FFu))};
 }
 
 // The two rows at distance Y above and below the centre. Needs at least one vector's worth of
