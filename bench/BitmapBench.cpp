@@ -81,13 +81,8 @@ void rotateQPainter(benchmark::State &state)
     }
 }
 
-BENCHMARK(scale)->Name("scale")->Arg(250)->Arg(2000)->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(scaleQImage)
-    ->Name("scale_qimage")
-    ->Arg(250)
-    ->Arg(2000)
-    ->Unit(benchmark::kMicrosecond)
-    ->UseRealTime();
-BENCHMARK(rotate)->Name("rotate/30")->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(rotateQPainter)->Name("rotate_qpainter/30")->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(scale)->Name("scale")->Arg(250)->Arg(2000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(scaleQImage)->Name("scale_qimage")->Arg(250)->Arg(2000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(rotate)->Name("rotate/30")->Unit(benchmark::kMicrosecond);
+BENCHMARK(rotateQPainter)->Name("rotate_qpainter/30")->Unit(benchmark::kMicrosecond);
 } // namespace

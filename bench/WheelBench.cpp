@@ -105,7 +105,7 @@ void atEverySize(benchmark::internal::Benchmark *benchmark)
 {
     for (const int side : {240, 480, 620, 2048})
         benchmark->Arg(side);
-    benchmark->Unit(benchmark::kMicrosecond)->UseRealTime();
+    benchmark->Unit(benchmark::kMicrosecond);
 }
 
 BENCHMARK(wheel)->Name("wheel")->Apply(atEverySize);

@@ -55,6 +55,11 @@ struct SizeRange {
     double padding;
 };
 
+void PrintTo(const SizeRange &range, std::ostream *out)
+{
+    *out << "sides " << range.first << " to " << range.last << ", padding " << range.padding;
+}
+
 class HSWheelKernelTest : public testing::TestWithParam<SizeRange>
 {
 };
