@@ -1,0 +1,68 @@
+#include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
+
+HSBitmapCache &HSBitmapCache::shared()
+{
+    static HSBitmapCache cache;
+    return cache;
+}
+
+HSBitmapCache::HSBitmapCache(qsizetype costLimit)
+    : _generationCache(costLimit), _backgroundQueue("org.tintloom.HSColorPickerView.background")
+{
+}
+
+std::shared_ptr<ANImageBitmapRep> HSBitmapCache::bitmapForDiameter(double diameter, double scale,
+                                                                   double padding, bool shouldCache)
+{
+    const double pixelDiameter = diameter * scale;
+    if (!(pixelDiameter >= 1.0))
+        return nullptr;
+    const OperationPointer operation = operationFor(pixelDiameter, scale * padding, shouldCache);
+    operation->waitUntilFinished();
+    return operation->bitmap();
+}
+
+HSBitmapCache::OperationPointer HSBitmapCache::operationFor(double pixelDiameter,
+                                                            double pixelPadding, bool shouldCache)
+{
+    const QString key = QString::asprintf("%.1f-%.1f", pixelDiameter, pixelPadding);
+    const std::lock_guard lock(_mutex);
+    if (const OperationPointer *found = _generationCache.object(key))
+        return *found;
+    const auto operation = HSGenerateOperation::initWithDiameter(pixelDiameter, pixelPadding);
+    if (shouldCache)
+        _generationCache.insert(key, new OperationPointer(operation),
+                                qsizetype(BMRound(std::trunc(pixelDiameter))));
+    _generationQueue.addOperation(operation);
+    return operation;
+}
+
+void HSBitmapCache::prepareForDiameter(double diameter)
+{
+    prepareForDiameterPadding(diameter, defaultPadding);
+}
+
+void HSBitmapCache::prepareForDiameterPadding(double diameter, double padding)
+{
+    prepareForDiameterScalePadding(diameter, 1.0, padding);
+}
+
+void HSBitmapCache::prepareForDiameterScale(double diameter, double scale)
+{
+    prepareForDiameterScalePadding(diameter, scale, defaultPadding);
+}
+
+void HSBitmapCache::prepareForDiameterScalePadding(double diameter, double scale, double padding)
+{
+    prepareForDiameterScalePaddingInBackground(diameter, scale, padding, true);
+}
+
+void HSBitmapCache::prepareForDiameterScalePaddingInBackground(double diameter, double scale,
+                                                               double padding, bool inBackground)
+{
+    const auto prepare = [=, this] { bitmapForDiameter(diameter, scale, padding, true); };
+    if (inBackground)
+        _backgroundQueue.async(prepare);
+    else
+        _backgroundQueue.sync(prepare);
+}

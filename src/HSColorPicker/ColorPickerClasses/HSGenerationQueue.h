@@ -1,0 +1,34 @@
+// Runs generate operations side by side on a few threads.
+#pragma once
+
+#include "HSColorPicker/ColorPickerClasses/HSGenerateOperation.h"
+
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+class HSGenerationQueue
+{
+public:
+    /// One thread per processor.
+    HSGenerationQueue();
+    /// Runs what is still queued, then joins the threads.
+    ~HSGenerationQueue();
+    HSGenerationQueue(const HSGenerationQueue &) = delete;
+    HSGenerationQueue &operator=(const HSGenerationQueue &) = delete;
+
+    /// Queues an operation and returns at once; any thread.
+    void addOperation(std::shared_ptr<HSGenerateOperation> operation);
+
+private:
+    void run();
+
+    std::mutex _mutex;
+    std::condition_variable _wake;
+    std::deque<std::shared_ptr<HSGenerateOperation>> _operations;
+    bool _stopping = false;
+    std::vector<std::thread> _threads; // last: they use all of the above from their first moment
+};

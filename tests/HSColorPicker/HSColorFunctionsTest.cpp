@@ -1,0 +1,138 @@
+#include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace
+{
+void expectPixel(const BMPixel &actual, double red, double green, double blue)
+{
+    EXPECT_NEAR(actual.red, red, 1e-12);
+    EXPECT_NEAR(actual.green, green, 1e-12);
+    EXPECT_NEAR(actual.blue, blue, 1e-12);
+    EXPECT_EQ(actual.alpha, 1.0);
+}
+
+TEST(HSColorFunctionsTest, PixelFromHSVWalksTheSixSectors)
+{
+    const struct {
+        double hue, saturation, brightness, red, green, blue;
+    } cases[] = {
+        {0.0, 1, 1, 1, 0, 0},
+        {1.0, 1, 1, 1, 0, 0},
+        {0.25 / 6, 1, 1, 1, 0.25, 0},
+        {1.25 / 6, 1, 1, 0.75, 1, 0},
+        {2.25 / 6, 1, 1, 0, 1, 0.25},
+        {3.25 / 6, 1, 1, 0, 0.75, 1},
+        {4.25 / 6, 1, 1, 0.25, 0, 1},
+        {5.25 / 6, 1, 1, 1, 0, 0.75},
+        {1.25 / 6, 0.5, 0.8, 0.8 * 0.875, 0.8, 0.4},
+        {0.7, 0, 0.3, 0.3, 0.3, 0.3},
+        {9.0, 0, 0.3, 0.3, 0.3, 0.3},
+        {-0.25 / 6, 1, 1, 1, -0.25, 0}, // truncated towards zero: still the first sector
+        {6.25 / 6, 1, 1, 1, 0, 0.75},   // the last sector, and whatever lies beyond it
+        {-2.25 / 6, 1, 1, 1, 0, 1.25},
+    };
+    for (const auto &[hue, saturation, brightness, red, green, blue] : cases) {
+        SCOPED_TRACE(hue);
+        expectPixel(HSPixelFromHSV(hue, saturation, brightness), red, green, blue);
+    }
+    for (const double hue : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(HSPixelFromHSV(hue, 1, 1).red, 1.0) << "the last sector";
+}
+
+TEST(HSColorFunctionsTest, ComponentsOfEveryKindOfColour)
+{
+    QImage tile(4, 4, QImage::Format_ARGB32_Premultiplied);
+    tile.fill(Qt::red);
+    tile.setPixel(0, 3, 0x80008000); // bottom left: green at half alpha
+    QImage clear(2, 2, QImage::Format_ARGB32_Premultiplied);
+    clear.fill(Qt::transparent);
+    QImage fine(2, 2, QImage::Format_ARGB32_Premultiplied);
+    fine.fill(Qt::blue);
+    fine.setDevicePixelRatio(2.0);
+    const struct {
+        UIColor colour;
+        double red, green, blue, alpha;
+    } cases[] = {
+        {UIColor::colorWithRed(0.1, 0.2, 0.3, 0.4), 0.1, 0.2, 0.3, 0.4},
+        {UIColor::colorWithWhite(0.7, 0.5), 0.7, 0.7, 0.7, 0.5},
+        {UIColor::colorWithPatternImage(tile), 0, 1, 0, 128 / 255.0},
+        {UIColor::colorWithPatternImage(fine), 0, 0, 1, 1},
+        {UIColor::colorWithPatternImage(clear), 0, 0, 0, 0},
+        {UIColor::colorWithPatternImage(QImage()), 0, 0, 0, 0},
+    };
+    for (const auto &[colour, red, green, blue, alpha] : cases) {
+        double components[4] = {9, 9, 9, 9};
+        HSGetComponentsForColor(components, colour);
+        EXPECT_EQ(components[0], red);
+        EXPECT_EQ(components[1], green);
+        EXPECT_EQ(components[2], blue);
+        EXPECT_EQ(components[3], alpha);
+    }
+}
+
+TEST(HSColorFunctionsTest, BackgroundTileIsACheckerboard)
+{
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        const QImage tile = HSOpacityBackgroundImage(20, scale, UIColor::colorWithWhite(0.5, 1));
+        const int side = int(20 * scale);
+        ASSERT_EQ(tile.size(), QSize(side, side));
+        EXPECT_EQ(tile.devicePixelRatio(), scale);
+        for (const int y : {0, side / 2 - 1, side / 2, side - 1}) {
+            for (const int x : {0, side / 2 - 1, side / 2, side - 1}) {
+                const bool grey = (x < side / 2) == (y < side / 2);
+                EXPECT_EQ(qRed(tile.pixel(x, y)), grey ? 128 : 255) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(HSColorFunctionsDeathTest, BackgroundTileNeedsASizeInEveryBuild)
+{
+    const UIColor white = UIColor::whiteColor();
+    const double nothing = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_DEATH(HSOpacityBackgroundImage(0, 2, white), "length > 0");
+    EXPECT_DEATH(HSOpacityBackgroundImage(nothing, 2, white), "length > 0");
+    EXPECT_DEATH(HSOpacityBackgroundImage(20, -1, white), "scale > 0");
+}
+
+TEST(HSColorFunctionsTest, ImageWithScaleKeepsPixels)
+{
+    QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::red);
+    const QImage scaled = HSUIImageWithScale(image, 2.0);
+    EXPECT_EQ(scaled.devicePixelRatio(), 2.0);
+    EXPECT_EQ(image.devicePixelRatio(), 1.0);
+    EXPECT_EQ(scaled.pixel(3, 3), image.pixel(3, 3));
+    EXPECT_EQ(HSUIImageWithScale(scaled, 0.0).devicePixelRatio(), 1.0);
+}
+
+TEST(HSColorFunctionsTest, RandomColoursDrawInOrder)
+{
+    const struct {
+        bool opaque;
+        std::vector<std::uint32_t> draws;
+        UIColor::HSBA expected;
+    } cases[] = {
+        {true, {64, 0, 127}, {0.25, 0.5, 127 / 256.0 + 0.5, 1.0}},
+        {false, {0xFFFFFF00u + 128, 128 + 64, 0, 0xFFFFFFFFu}, {0.5, 0.75, 0.5, 127 / 256.0 + 0.5}},
+    };
+    for (const auto &[opaque, draws, expected] : cases) {
+        std::size_t drawn = 0;
+        const UIColor colour = HSRandomColorOpaque(opaque, [&] { return draws.at(drawn++); });
+        EXPECT_EQ(drawn, draws.size());
+        const UIColor::HSBA actual = *colour.getHue();
+        EXPECT_NEAR(actual.hue, expected.hue, 1e-12);
+        EXPECT_NEAR(actual.saturation, expected.saturation, 1e-12);
+        EXPECT_NEAR(actual.brightness, expected.brightness, 1e-12);
+        EXPECT_EQ(actual.alpha, expected.alpha);
+    }
+    bool differs = false;
+    for (int i = 0; i < 50; ++i)
+        differs |= HSRandomColorOpaque(true).components() != HSRandomColorOpaque(true).components();
+    EXPECT_TRUE(differs);
+}
+} // namespace

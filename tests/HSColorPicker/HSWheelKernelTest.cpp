@@ -1,0 +1,118 @@
+// Holds the vector kernel against the plain reference: every size from 1 to 700, three paddings,
+// every instruction set that this machine has.
+
+#include "HSColorPicker/ColorPickerClasses/HSWheelKernel.h"
+
+#include "HSColorPicker/ColorPickerClasses/HSWheelReference.h"
+
+#include <cmath>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <hwy/targets.h>
+#include <vector>
+
+namespace
+{
+// Longer than any vector, so that a store beyond the picture lands here.
+constexpr std::size_t guardSize = 256;
+constexpr std::uint8_t guardByte = 0xA5;
+
+// The value that the reference rounded to the byte at this offset.
+double unroundedByte(std::size_t offset, int side, double padding)
+{
+    const int pixel = int(offset / 4);
+    const BMPixel colour = HSWheelPixel(pixel % side, pixel / side, side, padding);
+    const double channels[] = {colour.alpha, colour.red, colour.green, colour.blue};
+    return channels[offset % 4] * 255.0;
+}
+
+bool mayDiffer(double unrounded)
+{
+    return std::abs(unrounded - std::floor(unrounded) - 0.5) <= 0.001;
+}
+
+void expectWheel(const std::vector<std::uint8_t> &expected, int side, double padding)
+{
+    std::vector<std::uint8_t> actual(expected.size() + guardSize, guardByte);
+    HSFillWheel(actual.data(), side, padding);
+    const std::size_t rowSize = std::size_t(side) * 4;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        // Almost every row is equal as a whole, which is quick to see.
+        if (i % rowSize == 0 && std::memcmp(&actual[i], &expected[i], rowSize) == 0)
+            i += rowSize - 1;
+        if (actual[i] == expected[i])
+            continue;
+        const double unrounded = unroundedByte(i, side, padding);
+        ASSERT_LE(std::abs(actual[i] - expected[i]), 1) << "byte " << i << ": " << unrounded;
+        ASSERT_TRUE(mayDiffer(unrounded)) << "byte " << i << ": " << unrounded;
+    }
+    for (std::size_t i = expected.size(); i < actual.size(); ++i)
+        ASSERT_EQ(actual[i], guardByte) << "written beyond the picture";
+}
+
+struct SizeRange {
+    int first, last;
+    double padding;
+};
+
+void PrintTo(const SizeRange &range, std::ostream *out)
+{
+    *out << "sides " << range.first << " to " << range.last << ", padding " << range.padding;
+}
+
+class HSWheelKernelTest : public testing::TestWithParam<SizeRange>
+{
+};
+
+// 0 brings back the machine's own choice.
+void choose(std::int64_t target)
+{
+    hwy::SetSupportedTargetsForTest(target);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+}
+
+std::vector<SizeRange> sizeRanges()
+{
+    std::vector<SizeRange> ranges;
+    for (const double padding : {0.0, 11.0, 22.0})
+        for (int first = 1; first <= 700; first += 50)
+            ranges.push_back({first, first + 49, padding});
+    return ranges;
+}
+
+// All instruction sets, one size.
+void expectWheels(int side, double padding)
+{
+    std::vector<std::uint8_t> expected(std::size_t(side) * side * 4);
+    HSFillWheelScalar(expected.data(), side, side, padding);
+    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+        SCOPED_TRACE(testing::Message() << "side " << side << ", padding " << padding << ", "
+                                        << hwy::TargetName(target));
+        choose(target);
+        expectWheel(expected, side, padding);
+        choose(0);
+    }
+}
+
+TEST_P(HSWheelKernelTest, MatchesTheReferenceOnEveryInstructionSet)
+{
+    const auto [first, last, padding] = GetParam();
+    for (int side = first; side <= last && !HasFatalFailure(); ++side)
+        expectWheels(side, padding);
+}
+
+TEST(HSWheelKernelRimTest, RimsAnywhere)
+{
+    // Beyond the corners, inside a pixel, at the centre, past it; and sides beyond a screen's.
+    for (const double padding : {-60.0, -3.5, 31.75, 32.0, 40.0})
+        expectWheels(64, padding);
+    expectWheels(1501, 11);
+    expectWheels(2048, 22);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, HSWheelKernelTest, testing::ValuesIn(sizeRanges()),
+                         [](const auto &info) {
+                             return "from" + std::to_string(info.param.first) + "padding" +
+                                    std::to_string(int(info.param.padding));
+                         });
+} // namespace

@@ -1,0 +1,59 @@
+// Pictures for the bitmap tests, and a way to look at them.
+#pragma once
+
+#include "bitmap/ANImageBitmapRep.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <array>
+
+namespace Pictures
+{
+using Raw = std::array<std::uint8_t, 4>;
+
+constexpr QRgb red = 0xFFFF0000;
+constexpr QRgb green = 0xFF00FF00;
+constexpr QRgb blue = 0xFF0000FF;
+constexpr QRgb white = 0xFFFFFFFF;
+constexpr QRgb clear = 0x00000000;
+
+/// Red at the top left, green at the top right, blue at the bottom left, white at the bottom right.
+inline QImage quarters(int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y,
+                           y < height / 2 ? (x < width / 2 ? red : green)
+                                          : (x < width / 2 ? blue : white));
+    return image;
+}
+
+inline std::unique_ptr<ANImageBitmapRep> quartersRep(int width, int height)
+{
+    return ANImageBitmapRep::initWithImage(quarters(width, height));
+}
+
+inline Raw rawAt(BitmapContextRep &rep, std::int64_t x, std::int64_t y)
+{
+    Raw raw{};
+    rep.getRawPixel(raw.data(), {x, y});
+    return raw;
+}
+
+/// The pixels around the corners of a picture, a little inside: top left, top right, bottom left,
+/// bottom right.
+inline std::array<QRgb, 4> corners(const QImage &image, int inset = 0)
+{
+    const int right = image.width() - 1 - inset;
+    const int bottom = image.height() - 1 - inset;
+    return {image.pixel(inset, inset), image.pixel(right, inset), image.pixel(inset, bottom),
+            image.pixel(right, bottom)};
+}
+} // namespace Pictures
+
+inline void PrintTo(const BMPoint &point, std::ostream *out)
+{
+    *out << point.x << " x " << point.y;
+}
