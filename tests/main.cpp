@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+
 #include <clocale>
 #include <gtest/gtest.h>
 

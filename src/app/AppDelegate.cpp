@@ -8,7 +8,11 @@ bool AppDelegate::didFinishLaunchingWithOptions()
 {
     _window = std::make_unique<UIWindow>();
     _window->setTitle("Tintloom");
-    _window->setIcon(QIcon(":/images/tintloom.png"));
+    // The icon is a picture to be decoded, which can wait until the first frame is shown.
+    QObject::connect(
+        _window.get(), &QQuickWindow::frameSwapped, _window.get(),
+        [window = _window.get()] { window->setIcon(QIcon(":/images/tintloom.png")); },
+        Qt::SingleShotConnection);
     _window->makeKeyAndVisible();
 
     const auto editor = CustomViewController::initFromAppDelegate(_folders);

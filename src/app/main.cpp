@@ -15,8 +15,8 @@ int runWindow(const CommandLine::Options &options, int &argc, char **argv)
 {
     UIScreen::mainScreen().setSize(options.screen);
     UIScreen::mainScreen().setScale(options.scale);
-    AppDelegate delegate({options.resources, {options.packageRoot, options.documents}});
-    return UIApplicationMain(argc, argv, delegate);
+    const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};
+    return UIApplicationMain(argc, argv, [&] { return std::make_unique<AppDelegate>(folders); });
 }
 } // namespace
 

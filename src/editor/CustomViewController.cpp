@@ -190,10 +190,7 @@ void CustomViewController::showLoaderWithLabel(const QString &label)
     _tableView->setScrollEnabled(false);
     _tableView->setAllowsSelection(false);
     _loadingText = label;
-    _loadingView.reset(QMLViews::create(*engine(), "editor/LoaderBox.qml",
-                                        {{"controller", QVariant::fromValue(this)}}));
-    _loadingView->setParent(view());
-    _loadingView->setParentItem(view());
+    _loadingView = overlay("editor/LoaderBox.qml");
     emit loadingChanged();
 }
 
@@ -211,6 +208,24 @@ void CustomViewController::setNotice(const QString &notice)
         return;
     _notice = notice;
     emit noticeChanged();
+    if (_notice.isEmpty())
+        _noticeStrip.reset();
+    else if (!_noticeStrip)
+        _noticeStrip = overlay("editor/NoticeStrip.qml");
+}
+
+void CustomViewController::TakeAway::operator()(QQuickItem *item) const
+{
+    item->setVisible(false);
+    item->deleteLater();
+}
+
+CustomViewController::Overlay CustomViewController::overlay(const char *file)
+{
+    Overlay item(QMLViews::create(*engine(), file, {{"controller", QVariant::fromValue(this)}}));
+    item->setParent(view());
+    item->setParentItem(view());
+    return item;
 }
 
 void CustomViewController::applicationShouldBecomeActive()

@@ -110,10 +110,18 @@ protected:
     const char *viewFile() const override { return "editor/EditorView.qml"; }
 
 private:
+    // An overlay may be taken away by a tap on itself, so its item outlives the tap.
+    struct TakeAway {
+        void operator()(QQuickItem *item) const;
+    };
+    using Overlay = std::unique_ptr<QQuickItem, TakeAway>;
+
     CustomViewController(const EditorFolders &folders, bool fromMainView);
     void install();
     void finishSave(const SaveReport &report);
     void setNotice(const QString &notice);
+    /// An item above everything in the view, drawn by a QML file that takes the controller.
+    Overlay overlay(const char *file);
 
     const EditorFolders _folders;
     const bool _fromMainView;
@@ -123,6 +131,7 @@ private:
     std::unique_ptr<DispatchQueue> _saveFileQueue;
     std::shared_ptr<CustomViewDelegate> _delegate;
     QString _loadingText;
-    std::unique_ptr<QQuickItem> _loadingView; // while the loader is up
+    Overlay _loadingView; // while the loader is up
     QString _notice;
+    Overlay _noticeStrip; // while there is a notice
 };

@@ -102,14 +102,6 @@ FocusScope {
                 }
             }
         }
-        NoticeStrip {
-            objectName: "notice"
-            width: parent.width
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: root.controller.layout.bottomView.height
-            text: root.controller.notice
-            onDismissed: root.controller.dismissNotice()
-        }
         Shortcut {
             sequence: "Ctrl+S"
             enabled: content.enabled && content.visible

@@ -5,12 +5,14 @@ import Tintloom
 Rectangle {
     id: strip
 
-    required property string text
+    required property CustomViewController controller
 
-    signal dismissed
-
+    objectName: "notice"
+    anchors.left: parent?.left
+    anchors.right: parent?.right
+    y: controller.layout.bottomView.y - height
     height: Math.min(message.implicitHeight + 16, 160)
-    visible: text !== ""
+    enabled: !controller.loading
     color: "#B3261E"
 
     Accessible.role: Accessible.Note
@@ -27,7 +29,7 @@ Rectangle {
             id: message
 
             width: parent.width
-            text: strip.text
+            text: strip.controller.notice
             textFormat: Text.PlainText
             color: "white"
             font.pixelSize: 12
@@ -40,7 +42,7 @@ Rectangle {
         width: 44
         height: 44
         title: qsTr("Dismiss")
-        onTouchUpInside: strip.dismissed()
+        onTouchUpInside: strip.controller.dismissNotice()
 
         Text {
             anchors.centerIn: parent

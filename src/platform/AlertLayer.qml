@@ -25,6 +25,7 @@ FocusScope {
     Rectangle {
         id: box
 
+        objectName: "alertBox"
         anchors.centerIn: parent
         width: Math.min(270, overlay.width - 20)
         height: texts.height + buttons.height

@@ -12,15 +12,16 @@ PushButton {
 
     opacity: enabled ? 1 : 0.6
 
-    ButtonFace {
+    // The corners, 18 points each, keep their shape; the middle stretches.
+    BorderImage {
         anchors.fill: parent
-        source: button.image
-    }
-    ButtonFace {
-        anchors.fill: parent
-        source: button.highlightedImage
-        asynchronous: true
-        visible: button.pressed
+        source: button.pressed ? button.highlightedImage : button.image
+        border {
+            left: 18
+            top: 18
+            right: 18
+            bottom: 18
+        }
     }
     Text {
         anchors.fill: parent

@@ -111,10 +111,29 @@ private:
             length = *longLength;
             contents += 1 + width;
         }
-        const bool isDictionary = type == 0xd;
-        const bool isContainer = isDictionary || type == 0xa || type == 0xc;
-        return isContainer ? visitReferences(contents, isDictionary ? 2 * length : length, depth)
-                           : (_payloadLeft -= 2 * length) >= 0;
+        if (type == 0xa || type == 0xc)
+            return visitReferences(contents, length, depth);
+        if (type == 0xd)
+            return visitReferences(contents, 2 * length, depth); // the keys, then the values
+        return isSafePayload(contents, length, type);
+    }
+
+    /// Data, or text of one byte (5) or two bytes (6) a character.
+    bool isSafePayload(qint64 position, qint64 length, int type)
+    {
+        const qint64 size = type == 6 ? 2 * length : length;
+        _payloadLeft -= size;
+        if (_payloadLeft < 0 || size > _bytes.size() - position)
+            return false;
+        // A key with a zero character inside makes libplist end the program.
+        const QByteArrayView payload = _bytes.sliced(position, size);
+        if (type == 5)
+            return !payload.contains('\0');
+        for (qint64 i = 0; type == 6 && i < size; i += 2) {
+            if (payload[i] == 0 && payload[i + 1] == 0)
+                return false;
+        }
+        return true;
     }
 
     bool visitReferences(qint64 position, qint64 count, int depth)

@@ -18,7 +18,8 @@ constexpr int maximumDepth = 512;
 /// unpaired quotes, an embedded document type.
 bool isSafeXml(QByteArrayView xml);
 
-/// False for a binary list that nests too deep, refers to itself, points outside itself, or whose
-/// shared references multiply its objects far beyond its own length.
+/// False for a binary list that nests too deep, refers to itself, points outside itself, has text
+/// with a zero character inside, or whose shared references multiply its objects far beyond its own
+/// length.
 bool isSafeBinary(QByteArrayView bytes);
 } // namespace PropertyListGuard

@@ -5,6 +5,14 @@
 
 extern void qml_register_types_Tintloom(); // generated for the QML module
 
+namespace
+{
+QUrl urlOf(const char *file)
+{
+    return QUrl(QString("qrc:/qt/qml/Tintloom/%1").arg(file));
+}
+} // namespace
+
 void QMLViews::prepareEngine(QQmlEngine &engine)
 {
     static const bool registered = [] {
@@ -17,7 +25,7 @@ void QMLViews::prepareEngine(QQmlEngine &engine)
 
 QQuickItem *QMLViews::create(QQmlEngine &engine, const char *file, const QVariantMap &properties)
 {
-    QQmlComponent component(&engine, QUrl(QString("qrc:/qt/qml/Tintloom/%1").arg(file)));
+    QQmlComponent component(&engine, urlOf(file));
     auto *item = qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties));
     if (!item)
         qFatal("%s", qPrintable(component.errorString()));

@@ -1,10 +1,13 @@
 #include "platform/UIApplication.h"
 
 #include <QGuiApplication>
+#include <QImageReader>
 
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <thread>
 
 namespace
 {
@@ -20,23 +23,29 @@ void leaveWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QStri
 }
 } // namespace
 
-int UIApplicationMain(int &argc, char **argv, UIApplicationDelegate &delegate)
+int UIApplicationMain(int &argc, char **argv,
+                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate)
 {
+    // Finding the system's fonts and the image plugins takes a good part of a start, and needs
+    // nothing else of it: two threads do it on the side.
+    const std::jthread fonts([] { FcInit(); });
     const QtMessageHandler usual = qInstallMessageHandler(leaveWithoutDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(usual);
     std::setlocale(LC_NUMERIC, "C"); // Qt sets the user's; libplist would then read 0.75 as 0
 
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged,
+    const auto delegate = makeDelegate(); // dies before the application that its windows need
+    const QObject whileItLives;
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &whileItLives,
                      [&delegate](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
-                             delegate.applicationDidBecomeActive();
+                             delegate->applicationDidBecomeActive();
                          else if (state == Qt::ApplicationInactive)
-                             delegate.applicationWillResignActive();
+                             delegate->applicationWillResignActive();
                      });
-    if (!delegate.didFinishLaunchingWithOptions())
+    if (!delegate->didFinishLaunchingWithOptions())
         return EXIT_FAILURE;
     const int status = QGuiApplication::exec();
-    delegate.applicationWillTerminate();
+    delegate->applicationWillTerminate();
     return status;
 }

@@ -1,6 +1,9 @@
 // The application's loop.
 #pragma once
 
+#include <functional>
+#include <memory>
+
 class UIApplicationDelegate
 {
 public:
@@ -20,6 +23,8 @@ namespace UIApplication
 inline constexpr int noDisplay = 69;
 } // namespace UIApplication
 
-/// Runs the loop until the last window is closed, and returns the exit status. Without a display it
-/// says so on standard error and ends the process with UIApplication::noDisplay.
-int UIApplicationMain(int &argc, char **argv, UIApplicationDelegate &delegate);
+/// Makes the delegate, runs the loop until the last window is closed, lets go of the delegate and
+/// its windows, and returns the exit status. Without a display it says so on standard error and
+/// ends the process with UIApplication::noDisplay.
+int UIApplicationMain(int &argc, char **argv,
+                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate);

@@ -1,5 +1,7 @@
 #include "platform/UINavigationController.h"
 
+#include "platform/QMLViews.h"
+
 UINavigationController::UINavigationController()
 {
     _slide.setPropertyName("x");
@@ -26,6 +28,17 @@ void UINavigationController::setNavigationBarHidden(bool hidden)
         return;
     _barHidden = hidden;
     emit barHiddenChanged();
+    showBarIfNeeded();
+}
+
+void UINavigationController::showBarIfNeeded()
+{
+    if (_barHidden || _bar || !view())
+        return;
+    _bar = QMLViews::create(*engine(), "platform/NavigationBar.qml",
+                            {{"controller", QVariant::fromValue(this)}});
+    _bar->setParent(view());
+    _bar->setParentItem(view());
 }
 
 QQuickItem *UINavigationController::pages() const
@@ -119,6 +132,7 @@ void UINavigationController::viewWillAppear(bool animated)
 {
     topViewController()->viewWillAppear(animated);
     place(*topViewController());
+    showBarIfNeeded();
 }
 
 void UINavigationController::viewDidAppear(bool animated)

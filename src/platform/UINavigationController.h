@@ -58,12 +58,14 @@ protected:
 private:
     UINavigationController();
     QQuickItem *pages() const;
+    void showBarIfNeeded();
     void place(UIViewController &controller);
     void slide(double from, double to, std::shared_ptr<UIViewController> moving);
     void finishSlide();
 
     std::vector<std::shared_ptr<UIViewController>> _viewControllers;
     bool _barHidden = false;
+    QQuickItem *_bar = nullptr;      // made when it is first shown, which may be never
     QPropertyAnimation _slide{this}; // of the x of the page that comes or goes
     std::shared_ptr<UIViewController> _sliding;
 };

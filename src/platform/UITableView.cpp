@@ -211,10 +211,10 @@ void UITableView::showHeaders(int firstSection, int lastSection)
                 header->setParentItem(this);
             }
         }
+        header->setFrame(rectForHeader(section)); // before the text, to lay it out once
         header->textLabel()->setText(_dataSource->titleForHeaderInSection(section));
         if (_delegate)
             _delegate->willDisplayHeaderView(*header, section);
-        header->setFrame(rectForHeader(section));
         header->setVisible(true);
     }
 }

@@ -39,8 +39,11 @@ signals:
     void focusedChanged();
 
 private:
+    void makeMarks();
+
     QString _reuseIdentifier;
     QColor _backgroundColor = Qt::white;
     bool _selected = false;
     bool _focused = false;
+    QQuickItem *_marks = nullptr; // draws both; made for the first of them
 };

@@ -44,7 +44,7 @@ void UITableView::keyPressEvent(QKeyEvent *event)
     if (!_scrollEnabled)
         return;
     const NSIndexPath from = _currentRow.isValid() ? _currentRow : rowMovedBy({}, 0);
-    setCurrentRow(_currentRow.isValid() || std::abs(rows) == all ? rowMovedBy(from, rows) : from);
+    setCurrentRow(_currentRow.isValid() || std::abs(rows) > 1 ? rowMovedBy(from, rows) : from);
     scrollToRow(_currentRow);
 }
 

@@ -41,6 +41,7 @@ void UIWindow::makeKeyAndVisible()
 {
     theKeyWindow = this;
     show();
+    requestActivate(); // keys arrive even where no window manager hands out the focus
 }
 
 void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller)
@@ -62,6 +63,7 @@ void UIWindow::showAlert(std::unique_ptr<UIAlertView> alertView)
     if (!_alertLayer) {
         _alertLayer = QMLViews::create(_engine, "platform/AlertLayer.qml",
                                        {{"window", QVariant::fromValue(this)}});
+        _alertLayer->setParent(this);
         _alertLayer->setParentItem(contentItem());
         _alertLayer->setZ(1.0);
         _alertLayer->setSize(size());

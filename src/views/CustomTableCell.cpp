@@ -2,6 +2,11 @@
 
 #include "platform/QMLViews.h"
 
+CustomTableCell::CustomTableCell(QQuickItem *parent) : UITableViewCell(parent)
+{
+    setSize({320.0, 50.0}); // a row of the phone: most tables never lay the texts out a second time
+}
+
 CustomTableCell *CustomTableCell::initWithStyle(Style, const QString &reuseIdentifier,
                                                 QQmlEngine &engine)
 {

@@ -18,7 +18,7 @@ class CustomTableCell : public UITableViewCell
 public:
     enum class Style { Default = 0, Subtitle = 3 };
 
-    explicit CustomTableCell(QQuickItem *parent = nullptr) : UITableViewCell(parent) {}
+    explicit CustomTableCell(QQuickItem *parent = nullptr);
     /// A new cell with its looks. The style is handed to the base, which has but one look.
     static CustomTableCell *initWithStyle(Style style, const QString &reuseIdentifier,
                                           QQmlEngine &engine);

@@ -27,7 +27,6 @@ CustomTableCell {
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 9
         elide: Text.ElideRight
-        Accessible.ignored: true
     }
     LabelView {
         label: cell.description
@@ -36,32 +35,11 @@ CustomTableCell {
         minimumPixelSize: 7
         wrapMode: Text.Wrap
         elide: Text.ElideRight
-        Accessible.ignored: true
     }
     LabelView {
         label: cell.colorLabel
         font.pixelSize: 9
         horizontalAlignment: Text.AlignRight
         elide: Text.ElideRight
-        Accessible.role: Accessible.StaticText
-        Accessible.name: cell.colorLabel.text
-    }
-    Rectangle {
-        anchors.fill: parent
-        color: "#33000000"
-        opacity: cell.selected ? 1 : 0
-
-        Behavior on opacity {
-            NumberAnimation {
-                duration: 150
-            }
-        }
-    }
-    Rectangle {
-        anchors.fill: parent
-        color: "transparent"
-        border.color: "#0A60FF"
-        border.width: 3
-        visible: cell.focused
     }
 }

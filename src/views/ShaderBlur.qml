@@ -6,6 +6,8 @@ import Tintloom
 Item {
     id: blur
 
+    objectName: "blur"
+
     readonly property Backdrop backdrop: parent as Backdrop
 
     ShaderEffectSource {

@@ -1,0 +1,55 @@
+#include "platform/DispatchQueue.h"
+
+#include <QCoreApplication>
+
+#include <future>
+#include <gtest/gtest.h>
+#include <numeric>
+
+TEST(DispatchQueueTest, runsBlocksInOrderOnOneOtherThread)
+{
+    std::vector<int> seen;
+    std::vector<std::thread::id> threads;
+    {
+        DispatchQueue queue("test.order");
+        for (int i = 0; i < 1000; ++i)
+            queue.async([&, i] {
+                seen.push_back(i);
+                threads.push_back(std::this_thread::get_id());
+            });
+        queue.sync([&] { EXPECT_EQ(seen.size(), 1000U); });
+        queue.async([&] { seen.push_back(1000); });
+    } // the destructor runs what is still queued
+    std::vector<int> expected(1001);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(seen, expected);
+    EXPECT_NE(threads.front(), std::this_thread::get_id());
+    EXPECT_EQ(std::ranges::count(threads, threads.front()), 1000);
+}
+
+TEST(DispatchQueueTest, aBlockLetsGoOfWhatItHoldsOnceRun)
+{
+    DispatchQueue queue("test.release");
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> watch = held;
+    queue.async([held = std::move(held)] {});
+    queue.sync([] {}); // the next block starts only after the first is gone
+    EXPECT_TRUE(watch.expired());
+}
+
+TEST(DispatchQueueTest, theMainQueueRunsOnTheMainThreadLater)
+{
+    std::vector<std::string> seen;
+    std::thread::id thread;
+    DispatchQueue queue("test.main");
+    queue.sync([&] {
+        MainQueue::async([&] {
+            seen.push_back("block");
+            thread = std::this_thread::get_id();
+        });
+    });
+    seen.push_back("before");
+    MainQueue::drain();
+    EXPECT_EQ(seen, (std::vector<std::string>{"before", "block"}));
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}

@@ -1,0 +1,112 @@
+#include "platform/NSFileManager.h"
+
+#include "support/Files.h"
+
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+
+namespace
+{
+struct NSFileManagerTest : testing::Test {
+    QTemporaryDir folder;
+    QString path(const char *name) const { return folder.filePath(QLatin1String(name)); }
+};
+
+unsigned permissions(const QString &path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path), &status) == 0 ? status.st_mode & 07777U : 0U;
+}
+} // namespace
+
+TEST_F(NSFileManagerTest, writesWholeFilesAndLeavesNothingElse)
+{
+    const QByteArray large(3'000'000, 'x');
+    for (const QByteArray &bytes : {QByteArray("first"), large, QByteArray(), QByteArray("last")}) {
+        ASSERT_FALSE(NSFileManager::writeToFile(path("file"), bytes));
+        EXPECT_EQ(contents(path("file")), bytes);
+        EXPECT_EQ(tree(folder.path()), QStringList("file"));
+    }
+}
+
+TEST_F(NSFileManagerTest, failedWriteKeepsWhatStood)
+{
+    put(path("target/inside"), "kept"); // a folder cannot be replaced by a file
+    EXPECT_EQ(NSFileManager::writeToFile(path("target"), "new"), std::errc::is_a_directory);
+    EXPECT_EQ(tree(folder.path()), QStringList({"target", "target/inside"}));
+}
+
+TEST_F(NSFileManagerTest, failuresCarryTheSystemsReason)
+{
+    put(path("file"), "text");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
+    const QString below = path("file/below/deep");
+    const QString missing = path("missing/file");
+    using FM = NSFileManager;
+    const struct {
+        const char *name;
+        std::error_code error;
+        std::errc expected;
+    } cases[] = {
+        {"create below a file", FM::createDirectoryAtPath(below), std::errc::not_a_directory},
+        {"create over a file", FM::createDirectoryAtPath(path("file")), std::errc::not_a_directory},
+        {"write below a file", FM::writeToFile(below, "x"), std::errc::not_a_directory},
+        {"write nowhere", FM::writeToFile(missing, "x"), std::errc::no_such_file_or_directory},
+        {"permissions", FM::setPosixPermissions(below, 0777), std::errc::not_a_directory},
+        {"remove", FM::removeItemAtPath(missing), std::errc::no_such_file_or_directory},
+        {"read", FM::contentsAtPath(missing).error, std::errc::no_such_file_or_directory},
+        {"read a folder", FM::contentsAtPath(folder.path()).error, std::errc::is_a_directory},
+        {"read a pipe", FM::contentsAtPath(path("pipe")).error, std::errc::invalid_argument},
+    };
+    for (const auto &[name, error, expected] : cases)
+        EXPECT_EQ(error, expected) << name << ": " << error.message();
+    EXPECT_EQ(FM::createDirectoryAtPath(below).message(), "Not a directory");
+    EXPECT_EQ(tree(folder.path()), QStringList({"file", "pipe"}));
+}
+
+TEST_F(NSFileManagerTest, neverTouchesWhatALinkPointsTo)
+{
+    put(path("outside/file"), "kept");
+    const unsigned before = permissions(path("outside/file"));
+    ASSERT_FALSE(NSFileManager::createDirectoryAtPath(path("package/inner")));
+    ASSERT_TRUE(QFile::link(path("outside"), path("package/inner/folder")));
+    ASSERT_TRUE(QFile::link(path("outside/file"), path("package/link")));
+    ASSERT_TRUE(QFile::link(path("nowhere"), path("dangling")));
+
+    EXPECT_TRUE(NSFileManager::fileExistsAtPath(path("dangling")));
+    EXPECT_TRUE(NSFileManager::setPosixPermissions(path("package/link"), 0777));
+    EXPECT_EQ(permissions(path("outside/file")), before);
+    EXPECT_FALSE(NSFileManager::removeItemAtPath(path("package")));
+    EXPECT_FALSE(NSFileManager::removeItemAtPath(path("dangling")));
+    EXPECT_EQ(tree(folder.path()), QStringList({"outside", "outside/file"}));
+}
+
+TEST_F(NSFileManagerTest, permissionsAreExactWhateverTheUmask)
+{
+    const mode_t previous = ::umask(027);
+    put(path("file"), "text");
+    EXPECT_EQ(permissions(path("file")), 0640U);
+    EXPECT_FALSE(NSFileManager::setPosixPermissions(path("file"), 0777));
+    EXPECT_EQ(permissions(path("file")), 0777U);
+    ::umask(previous);
+}
+
+TEST_F(NSFileManagerTest, faultHookStopsAnOperationBeforeItActs)
+{
+    put(path("file"), "old");
+    int calls = 0;
+    const FaultHookGuard guard([&](NSFileManager::Operation, const QString &asked) {
+        EXPECT_EQ(asked, path("file"));
+        ++calls;
+        return std::make_error_code(std::errc::io_error);
+    });
+    EXPECT_FALSE(NSFileManager::fileExistsAtPath(path("file")));
+    EXPECT_EQ(NSFileManager::contentsAtPath(path("file")).error, std::errc::io_error);
+    EXPECT_EQ(NSFileManager::writeToFile(path("file"), "new"), std::errc::io_error);
+    EXPECT_EQ(NSFileManager::removeItemAtPath(path("file")), std::errc::io_error);
+    EXPECT_EQ(NSFileManager::setPosixPermissions(path("file"), 0), std::errc::io_error);
+    EXPECT_EQ(calls, 5);
+    NSFileManager::setFaultHook({});
+    EXPECT_EQ(contents(path("file")), "old");
+}

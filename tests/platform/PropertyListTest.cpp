@@ -1,0 +1,215 @@
+#include "platform/PropertyList.h"
+
+#include <QDateTime>
+#include <QXmlStreamReader>
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+PropertyDictionary dictionaryOf(std::initializer_list<PropertyDictionary::Entry> entries)
+{
+    PropertyDictionary dictionary;
+    for (const auto &[key, value] : entries)
+        dictionary.setValue(key, value);
+    return dictionary;
+}
+
+QByteArray xmlList(const QByteArray &inside)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + inside +
+           "</plist>";
+}
+
+/// A binary list of up to 255 objects, the first of them the root.
+QByteArray binaryList(const QList<QByteArray> &objects)
+{
+    QByteArray bytes = "bplist00";
+    QByteArray offsets;
+    for (const QByteArray &object : objects) {
+        offsets += char(bytes.size() >> 8);
+        offsets += char(bytes.size() & 0xff);
+        bytes += object;
+    }
+    const qsizetype table = bytes.size();
+    const QByteArray zeros(7, '\0');
+    return bytes + offsets + QByteArray(6, '\0') + '\2' + '\1' + zeros + char(objects.size()) +
+           QByteArray(8, '\0') + QByteArray(6, '\0') + char(table >> 8) + char(table & 0xff);
+}
+} // namespace
+
+TEST(PropertyListTest, everyTypeComesBackInOrder)
+{
+    const QDateTime date(QDate(2024, 2, 29), QTime(12, 30, 15), Qt::UTC);
+    const auto dictionary = dictionaryOf({
+        {u"z"_s, u"#FF00AAFF"_s},
+        {u"empty"_s, u""_s},
+        {u"text"_s, u" <&>\"' ]]>\n\t\U0001F3A8 ä "_s},
+        {u"<key & more>"_s, true},
+        {u"false"_s, false},
+        {u"negative"_s, -5LL},
+        {u"least"_s, std::numeric_limits<qint64>::min()},
+        {u"most"_s, std::numeric_limits<qint64>::max()},
+        {u"tenth"_s, 0.1},
+        {u"third"_s, 1.0 / 3.0},
+        {u"huge"_s, 1e300},
+        {u"tiny"_s, 5e-324},
+        {u"infinite"_s, -std::numeric_limits<double>::infinity()},
+        {u"data"_s, QByteArray("\0\xff\x80", 3)},
+        {u"date"_s, date},
+        {u"array"_s, QVariantList{u"a"_s, 2LL, QVariantList{}, QVariantMap{{u"k"_s, false}}}},
+        {u"a"_s, QVariantMap{{u"y"_s, 1LL}, {u"x"_s, 1.5}}},
+    });
+    const auto restored = PropertyList::readDictionary(PropertyList::writeDictionary(dictionary));
+    ASSERT_TRUE(restored);
+    ASSERT_EQ(restored->entries().size(), dictionary.entries().size());
+    for (size_t i = 0; i < dictionary.entries().size(); ++i) {
+        const auto &[key, value] = dictionary.entries()[i];
+        EXPECT_EQ(restored->entries()[i].first, key);
+        EXPECT_EQ(restored->entries()[i].second.typeId(), value.typeId()) << key.toStdString();
+        EXPECT_EQ(restored->entries()[i].second, value) << key.toStdString();
+    }
+}
+
+TEST(PropertyListTest, writtenTextIsWellFormedWhateverTheStringsHold)
+{
+    QString nasty;
+    for (char16_t unit = 0; unit < 0xa0; ++unit)
+        nasty += QChar(unit);
+    nasty += QChar(0xd800) + u"x"_s + QChar(0xdc00) + QChar(0xfffe) + QChar(0xffff);
+    const auto dictionary = dictionaryOf(
+        {{nasty, nasty}, {u"null"_s, QVariant()}, {u"list"_s, QVariantList{QVariant()}}});
+    const QByteArray xml = PropertyList::writeDictionary(dictionary);
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd())
+        reader.readNext();
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    const auto restored = PropertyList::readDictionary(xml);
+    ASSERT_TRUE(restored);
+    ASSERT_EQ(restored->entries().size(), 2U); // null has no written form
+    EXPECT_TRUE(restored->entries()[0].first.startsWith(u"\t\n\r !\"#$%&'()"_s));
+    EXPECT_EQ(restored->entries()[1].second.toList().size(), 0);
+}
+
+TEST(PropertyListTest, readsOnlyDictionaries)
+{
+    const QByteArray good = xmlList("<dict><key>k</key><integer>-7</integer></dict>");
+    const struct {
+        const char *name;
+        QByteArray bytes;
+        bool readable;
+    } cases[] = {
+        {"plain", good, true},
+        {"byte order mark", "\xEF\xBB\xBF" + good, true},
+        {"comments", xmlList("<!-- <dict> --><dict><!-- </dict> --></dict>"), true},
+        {"character data", xmlList("<dict><key>k</key><string><![CDATA[<dict>]]></string></dict>"),
+         true},
+        {"flat with many arrays",
+         xmlList("<dict><key>k</key><array>" + QByteArray("<array></array>").repeated(2000) +
+                 "</array></dict>"),
+         true},
+        {"binary", binaryList({"\xd1\x01\x02", "\x51k", "\x51v"}), true},
+        {"array on top", xmlList("<array></array>"), false},
+        {"nothing", "", false},
+        {"other text", "not a property list", false},
+        {"cut off", good.left(good.size() / 2), false},
+        {"binary cut off", binaryList({"\xd1\x01\x02", "\x51k", "\x51v"}).chopped(3), false},
+        {"binary that points outside", binaryList({"\xd1\x01\x09", "\x51k"}), false},
+        {"binary without trailer", "bplist00", false},
+    };
+    for (const auto &[name, bytes, readable] : cases)
+        EXPECT_EQ(PropertyList::readDictionary(bytes).has_value(), readable) << name;
+    EXPECT_EQ(PropertyList::readDictionary(good)->entries()[0].second, QVariant(-7LL));
+}
+
+// Each of these exhausts the stack or the memory of a reader that trusts it.
+TEST(PropertyListTest, refusesHostileLists)
+{
+    const auto nested = [](const QByteArray &open, const QByteArray &close) {
+        constexpr int depth = 100'000;
+        return xmlList("<dict><key>k</key>" + open.repeated(depth) + close.repeated(depth) +
+                       "</dict>");
+    };
+    QList<QByteArray> doubling{QByteArray("\xd1\x01\x02", 3), "\x51k"};
+    QList<QByteArray> chain = doubling;
+    for (char next = 3; next < 40; ++next)
+        doubling.append(QByteArray("\xa2") + next + next);
+    doubling.append("\x51v");
+    const QByteArray hidingComment = "<array><!-- </array> -->";
+    const struct {
+        const char *name;
+        QByteArray bytes;
+    } cases[] = {
+        {"deep", nested("<array>", "</array>")},
+        {"deep, closers in comments", nested(hidingComment, "</array>")},
+        {"deep, closers in attributes", nested("<array a=\"</array>\">", "</array>")},
+        {"deep, closers in instructions", nested("<array><?x </array> ?>", "</array>")},
+        {"deep, closers between instructions",
+         nested("<array><?x \"?></array><?y \"?>", "</array>")},
+        {"deep dictionaries", nested("<dict><key>k</key>", "</dict>")},
+        {"shared references", binaryList(doubling)},
+        {"key with a zero", binaryList({QByteArray("\xd1\x01\x02", 3),
+                                        QByteArray("\x53"
+                                                   "a\0b",
+                                                   4),
+                                        "\x51v"})},
+        {"itself", binaryList({QByteArray("\xd1\x01\x00", 3), "\x51k"})},
+    };
+    for (const auto &[name, bytes] : cases)
+        EXPECT_FALSE(PropertyList::readDictionary(bytes)) << name;
+}
+
+TEST(PropertyListTest, equalityIsOfTypeAndValue)
+{
+    const qint64 large = (1LL << 53) + 1; // no double
+    const struct {
+        QVariant left, right;
+        bool equal;
+    } cases[] = {
+        {1LL, 1.0, true},
+        {1, 1LL, true},
+        {large, double(large), false},
+        {std::numeric_limits<qint64>::max(), 9223372036854775808.0, false},
+        {1LL, u"1"_s, false},
+        {1LL, true, false},
+        {0.0, false, false},
+        {u"true"_s, true, false},
+        {u"a"_s, u"A"_s, false},
+        {u""_s, QVariant(), false},
+        {QVariant(), QVariant::fromValue(nullptr), true},
+        {QVariantList{1LL}, QVariantList{1.0}, true},
+        {QVariantList{1LL}, QVariantList{u"1"_s}, false},
+        {QVariantMap{{u"k"_s, 1LL}}, QVariantMap{{u"k"_s, 1.0}}, true},
+        {QVariantMap{{u"k"_s, 1LL}}, QVariantMap{{u"l"_s, 1LL}}, false},
+    };
+    for (const auto &[left, right, equal] : cases) {
+        EXPECT_EQ(PropertyList::isEqual(left, right), equal)
+            << PropertyList::textOf(left).toStdString();
+        EXPECT_EQ(PropertyList::isEqual(right, left), equal);
+    }
+}
+
+TEST(PropertyListTest, textOfAnyValue)
+{
+    EXPECT_EQ(PropertyList::textOf(u"#F00"_s), u"#F00"_s);
+    EXPECT_EQ(PropertyList::textOf(true), u"true"_s);
+    EXPECT_EQ(PropertyList::textOf(-14LL), u"-14"_s);
+    EXPECT_EQ(PropertyList::textOf(0.1), u"0.1"_s);
+    EXPECT_EQ(PropertyList::textOf(QVariant()), QString());
+    for (const QVariant &odd :
+         {QVariant(QVariantList{1}), QVariant(QVariantMap{}), QVariant(QByteArray("x")),
+          QVariant(QDateTime::fromSecsSinceEpoch(0))})
+        EXPECT_FALSE(PropertyList::textOf(odd).isEmpty()) << odd.typeName();
+}
+
+TEST(PropertyListTest, aReplacedValueKeepsItsPlace)
+{
+    auto dictionary = dictionaryOf({{u"a"_s, 1LL}, {u"b"_s, 2LL}});
+    dictionary.setValue(u"a"_s, 3LL);
+    EXPECT_EQ(dictionary, dictionaryOf({{u"a"_s, 3LL}, {u"b"_s, 2LL}}));
+    EXPECT_EQ(*dictionary.find(u"a"_s), QVariant(3LL));
+    EXPECT_EQ(dictionary.find(u"c"_s), nullptr);
+}

@@ -1,0 +1,61 @@
+#include "platform/UIColor.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+TEST(UIColorTest, hueAndBack)
+{
+    const struct {
+        UIColor::RGBA rgba;
+        double hue, saturation, brightness;
+    } cases[] = {
+        {{1.0, 0.0, 0.0, 1.0}, 0.0, 1.0, 1.0},
+        {{1.0, 1.0, 0.0, 0.5}, 1.0 / 6.0, 1.0, 1.0},
+        {{0.0, 1.0, 0.0, 1.0}, 2.0 / 6.0, 1.0, 1.0},
+        {{0.0, 1.0, 1.0, 1.0}, 3.0 / 6.0, 1.0, 1.0},
+        {{0.0, 0.0, 1.0, 1.0}, 4.0 / 6.0, 1.0, 1.0},
+        {{1.0, 0.0, 1.0, 1.0}, 5.0 / 6.0, 1.0, 1.0},
+        {{0.25, 0.5, 0.375, 0.25}, 2.5 / 6.0, 0.5, 0.5},
+        {{0.5, 0.5, 0.5, 1.0}, 0.0, 0.0, 0.5},
+        {{0.0, 0.0, 0.0, 1.0}, 0.0, 0.0, 0.0},
+    };
+    for (const auto &[rgba, hue, saturation, brightness] : cases) {
+        const auto made = UIColor::colorWithRed(rgba.red, rgba.green, rgba.blue, rgba.alpha);
+        EXPECT_EQ(made.getRed(), rgba);
+        const auto hsba = made.getHue().value();
+        EXPECT_DOUBLE_EQ(hsba.hue, hue);
+        EXPECT_DOUBLE_EQ(hsba.saturation, saturation);
+        EXPECT_DOUBLE_EQ(hsba.brightness, brightness);
+        EXPECT_EQ(hsba.alpha, rgba.alpha);
+        const auto back =
+            UIColor::colorWithHue(hue, saturation, brightness, rgba.alpha).components();
+        EXPECT_NEAR(back.red, rgba.red, 1e-15);
+        EXPECT_NEAR(back.green, rgba.green, 1e-15);
+        EXPECT_NEAR(back.blue, rgba.blue, 1e-15);
+    }
+    // The full turn is red again, and no red's hue reads as the full turn.
+    EXPECT_EQ(UIColor::colorWithHue(1.0, 1.0, 1.0, 1.0).components(), (UIColor::RGBA{1, 0, 0, 1}));
+    EXPECT_LT(UIColor::colorWithRed(1.0, 0.0, 1e-17, 1.0).getHue()->hue, 1.0);
+}
+
+TEST(UIColorTest, aColorAnswersOnlyInItsOwnModel)
+{
+    const UIColor grey = UIColor::colorWithWhite(0.25, 0.5);
+    EXPECT_FALSE(grey.getRed());
+    EXPECT_EQ(grey.getWhite()->white, 0.25);
+    EXPECT_EQ(grey.components(), (UIColor::RGBA{0.25, 0.25, 0.25, 0.5}));
+    EXPECT_FALSE(UIColor::colorWithHue(0.5, 1.0, 1.0, 1.0).getWhite());
+    EXPECT_EQ(UIColor::clearColor().components(), (UIColor::RGBA{0.0, 0.0, 0.0, 0.0}));
+
+    QImage tile(2, 3, QImage::Format_ARGB32);
+    const UIColor pattern = UIColor::colorWithPatternImage(tile);
+    EXPECT_FALSE(pattern.getRed() || pattern.getWhite() || pattern.getHue());
+    EXPECT_EQ(pattern.patternImage().size(), QSize(2, 3));
+    EXPECT_EQ(pattern.components(), UIColor::clearColor().components());
+}
+
+TEST(UIColorTest, componentsStayInRange)
+{
+    EXPECT_EQ(UIColor::colorWithRed(-1.0, 2.0, NAN, INFINITY).components(),
+              (UIColor::RGBA{0.0, 1.0, 0.0, 1.0}));
+}

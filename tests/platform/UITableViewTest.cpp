@@ -1,0 +1,203 @@
+#include "platform/UITableView.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+class PlainCell : public UITableViewCell
+{
+};
+
+// Sections of given lengths; a reused cell is told from a new one by its pointer.
+class Rows : public UITableViewDataSource, public UITableViewDelegate
+{
+public:
+    explicit Rows(std::vector<int> sections) : _sections(std::move(sections)) {}
+
+    int numberOfSectionsInTableView() const override { return int(_sections.size()); }
+    QString titleForHeaderInSection(int section) const override
+    {
+        return QString("Section %1").arg(section);
+    }
+    int numberOfRowsInSection(int section) const override { return _sections[section]; }
+    UITableViewCell *cellForRowAtIndexPath(UITableView &table, NSIndexPath indexPath) override
+    {
+        UITableViewCell *cell = table.dequeueReusableCellWithIdentifier("plain");
+        if (!cell) {
+            cell = new PlainCell;
+            cell->setReuseIdentifier("plain");
+        }
+        cell->setObjectName(QString("%1.%2").arg(indexPath.section).arg(indexPath.row));
+        return cell;
+    }
+    double heightForRowAtIndexPath(NSIndexPath) const override { return 50.0; }
+    void willDisplayHeaderView(UITableViewHeader &, int) override {}
+    void didSelectRowAtIndexPath(NSIndexPath indexPath) override { selected.push_back(indexPath); }
+    void didDeselectRowAtIndexPath(NSIndexPath indexPath) override
+    {
+        deselected.push_back(indexPath);
+    }
+
+    std::vector<NSIndexPath> selected;
+    std::vector<NSIndexPath> deselected;
+
+private:
+    const std::vector<int> _sections;
+};
+
+class UITableViewTest : public testing::Test
+{
+protected:
+    void show(std::vector<int> sections, double height = 400.0)
+    {
+        rows = std::make_unique<Rows>(std::move(sections));
+        header.setData("import Tintloom\nUITableViewHeader {}", {});
+        table.setProperty("headerComponent", QVariant::fromValue(&header));
+        table.setWidth(320.0);
+        table.setBoundsHeight(height);
+        table.setDelegate(rows.get());
+        table.setDataSource(rows.get());
+        QObject::connect(&table, &UITableView::scrollRequested, &table,
+                         [this](double offset) { scrollTo(offset); });
+        table.setContentInset(20.0, 50.0);
+        table.layoutIfNeeded();
+    }
+    void scrollTo(double offset)
+    {
+        table.setContentOffset(offset);
+        table.layoutIfNeeded();
+    }
+    void key(Qt::Key key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&table, &event);
+        table.layoutIfNeeded();
+    }
+
+    QQmlEngine engine;
+    QQmlComponent header{&engine};
+    std::unique_ptr<Rows> rows;
+    UITableView table;
+};
+} // namespace
+
+extern void qml_register_types_Tintloom();
+
+TEST_F(UITableViewTest, HeadersStickUntilTheNextOnePushesThem)
+{
+    qml_register_types_Tintloom();
+    engine.addImportPath("qrc:/qt/qml");
+    show({3, 0, 10});
+    // Tops: 0, 28 + 150 = 178, 178 + 28 = 206; end 206 + 28 + 500 = 734.
+    EXPECT_EQ(table.contentHeight(), 734.0);
+    EXPECT_EQ(table.contentOffset(), -20.0);
+    const struct {
+        double offset, first, second, third;
+    } cases[] = {
+        {-60.0, 0.0, 178.0, 206.0},   // pulled down: at their places
+        {-20.0, 0.0, 178.0, 206.0},   // at rest, so the first row starts 48 points down
+        {30.0, 50.0, 178.0, 206.0},   // sticks 20 points below the top
+        {140.0, 150.0, 178.0, 206.0}, // pushed by the header of the section without rows
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.offset);
+        scrollTo(c.offset);
+        ASSERT_TRUE(table.headerViewForSection(0));
+        EXPECT_EQ(table.headerViewForSection(0)->y(), c.first);
+        EXPECT_EQ(table.headerViewForSection(1)->y(), c.second);
+        EXPECT_EQ(table.headerViewForSection(2)->y(), c.third);
+        EXPECT_GT(table.headerViewForSection(0)->z(), -1.0);
+    }
+    EXPECT_EQ(table.cellForRowAtIndexPath({0, 2})->frame(), QRectF(0, 128, 320, 50));
+    EXPECT_EQ(table.cellForRowAtIndexPath({2, 0})->frame(), QRectF(0, 234, 320, 50));
+}
+
+TEST_F(UITableViewTest, LivesOnAScreenfulOfCellsAndReusesTheOldestFirst)
+{
+    show({10000, 10000});
+    const UITableViewCell *firstCell = table.cellForRowAtIndexPath({0, 0});
+    ASSERT_TRUE(firstCell);
+    scrollTo(130.0); // rows 0 and 1 are out of sight now
+    EXPECT_EQ(table.cellForRowAtIndexPath({0, 0}), nullptr);
+    EXPECT_EQ(table.cellForRowAtIndexPath({0, 8}), firstCell);
+    for (double offset = 0.0; offset < table.contentHeight(); offset += 1234.5)
+        scrollTo(offset);
+    EXPECT_LE(table.numberOfCells(), 400 / 50 + 2);
+    int inSight = 0;
+    for (const QQuickItem *child : table.childItems())
+        inSight += qobject_cast<const UITableViewCell *>(child) && child->isVisible();
+    EXPECT_LE(inSight, 400 / 50 + 1); // what is pooled is hidden
+    const QString name = table.cellForRowAtIndexPath({1, 9999})->objectName();
+    EXPECT_EQ(name, "1.9999");
+    table.reloadData();
+    table.layoutIfNeeded();
+    EXPECT_LE(table.numberOfCells(), 400 / 50 + 2);
+}
+
+TEST_F(UITableViewTest, SelectsWhatIsTappedUnlessToldNotTo)
+{
+    show({3, 0, 10});
+    table.tap({10, 28 + 50 + 1});
+    EXPECT_EQ(rows->selected, (std::vector<NSIndexPath>{{0, 1}}));
+    EXPECT_TRUE(table.cellForRowAtIndexPath({0, 1})->isSelected());
+
+    for (const double y : {-5.0, 5.0, 190.0, 220.0, 800.0}) // above, three headers, below
+        table.tap({10, y});
+    EXPECT_EQ(rows->selected.size(), 1u);
+
+    table.tap({10, 234.0 + 1});
+    EXPECT_EQ(rows->selected.back(), (NSIndexPath{2, 0}));
+    EXPECT_EQ(rows->deselected, (std::vector<NSIndexPath>{{0, 1}}));
+    EXPECT_FALSE(table.cellForRowAtIndexPath({0, 1})->isSelected());
+
+    table.setAllowsSelection(false);
+    table.setPressed(true, {10, 40});
+    table.tap({10, 40});
+    EXPECT_EQ(rows->selected.size(), 2u);
+    EXPECT_FALSE(table.cellForRowAtIndexPath({0, 0})->isSelected());
+}
+
+TEST_F(UITableViewTest, KeysWalkThroughRowsAcrossEmptySections)
+{
+    show({3, 0, 10, 0});
+    const auto enter = [this] {
+        key(Qt::Key_Return);
+        return rows->selected.back();
+    };
+    key(Qt::Key_Down);
+    EXPECT_EQ(enter(), (NSIndexPath{0, 0}));
+    for (int i = 0; i < 3; ++i)
+        key(Qt::Key_Down);
+    EXPECT_EQ(enter(), (NSIndexPath{2, 0}));
+    key(Qt::Key_Up);
+    EXPECT_EQ(enter(), (NSIndexPath{0, 2}));
+    key(Qt::Key_PageDown); // 400 - 20 - 28 - 50 points hold six rows
+    EXPECT_EQ(enter(), (NSIndexPath{2, 5}));
+    key(Qt::Key_End);
+    EXPECT_EQ(enter(), (NSIndexPath{2, 9}));
+    key(Qt::Key_Down);
+    EXPECT_EQ(enter(), (NSIndexPath{2, 9}));
+    const QRectF last = table.rectForRow({2, 9});
+    EXPECT_LE(last.bottom(), table.contentOffset() + 400.0 - 50.0);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(enter(), (NSIndexPath{2, 3}));
+    key(Qt::Key_Home);
+    EXPECT_EQ(enter(), (NSIndexPath{0, 0}));
+    EXPECT_EQ(table.contentOffset(), -20.0);
+}
+
+TEST_F(UITableViewTest, StandsEmptyTables)
+{
+    for (const std::vector<int> &sections : {std::vector<int>{}, std::vector<int>{0, 0}}) {
+        show(sections);
+        for (const Qt::Key k : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_End, Qt::Key_Return})
+            key(k);
+        table.tap({10, 10});
+        EXPECT_TRUE(rows->selected.empty());
+        EXPECT_EQ(table.numberOfCells(), 0);
+    }
+}

@@ -1,0 +1,119 @@
+// A started program in an offscreen window, on folders of its own.
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "editor/CustomViewController.h"
+#include "platform/UINavigationController.h"
+#include "platform/UIScreen.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+class EditorFixture : public testing::Test
+{
+protected:
+    /// One element of a data source; the defaults make a colour element without a colour.
+    static QJsonObject element(const QString &key, const QString &section,
+                               const QJsonValue &color = QJsonValue::Null,
+                               const QJsonValue &options = QJsonValue::Null,
+                               const QJsonValue &value = QJsonValue::Null)
+    {
+        return {{"key", key},        {"name", "Name of " + key}, {"description", "About " + key},
+                {"color", color},    {"options", options},       {"value", value},
+                {"section", section}};
+    }
+
+    /// That many colour elements in one section.
+    static QJsonArray manyElements(int count)
+    {
+        QJsonArray elements;
+        for (int i = 0; i < count; ++i)
+            elements.append(element(QString("key-%1").arg(i), "All", "#336699FF"));
+        return elements;
+    }
+
+    void writeDocument(const QByteArray &bytes)
+    {
+        QFile file(_folder.filePath("initialDatasource.txt"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    void writeDocument(const QJsonArray &elements)
+    {
+        writeDocument(QJsonDocument(elements).toJson());
+    }
+    /// The elements that ship.
+    void useShippedDocument() { _resources = TINTLOOM_SOURCE_RESOURCES; }
+
+    EditorFolders folders() const
+    {
+        return {_resources, {_packageRoot, _folder.filePath("documents")}};
+    }
+
+    /// Starts the program, or starts it again, as after a restart.
+    void start(QSize size = {320, 568})
+    {
+        stop();
+        UIScreen::mainScreen().setSize(size);
+        _app = std::make_unique<AppDelegate>(folders());
+        ASSERT_TRUE(_app->didFinishLaunchingWithOptions());
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
+        settle();
+    }
+    void stop() { _app.reset(); }
+
+    UIWindow &window() { return *_app->window(); }
+    UINavigationController &navigation()
+    {
+        return *static_cast<UINavigationController *>(window().rootViewController());
+    }
+    CustomViewController &editor()
+    {
+        return *static_cast<CustomViewController *>(navigation().topViewController());
+    }
+    UITableView &table() { return *editor().view()->property("table").value<UITableView *>(); }
+    QQuickItem *item(const char *name) { return editor().view()->findChild<QQuickItem *>(name); }
+
+    /// Where an item is, in the window.
+    static QRectF sceneFrame(const QQuickItem *item)
+    {
+        return item->mapRectToScene(item->boundingRect());
+    }
+    void tap(QPointF point)
+    {
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, point.toPoint());
+        settle();
+    }
+    void tapSave() { tap(sceneFrame(item("_saveButton")).center()); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(&window(), key, modifiers);
+        settle();
+    }
+    /// Lets pending events run and the table lay itself out.
+    void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        table().layoutIfNeeded();
+    }
+    bool waitForAlert()
+    {
+        return QTest::qWaitFor([this] { return window().alert() != nullptr; });
+    }
+    QImage grab() { return window().grabWindow(); }
+
+    QTemporaryDir _folder;
+    QString _resources = _folder.path();
+    QString _packageRoot = _folder.filePath("themes");
+
+private:
+    std::unique_ptr<AppDelegate> _app;
+};

@@ -1,0 +1,124 @@
+#include "theme/ColorText.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/// The 32 bits that a colour was read from.
+quint32 bits(const UIColor &color)
+{
+    const auto [red, green, blue, alpha] = color.components();
+    const auto byte = [](double component) {
+        const auto value = quint32(component * 255.0 + 0.5);
+        EXPECT_EQ(component, double(float(value) / 255.0F)); // single precision, stored as double
+        return value;
+    };
+    return byte(red) << 24 | byte(green) << 16 | byte(blue) << 8 | byte(alpha);
+}
+} // namespace
+
+TEST(ColorTextTest, readsAnyText)
+{
+    const struct {
+        QString text;
+        quint32 expected;
+    } cases[] = {
+        {u"#F00"_s, 0xFF0000FF},
+        {u"f0a"_s, 0xFF00AAFF},
+        {u"#12ab9F"_s, 0x12AB9FFF},
+        {u"FF000080"_s, 0xFF000080},
+        {u"##FF0000"_s, 0xFF0000FF},
+        {u"F#F0#0#00"_s, 0xFF0000FF},
+        {u"ABCD"_s, 0x0000ABCD},
+        {u"1234567"_s, 0x01234567},
+        {u"12345"_s, 0x00012345},
+        {u"A"_s, 0x0000000A},
+        {u"#123456789"_s, 0xFFFFFFFF},
+        {u"000000001"_s, 0x00000001},
+        {u"FFFFFFFFFFFFFFFFFFFFF"_s, 0xFFFFFFFF},
+        {u""_s, 0},
+        {u"#"_s, 0},
+        {u"null"_s, 0},
+        {u"xyz"_s, 0},
+        {u"12345g78"_s, 0x00012345},
+        {u"  \t\nFF000080"_s, 0xFF000080},
+        {u"0xFF00"_s, 0x00FF00FF},
+        {u"0XFF000080"_s, 0xFF000080},
+        {u" 0x12345678"_s, 0x12345678},
+        {u"0xF"_s, 0},
+        {u"0x"_s, 0},
+        {u"0x0x12345"_s, 0},
+        {u"-FF000080"_s, 0},
+        {u"\uFF11\uFF12\uFF13"_s, 0},
+        {u"\U0001F3A8a"_s, 0},
+    };
+    for (const auto &[text, expected] : cases)
+        EXPECT_EQ(bits(colorFromHexString(text)), expected) << text.toStdString();
+}
+
+TEST(ColorTextTest, writesTruncated)
+{
+    const struct {
+        UIColor color;
+        QString expected;
+    } cases[] = {
+        {UIColor::colorWithRed(0.5, 1.0, 0.0, 0.999), u"#7FFF00FE"_s},
+        {UIColor::colorWithRed(0.1, 0.2, 0.3, 0.4), u"#19334C66"_s},
+        {UIColor::whiteColor(), u"#FFFFFFFF"_s},
+        {UIColor::clearColor(), u"#00000000"_s},
+        {colorFromHexString(u"#FF000080"_s), u"#FF000080"_s},
+        {colorFromHexString(u"#F00"_s), u"#FF0000FF"_s},
+    };
+    for (const auto &[color, expected] : cases)
+        EXPECT_EQ(hexStringForColor(color), expected);
+}
+
+TEST(ColorTextTest, brightnessDecidesTheTextsColor)
+{
+    const struct {
+        UIColor color;
+        double brightness;
+        bool black;
+    } cases[] = {
+        {colorFromHexString(u"#FFFFFF40"_s), 1.0, true},
+        {colorFromHexString(u"#00000030"_s), 1.0, true}, // below an alpha of 0.2
+        {colorFromHexString(u"#000000FF"_s), 0.0, false},
+        {colorFromHexString(u"#F00"_s), 0.2126, false},
+        {colorFromHexString(u"#0F0"_s), 0.7152, true},
+        {colorFromHexString(u""_s), 1.0, true},
+        // The limit is 0.2 in single precision, a trace above 0.2.
+        {UIColor::colorWithRed(0.0, 0.0, 0.0, 0.2), 1.0, true},
+        {UIColor::colorWithRed(0.0, 0.0, 0.0, double(0.2F)), 0.0, false},
+    };
+    for (const auto &[color, brightness, black] : cases) {
+        EXPECT_DOUBLE_EQ(brightnessFromColor(color), brightness);
+        EXPECT_EQ(prefersBlackText(color), black);
+    }
+}
+
+TEST(ColorTextTest, typedTextIsTakenDigitForDigitOrRefused)
+{
+    const struct {
+        QString text;
+        std::optional<QString> expected;
+    } cases[] = {
+        {u"#f0A"_s, u"#FF00AAFF"_s},
+        {u"12ab9f"_s, u"#12AB9FFF"_s},
+        {u"#01020304"_s, u"#01020304"_s}, // bytes that a colour's round trip would lower
+        {u""_s, {}},
+        {u"#"_s, {}},
+        {u"##F00"_s, {}},
+        {u"F#00"_s, {}},
+        {u"12"_s, {}},
+        {u"1234"_s, {}},
+        {u"123456789"_s, {}},
+        {u"0xFF00"_s, {}},
+        {u" F00"_s, {}},
+        {u"F0G"_s, {}},
+        {u"\uFF11\uFF12\uFF13"_s, {}},
+    };
+    for (const auto &[text, expected] : cases)
+        EXPECT_EQ(normalizedColorText(text), expected) << text.toStdString();
+}

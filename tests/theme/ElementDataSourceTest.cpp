@@ -1,0 +1,238 @@
+#include "theme/ElementDataSource.h"
+
+#include "support/ThemeFixture.h"
+
+#include <QDateTime>
+
+using namespace Qt::StringLiterals;
+using Status = ElementDataSource::Status;
+
+namespace
+{
+struct ElementDataSourceTest : ThemeFixture {
+    static QStringList keys(const ElementDataSource &source, int section)
+    {
+        QStringList keys;
+        for (int row = 0; row < source.numberOfRowsInSection(section); ++row)
+            keys.append(source.record(section, row).key);
+        return keys;
+    }
+};
+} // namespace
+
+TEST_F(ElementDataSourceTest, groupsExactlyAndSortsWithoutCase)
+{
+    putElements({element("a", "null", "null", "null", "\"beta\""),
+                 element("b", "null", "null", "null", "\"Alpha\""),
+                 element("c", "null", "null", "null", "\"Beta\""),
+                 element("d", "null", "null", "null", "null"),
+                 element("e", "null", "null", "null", "\"beta\"")});
+    const auto source = load();
+    EXPECT_EQ(source.status(), Status::Loaded);
+    EXPECT_EQ(source.sortedSections(), QStringList({"Alpha", "Beta", "beta", "MISSING SECTION"}));
+    EXPECT_EQ(keys(source, 1), QStringList("c"));
+    EXPECT_EQ(keys(source, 2), QStringList({"a", "e"}));
+    EXPECT_EQ(source.numberOfRowsInSection(3), 0); // the fault shows, the row does not
+    EXPECT_TRUE(log.contains("\nMISSING SECTION: Name of d\n"_L1));
+    EXPECT_TRUE(log.startsWith("path: %1\n"_L1.arg(locations.workingCopy())));
+
+    ASSERT_EQ(source.tableSource().size(), 5U);
+    source.record(2, 1).color = u"#123"_s; // both views show the same record
+    EXPECT_EQ(source.tableSource()[4]->color, QVariant(u"#123"_s));
+    EXPECT_FALSE(source.tableSource()[3]->section);
+}
+
+TEST_F(ElementDataSourceTest, savedValuesLieOverTheDocumentsOwn)
+{
+    const QDateTime date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC);
+    const QByteArray options = "{\"Zero\":\"0\",\"One\":1,\"Yes\":true}";
+    struct Case {
+        const char *name;
+        QByteArray color, options, value; // as in the document
+        QVariant saved;                   // null: nothing
+        QVariant expectedColor, expectedValue;
+        std::optional<QString> shownColor;
+        QString shownOption;
+    };
+    const QVariantList list{1LL, 2LL};
+    const std::vector<Case> cases = {
+        {"nothing", "\"#111\"", "null", "null", {}, u"#111"_s, {}, u"#111"_s, {}},
+        {"color", "\"#111\"", "null", "null", u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
+        {"removed color", "\"#111\"", "null", "null", u""_s, u""_s, {}, {}, {}},
+        {"null color", "null", "null", "null", u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
+        {"(null)", "\"#111\"", "null", "null", u"(null)"_s, u"#111"_s, {}, u"#111"_s, {}},
+        {"null", "\"#111\"", "null", "null", u"null"_s, u"#111"_s, {}, u"#111"_s, {}},
+        {"number for a color", "\"#111\"", "null", "null", 7LL, 7LL, {}, u"7"_s, {}},
+        {"array for a color", "\"#111\"", "null", "null", list, list, {}, u"(2 values)"_s, {}},
+        {"date for a color",
+         "\"#111\"",
+         "null",
+         "null",
+         date,
+         date,
+         {},
+         u"2023-11-14T22:13:20Z"_s,
+         {}},
+        {"choice", "null", options, "1", true, {}, true, {}, u"Yes"_s},
+        {"number", "null", options, "\"0\"", 1.0, {}, 1.0, {}, u"One"_s},
+        {"no such option", "null", options, "1", u"1"_s, {}, u"1"_s, {}, {}},
+        {"empty text is a value", "null", options, "\"\"", u"0"_s, {}, u"0"_s, {}, u"Zero"_s},
+        {"data for a choice", "null", options, "1", QByteArray("x"), {}, QByteArray("x"), {}, {}},
+        // An open choice receives what was saved as its colour.
+        {"open choice", "null", options, "null", u"0"_s, u"0"_s, {}, u"0"_s, {}},
+        // A colour element with a value of its own keeps its colour.
+        {"colour with value",
+         "\"#111\"",
+         "null",
+         "5",
+         u"#222"_s,
+         u"#111"_s,
+         u"#222"_s,
+         u"#111"_s,
+         {}},
+    };
+    QByteArrayList elements;
+    PropertyDictionary saved;
+    for (const Case &c : cases) {
+        elements.append(element(c.name, c.color, c.options, c.value));
+        saved.setValue(QString::fromLatin1(c.name), c.saved);
+    }
+    putElements(elements);
+    putSaved(saved);
+    const auto source = load();
+    ASSERT_EQ(source.tableSource().size(), cases.size());
+    for (size_t i = 0; i < cases.size(); ++i) {
+        const ElementRecord &record = *source.tableSource()[i];
+        EXPECT_TRUE(PropertyList::isEqual(record.color, cases[i].expectedColor)) << cases[i].name;
+        EXPECT_TRUE(PropertyList::isEqual(record.value, cases[i].expectedValue)) << cases[i].name;
+        EXPECT_EQ(record.shownColor(), cases[i].shownColor) << cases[i].name;
+        EXPECT_EQ(record.shownOption(), cases[i].shownOption) << cases[i].name;
+    }
+    EXPECT_EQ(log.count("neither text nor number"_L1), 3);
+}
+
+TEST_F(ElementDataSourceTest, anUnreadableWorkingCopyIsNone)
+{
+    putElements({element("a", "\"#111\"")});
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("garbage"), QByteArray("bplist00"),
+                                    QByteArray("<plist version=\"1.0\"><array/></plist>"),
+                                    QByteArray("<plist version=\"1.0\"><dict><key>a</key>")}) {
+        put(locations.workingCopy(), bytes);
+        EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
+    }
+    NSFileManager::removeItemAtPath(locations.workingCopy());
+    put(locations.workingCopy() + "/folder"_L1, "x");
+    EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
+}
+
+TEST_F(ElementDataSourceTest, oddTypesAreTakenAsText)
+{
+    put(document, R"([{"key":5,"name":null,"description":true,"color":[1],"options":"x",)"
+                  R"("value":{"a":null},"section":0.5}])");
+    const auto source = load();
+    ASSERT_EQ(source.sortedSections(), QStringList("0.5"));
+    const ElementRecord &record = source.record(0, 0);
+    EXPECT_EQ(record.key, u"5"_s);
+    EXPECT_EQ(record.name, u""_s);
+    EXPECT_EQ(record.description, u"true"_s);
+    EXPECT_TRUE(record.isChoice());
+    EXPECT_EQ(record.options->size(), 0);
+    EXPECT_EQ(record.shownOption(), QString());
+    EXPECT_EQ(record.shownColor(), u"(1 values)"_s);
+}
+
+TEST_F(ElementDataSourceTest, numbersKeepTheirKind)
+{
+    putElements({element("a", "null", "{\"n\":9007199254740993,\"r\":0.5,\"b\":false}", "0.1")});
+    const auto source = load();
+    const ElementRecord &record = source.record(0, 0);
+    EXPECT_EQ(record.options->value(u"n"_s), QVariant(9007199254740993LL));
+    EXPECT_EQ(record.options->value(u"n"_s).typeId(), QMetaType::LongLong);
+    EXPECT_EQ(record.options->value(u"r"_s).typeId(), QMetaType::Double);
+    EXPECT_EQ(record.options->value(u"b"_s).typeId(), QMetaType::Bool);
+    EXPECT_EQ(record.value, QVariant(0.1));
+}
+
+TEST_F(ElementDataSourceTest, aFaultyDocumentSaysWhatIsWrong)
+{
+    const QByteArray good = element("a", "null");
+    std::vector<std::tuple<QByteArray, Status, QString>> cases = {
+        {"", Status::Malformed, {}},
+        {"[", Status::Malformed, {}},
+        {"[" + good + ",]", Status::Malformed, {}},
+        {good, Status::Malformed, u"array"_s},
+        {"\"text\"", Status::Malformed, {}},
+        {"[]", Status::Loaded, {}},
+        {"\xEF\xBB\xBF[" + good + "]", Status::Loaded, {}},
+        {"[" + good + ", \"\xff\"]", Status::Unusable, u"UTF-8"_s},
+        {"[" + good + ", 5]", Status::Unusable, u"item 1 "_s},
+        {"[" + good + ", null]", Status::Unusable, u"item 1 "_s},
+    };
+    for (const QByteArray key :
+         {"key", "name", "description", "color", "options", "value", "section"}) {
+        QByteArray item = good;
+        item.replace("\"" + key + "\":", "\"" + key + "s\":");
+        cases.emplace_back("[" + good + "," + item + "]", Status::Unusable,
+                           u"item 1 has no \"%1\""_s.arg(QString::fromLatin1(key)));
+    }
+    for (const auto &[text, status, reason] : cases) {
+        put(document, text);
+        const auto source = load();
+        EXPECT_EQ(source.status(), status) << text.toStdString();
+        EXPECT_EQ(source.problem().isEmpty(), status == Status::Loaded) << text.toStdString();
+        EXPECT_TRUE(source.problem().contains(reason)) << source.problem().toStdString();
+        EXPECT_EQ(log.contains(document) && log.contains(reason), status == Status::Unusable);
+        if (status != Status::Loaded) {
+            EXPECT_EQ(source.tableSource().size() + size_t(source.numberOfSections()), 0U);
+        }
+    }
+    NSFileManager::removeItemAtPath(document);
+    EXPECT_EQ(load().status(), Status::Unusable);
+    EXPECT_TRUE(log.contains("%1: No such file or directory\n"_L1.arg(document)));
+}
+
+TEST_F(ElementDataSourceTest, theShippedDocumentIsSound)
+{
+    testing::internal::CaptureStderr();
+    const auto source =
+        ElementDataSource::load(QStringLiteral(TINTLOOM_SOURCE_RESOURCES), locations.documents);
+    testing::internal::GetCapturedStderr();
+    ASSERT_EQ(source.status(), Status::Loaded) << source.problem().toStdString();
+    QStringList names;
+    QStringList keys;
+    for (const auto &record : source.tableSource()) {
+        names.append(record->name);
+        keys.append(record->key);
+        EXPECT_TRUE(record->section) << record->key.toStdString();
+        EXPECT_EQ(record->isChoice(), record->value.isValid()) << record->key.toStdString();
+        EXPECT_EQ(record->isChoice(), !record->shownOption().isEmpty())
+            << record->key.toStdString();
+    }
+    EXPECT_EQ(names.removeDuplicates() + keys.removeDuplicates(), 0);
+    for (const auto &key :
+         {u"green-balloon-colors_1"_s, u"green-balloon-colors_2"_s, u"blue-balloon-colors_1"_s,
+          u"blue-balloon-colors_2"_s, u"gray-balloon-colors_1"_s, u"gray-balloon-colors_2"_s,
+          u"list-background-image"_s, u"unread-indicator-image"_s})
+        EXPECT_TRUE(keys.contains(key)) << key.toStdString();
+}
+
+TEST_F(ElementDataSourceTest, aHugeDocumentLoadsWhole)
+{
+    constexpr int count = 30'000;
+    QByteArrayList elements;
+    PropertyDictionary saved;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray key = "key" + QByteArray::number(i);
+        elements.append(
+            element(key, "\"#111\"", "null", "null", "\"" + QByteArray::number(i % 7) + "\""));
+        saved.setValue(QString::fromLatin1(key), u"#222"_s);
+    }
+    putElements(elements);
+    putSaved(saved);
+    const auto source = load();
+    ASSERT_EQ(source.tableSource().size(), size_t(count));
+    EXPECT_EQ(source.numberOfSections(), 7);
+    EXPECT_EQ(source.record(6, source.numberOfRowsInSection(6) - 1).key, u"key29994"_s);
+    EXPECT_TRUE(std::ranges::all_of(source.tableSource(),
+                                    [](const auto &r) { return r->color == QVariant(u"#222"_s); }));
+}
