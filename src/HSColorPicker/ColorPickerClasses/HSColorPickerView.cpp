@@ -1,0 +1,231 @@
+#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+
+#include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
+
+#include <QQuickWindow>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+HSColorPickerView::HSColorPickerView(QQuickItem *parent)
+    : UIView(parent), _state(HSColorPickerState::initWithColor(UIColor::whiteColor()))
+{
+    initRoutine();
+}
+
+HSColorPickerView::~HSColorPickerView() = default;
+
+HSColorPickerView *HSColorPickerView::initWithFrame(const QRectF &frame, QQuickItem *parent)
+{
+    const double side = std::min(frame.width(), frame.height());
+    auto *view = new HSColorPickerView(parent);
+    view->setFrame({frame.topLeft(), QSizeF(side, side)});
+    return view;
+}
+
+void HSColorPickerView::initRoutine()
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptTouchEvents(true);
+    generateBezierPaths();
+}
+
+void HSColorPickerView::setBrightness(double brightness)
+{
+    _state = _state.stateBySettingBrightness(brightness);
+    handleStateChanged();
+}
+
+void HSColorPickerView::setOpacity(double opacity)
+{
+    _state = _state.stateBySettingAlpha(opacity);
+    handleStateChanged();
+}
+
+void HSColorPickerView::setSelectionColor(const UIColor &color)
+{
+    _state = HSColorPickerState::initWithColor(color);
+    handleStateChanged();
+}
+
+QPointF HSColorPickerView::selection() const
+{
+    return _state.selectionLocationWithSize(paletteDiameter(), paddingDistance());
+}
+
+void HSColorPickerView::setSelection(QPointF point)
+{
+    updateStateForTouchPoint(point);
+}
+
+HSColorPickerState HSColorPickerView::stateForPoint(QPointF point) const
+{
+    return HSColorPickerState::stateForPoint(point, paletteDiameter(), paddingDistance())
+        .stateBySettingAlpha(opacity())
+        .stateBySettingBrightness(brightness());
+}
+
+void HSColorPickerView::setCropToCircle(bool cropToCircle)
+{
+    const bool changed = _cropToCircle != cropToCircle;
+    _cropToCircle = cropToCircle;
+    generateBezierPaths();
+    if (cropToCircle)
+        updateStateForTouchPoint(validPointForTouch(selection()));
+    else
+        handleStateChanged();
+    if (changed)
+        emit cropToCircleChanged();
+}
+
+void HSColorPickerView::setShowLoupe(bool showLoupe)
+{
+    if (_showLoupe == showLoupe)
+        return;
+    _showLoupe = showLoupe;
+    emit showLoupeChanged();
+}
+
+void HSColorPickerView::setDelegate(std::weak_ptr<HSColorPickerViewDelegate> delegate)
+{
+    _delegate = std::move(delegate);
+}
+
+void HSColorPickerView::setFrame(const QRectF &frame)
+{
+    // Position and size change one after the other; that is one change of frame.
+    _isSettingFrame = true;
+    UIView::setFrame(frame);
+    _isSettingFrame = false;
+    resizeOrRescale();
+}
+
+void HSColorPickerView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    UIView::geometryChange(newGeometry, oldGeometry);
+    if (!_isSettingFrame)
+        resizeOrRescale();
+}
+
+void HSColorPickerView::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    UIView::itemChange(change, data);
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+        resizeOrRescale();
+}
+
+void HSColorPickerView::resizeOrRescale()
+{
+    if (!window() || width() == 0.0 || height() == 0.0) {
+        _scale = 0.0;
+        hideLoupeLayer(false);
+        return;
+    }
+    _scale = window()->effectiveDevicePixelRatio();
+    _bitmapNeedsUpdate = true;
+    genBitmap();
+    generateBezierPaths();
+    handleStateChanged();
+}
+
+void HSColorPickerView::genBitmap()
+{
+    if (!_bitmapNeedsUpdate)
+        return;
+    _rep = bitmapForDiameter(width(), _scale, paddingDistance(), true);
+    _bitmapNeedsUpdate = false;
+}
+
+void HSColorPickerView::generateBezierPaths()
+{
+    const double padding = paddingDistance();
+    const QRectF rect = boundingRect().adjusted(padding, padding, -padding, -padding);
+    _activeAreaShape.clear();
+    if (!rect.isValid())
+        return; // too small a view has no active area; a rectangle turned inside out would be one
+    if (_cropToCircle)
+        _activeAreaShape.addEllipse(rect);
+    else
+        _activeAreaShape.addRect(rect);
+}
+
+void HSColorPickerView::handleStateChanged()
+{
+    placeLoupeLayer(selection());
+    if (const auto delegate = _delegate.lock())
+        delegate->colorPickerDidChangeSelection(*this);
+}
+
+QPointF HSColorPickerView::validPointForTouch(QPointF point) const
+{
+    if (_activeAreaShape.contains(point))
+        return point;
+    if (_cropToCircle) {
+        const QPointF middle = boundingRect().center();
+        const QPointF away = point - middle;
+        double angle = std::acos(away.x() / std::sqrt(QPointF::dotProduct(away, away)));
+        if (point.y() > middle.x()) // the view counts as square: both middles are one
+            angle = 2.0 * std::numbers::pi - angle;
+        const double radius = std::abs(paletteDiameter() * 0.5 - paddingDistance());
+        return {middle.x() + radius * std::cos(angle), middle.y() - radius * std::sin(angle)};
+    }
+    const double lower = paddingDistance();
+    const double upper = paletteDiameter() - paddingDistance();
+    const auto clamped = [=](double value) { return std::min(std::max(value, lower), upper); };
+    return {clamped(point.x()), clamped(point.y())};
+}
+
+void HSColorPickerView::updateStateForTouchPoint(QPointF point)
+{
+    _state = stateForPoint(validPointForTouch(point));
+    handleStateChanged();
+}
+
+void HSColorPickerView::showLoupeLayer()
+{
+}
+
+void HSColorPickerView::hideLoupeLayer(bool)
+{
+}
+
+void HSColorPickerView::placeLoupeLayer(QPointF)
+{
+}
+
+void HSColorPickerView::prepareForDiameter(double diameter)
+{
+    HSBitmapCache::shared().prepareForDiameter(diameter);
+}
+
+void HSColorPickerView::prepareForDiameterPadding(double diameter, double padding)
+{
+    HSBitmapCache::shared().prepareForDiameterPadding(diameter, padding);
+}
+
+void HSColorPickerView::prepareForDiameterScale(double diameter, double scale)
+{
+    HSBitmapCache::shared().prepareForDiameterScale(diameter, scale);
+}
+
+void HSColorPickerView::prepareForDiameterScalePadding(double diameter, double scale,
+                                                       double padding)
+{
+    HSBitmapCache::shared().prepareForDiameterScalePadding(diameter, scale, padding);
+}
+
+void HSColorPickerView::prepareForDiameterScalePaddingInBackground(double diameter, double scale,
+                                                                   double padding,
+                                                                   bool inBackground)
+{
+    HSBitmapCache::shared().prepareForDiameterScalePaddingInBackground(diameter, scale, padding,
+                                                                       inBackground);
+}
+
+std::shared_ptr<ANImageBitmapRep> HSColorPickerView::bitmapForDiameter(double diameter,
+                                                                       double scale, double padding,
+                                                                       bool shouldCache)
+{
+    return HSBitmapCache::shared().bitmapForDiameter(diameter, scale, padding, shouldCache);
+}
