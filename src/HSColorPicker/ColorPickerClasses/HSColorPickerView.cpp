@@ -1,5 +1,6 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 #include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
 
 #include <QQuickWindow>
@@ -123,6 +124,8 @@ void HSColorPickerView::resizeOrRescale()
         return;
     }
     _scale = window()->effectiveDevicePixelRatio();
+    if (_loupeLayer)
+        _loupeLayer->setContentsScale(_scale);
     _bitmapNeedsUpdate = true;
     genBitmap();
     generateBezierPaths();
@@ -184,14 +187,25 @@ void HSColorPickerView::updateStateForTouchPoint(QPointF point)
 
 void HSColorPickerView::showLoupeLayer()
 {
+    if (!_loupeLayer)
+        _loupeLayer = new BGHSLoupeLayer(this);
+    _loupeLayer->setContentsScale(_scale);
+    _loupeLayer->appearInColorPicker(*this);
 }
 
-void HSColorPickerView::hideLoupeLayer(bool)
+void HSColorPickerView::hideLoupeLayer(bool animated)
 {
+    if (_loupeLayer)
+        _loupeLayer->disappearAnimated(animated);
 }
 
-void HSColorPickerView::placeLoupeLayer(QPointF)
+void HSColorPickerView::placeLoupeLayer(QPointF point)
 {
+    if (!_loupeLayer)
+        return;
+    const QPointF origin = point - QPointF(_loupeLayer->width() * 0.5, _loupeLayer->height());
+    _loupeLayer->setPosition({std::round(origin.x()), std::round(origin.y())});
+    _loupeLayer->setNeedsDisplay();
 }
 
 void HSColorPickerView::prepareForDiameter(double diameter)

@@ -26,6 +26,7 @@
 #include <memory>
 #include <optional>
 
+class BGHSLoupeLayer;
 class HSColorPickerView;
 
 /// Every message is optional.
@@ -153,6 +154,7 @@ private:
 
     void showLoupeLayer();
     void hideLoupeLayer(bool animated);
+    /// On whole points, hanging over the point that is selected.
     void placeLoupeLayer(QPointF point);
 
     bool _bitmapNeedsUpdate = false;
@@ -162,6 +164,7 @@ private:
     bool _showLoupe = true;
     std::shared_ptr<ANImageBitmapRep> _rep;
     QPainterPath _activeAreaShape;
+    BGHSLoupeLayer *_loupeLayer = nullptr; // a child, made for the first touch
     double _scale = 0.0;
 
     std::optional<int> _touchId; // of the finger that is on the wheel
