@@ -1,5 +1,6 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 #include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
 #include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
 #include "HSColorPicker/ColorPickerClasses/HSLayerPicture.h"
@@ -156,10 +157,11 @@ void HSColorPickerView::resizeOrRescale()
     }
     _scale = window()->effectiveDevicePixelRatio();
     _selectionLayer->setContentsScale(_scale);
-    for (QQuickItem *layer :
-         {_contentsLayer, static_cast<QQuickItem *>(_gradientLayer),
-          static_cast<QQuickItem *>(_brightnessLayer), static_cast<QQuickItem *>(_opacityLayer)})
+    for (QQuickItem *layer : std::initializer_list<QQuickItem *>{_contentsLayer, _gradientLayer,
+                                                                 _brightnessLayer, _opacityLayer})
         layer->setSize(size());
+    if (_loupeLayer)
+        _loupeLayer->setContentsScale(_scale);
     _bitmapNeedsUpdate = true;
     genBitmap();
     generateBezierPaths();
@@ -261,14 +263,25 @@ void HSColorPickerView::updateStateForTouchPoint(QPointF point)
 
 void HSColorPickerView::showLoupeLayer()
 {
+    if (!_loupeLayer)
+        _loupeLayer = new BGHSLoupeLayer(this);
+    _loupeLayer->setContentsScale(_scale);
+    _loupeLayer->appearInColorPicker(*this);
 }
 
-void HSColorPickerView::hideLoupeLayer(bool)
+void HSColorPickerView::hideLoupeLayer(bool animated)
 {
+    if (_loupeLayer)
+        _loupeLayer->disappearAnimated(animated);
 }
 
-void HSColorPickerView::placeLoupeLayer(QPointF)
+void HSColorPickerView::placeLoupeLayer(QPointF point)
 {
+    if (!_loupeLayer)
+        return;
+    const QPointF origin = point - QPointF(_loupeLayer->width() * 0.5, _loupeLayer->height());
+    _loupeLayer->setPosition({std::round(origin.x()), std::round(origin.y())});
+    _loupeLayer->setNeedsDisplay();
 }
 
 void HSColorPickerView::prepareForDiameter(double diameter)

@@ -26,6 +26,7 @@
 #include <memory>
 #include <optional>
 
+class BGHSLoupeLayer;
 class CALayer;
 class HSColorPickerView;
 class HSSelectionLayer;
@@ -157,6 +158,7 @@ private:
 
     void showLoupeLayer();
     void hideLoupeLayer(bool animated);
+    /// On whole points, hanging over the point that is selected.
     void placeLoupeLayer(QPointF point);
 
     bool _bitmapNeedsUpdate = false;
@@ -173,6 +175,7 @@ private:
     CALayer *_selectionColorLayer;
     CALayer *_opacityLayer;
     HSSelectionLayer *_selectionLayer;
+    BGHSLoupeLayer *_loupeLayer = nullptr; // a child, made for the first touch
     double _scale = 0.0;
 
     // What the layers' pictures were drawn for: they are as large as the wheel, and uploaded anew
