@@ -149,16 +149,28 @@ TEST_F(HSColorPickerViewTest, ReportsEachChangeOnceItIsDrawn)
         int reports;
         std::function<void()> act;
     } cases[] = {
-        {"frame without a window", 0, [&] { view->setFrame({0, 0, 210, 210}); }},
+        {"frame without a window", 0,
+         [&] {
+             view->setFrame({0, 0, 210, 210});
+         }},
         {"window", 1, [&] { view->setParentItem(canvas.contentItem()); }},
-        {"frame", 1, [&] { view->setFrame({3, 4, 150, 150}); }},
-        {"same frame", 1, [&] { view->setFrame({3, 4, 150, 150}); }},
+        {"frame", 1,
+         [&] {
+             view->setFrame({3, 4, 150, 150});
+         }},
+        {"same frame", 1,
+         [&] {
+             view->setFrame({3, 4, 150, 150});
+         }},
         {"width alone", 1, [&] { view->setWidth(160); }},
         {"brightness", 1, [&] { view->setBrightness(0.5); }},
         {"same brightness", 1, [&] { view->setBrightness(0.5); }},
         {"opacity", 1, [&] { view->setOpacity(0.5); }},
         {"colour", 1, [&] { view->setSelectionColor(UIColor::blackColor()); }},
-        {"point", 1, [&] { view->setSelection({40, 50}); }},
+        {"point", 1,
+         [&] {
+             view->setSelection({40, 50});
+         }},
         {"circle", 1, [&] { view->setCropToCircle(true); }},
         {"square", 1, [&] { view->setCropToCircle(false); }},
         {"loupe", 0, [&] { view->setShowLoupe(false); }},
