@@ -2,12 +2,31 @@
 
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 #include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
+#include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
+#include "HSColorPicker/ColorPickerClasses/HSLayerPicture.h"
+#include "HSColorPicker/ColorPickerClasses/HSSelectionLayer.h"
 
 #include <QQuickWindow>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+
+namespace
+{
+/// A ring's and a disc's side, in points.
+constexpr double markSide = 22.0;
+/// The checkerboard's tile, in points.
+constexpr double tileSide = 20.0;
+
+template <class Layer>
+Layer *makeLayer(QQuickItem *parent, const char *name)
+{
+    auto *layer = new Layer(parent);
+    layer->setObjectName(name);
+    return layer;
+}
+} // namespace
 
 HSColorPickerView::HSColorPickerView(QQuickItem *parent)
     : UIView(parent), _state(HSColorPickerState::initWithColor(UIColor::whiteColor()))
@@ -29,7 +48,19 @@ void HSColorPickerView::initRoutine()
 {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptTouchEvents(true);
+    _contentsLayer = makeLayer<QQuickItem>(this, "_contentsLayer");
+    _contentsLayer->setClip(true);
+    _gradientLayer = makeLayer<CALayer>(_contentsLayer, "_gradientLayer");
+    _brightnessLayer = makeLayer<CALayer>(_contentsLayer, "_brightnessLayer");
+    _selectionColorLayer = makeLayer<CALayer>(_contentsLayer, "_selectionColorLayer");
+    // Above the disc, which is to show the transparency as well.
+    _opacityLayer = makeLayer<CALayer>(_contentsLayer, "_opacityLayer");
+    _selectionLayer = makeLayer<HSSelectionLayer>(_contentsLayer, "_selectionLayer");
+    _selectionColorLayer->setSize({markSide, markSide});
+    _selectionLayer->setSize({markSide, markSide});
+    _selectionLayer->setNeedsDisplay();
     generateBezierPaths();
+    handleStateChanged();
 }
 
 void HSColorPickerView::setBrightness(double brightness)
@@ -72,6 +103,7 @@ void HSColorPickerView::setCropToCircle(bool cropToCircle)
     const bool changed = _cropToCircle != cropToCircle;
     _cropToCircle = cropToCircle;
     generateBezierPaths();
+    drawPictures();
     if (cropToCircle)
         updateStateForTouchPoint(validPointForTouch(selection()));
     else
@@ -124,11 +156,16 @@ void HSColorPickerView::resizeOrRescale()
         return;
     }
     _scale = window()->effectiveDevicePixelRatio();
+    _selectionLayer->setContentsScale(_scale);
+    for (QQuickItem *layer : std::initializer_list<QQuickItem *>{_contentsLayer, _gradientLayer,
+                                                                 _brightnessLayer, _opacityLayer})
+        layer->setSize(size());
     if (_loupeLayer)
         _loupeLayer->setContentsScale(_scale);
     _bitmapNeedsUpdate = true;
     genBitmap();
     generateBezierPaths();
+    drawPictures();
     handleStateChanged();
 }
 
@@ -138,6 +175,23 @@ void HSColorPickerView::genBitmap()
         return;
     _rep = bitmapForDiameter(width(), _scale, paddingDistance(), true);
     _bitmapNeedsUpdate = false;
+}
+
+void HSColorPickerView::drawPictures()
+{
+    const PictureKey wanted{size(), _scale, _cropToCircle};
+    if (_scale == 0.0 || _drawnPictures == wanted)
+        return;
+    _drawnPictures = wanted;
+    _drawnSelectionColor.reset();
+    const double radius = _cropToCircle ? paletteDiameter() * 0.5 : 0.0;
+    const QImage wheel = _rep ? _rep->image() : QImage();
+    const QImage tile =
+        HSOpacityBackgroundImage(tileSide, _scale, UIColor::colorWithWhite(0.5, 1.0));
+    _gradientLayer->setContents(HSLayerPicture(wheel, size(), _scale, radius));
+    _brightnessLayer->setContents(HSLayerPicture(QBrush(Qt::black), size(), _scale, radius));
+    _opacityLayer->setContents(
+        HSLayerPicture(QBrush(HSUIImageWithScale(tile, 1.0)), size(), _scale, radius));
 }
 
 void HSColorPickerView::generateBezierPaths()
@@ -153,9 +207,31 @@ void HSColorPickerView::generateBezierPaths()
         _activeAreaShape.addRect(rect);
 }
 
+void HSColorPickerView::drawSelectionColor()
+{
+    const QColor color = selectionColor().qColor();
+    if (_scale == 0.0 || _drawnSelectionColor == color)
+        return;
+    _drawnSelectionColor = color;
+    _selectionColorLayer->setContents(
+        HSLayerPicture(QBrush(color), _selectionColorLayer->size(), _scale, markSide * 0.5));
+}
+
 void HSColorPickerView::handleStateChanged()
 {
-    placeLoupeLayer(selection());
+    // On whole pixels: in between the ring would be a blur.
+    const double grid = _scale > 0.0 ? _scale : 1.0;
+    const auto onPixel = [=](double centre) {
+        return std::round((centre - markSide * 0.5) * grid) / grid;
+    };
+    const QPointF centre = selection();
+    const QPointF corner(onPixel(centre.x()), onPixel(centre.y()));
+    _selectionLayer->setPosition(corner);
+    _selectionColorLayer->setPosition(corner);
+    placeLoupeLayer(centre);
+    drawSelectionColor();
+    _opacityLayer->setOpacity(1.0 - opacity());
+    _brightnessLayer->setOpacity(1.0 - brightness());
     if (const auto delegate = _delegate.lock())
         delegate->colorPickerDidChangeSelection(*this);
 }

@@ -27,7 +27,9 @@
 #include <optional>
 
 class BGHSLoupeLayer;
+class CALayer;
 class HSColorPickerView;
+class HSSelectionLayer;
 
 /// Every message is optional.
 class HSColorPickerViewDelegate
@@ -143,6 +145,8 @@ protected:
 private:
     void initRoutine();
     void genBitmap();
+    void drawPictures();
+    void drawSelectionColor();
     void generateBezierPaths();
     void updateStateForTouchPoint(QPointF point);
 
@@ -164,8 +168,26 @@ private:
     bool _showLoupe = true;
     std::shared_ptr<ANImageBitmapRep> _rep;
     QPainterPath _activeAreaShape;
+    // All children; from the bottom up, but for the contents layer, which holds the others.
+    QQuickItem *_contentsLayer;
+    CALayer *_gradientLayer;
+    CALayer *_brightnessLayer;
+    CALayer *_selectionColorLayer;
+    CALayer *_opacityLayer;
+    HSSelectionLayer *_selectionLayer;
     BGHSLoupeLayer *_loupeLayer = nullptr; // a child, made for the first touch
     double _scale = 0.0;
+
+    // What the layers' pictures were drawn for: they are as large as the wheel, and uploaded anew
+    // whenever they are set.
+    struct PictureKey {
+        QSizeF size;
+        double scale;
+        bool isCircle;
+        bool operator==(const PictureKey &) const = default;
+    };
+    std::optional<PictureKey> _drawnPictures;
+    std::optional<QColor> _drawnSelectionColor;
 
     std::optional<int> _touchId; // of the finger that is on the wheel
     bool _isSettingFrame = false;
