@@ -1,6 +1,5 @@
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 
-#include <QPainter>
 #include <QSignalBlocker>
 
 namespace
@@ -17,12 +16,11 @@ QEasingCurve easeInEaseOut()
 } // namespace
 
 BGHSLoupeLayer::BGHSLoupeLayer(QObject *parent)
-    : _appear(this, "scale", this), _disappear(this, "scale", this), _pane(this), _rim(this)
+    : _appear(this, "scale", this), _disappear(this, "scale", this)
 {
     setParent(parent);
     setSize({side, side});
     setTransformOrigin(Bottom);
-    _pane.setPosition({(side - paneSide) * 0.5, (side - paneSide) * 0.5});
 
     prepareAnimation(_appear, QStringLiteral("cp_l_appear"), 350);
     _appear.setKeyValues({{0.0, 0.1}, {1.0 / 3.0, 1.4}, {2.0 / 3.0, 0.95}, {1.0, 1.0}});
@@ -101,7 +99,18 @@ void BGHSLoupeLayer::setContentsScale(double scale)
     if (scale == _contentsScale)
         return;
     _contentsScale = scale;
-    _rim.setContents({});
+    dropStaticParts();
+}
+
+void BGHSLoupeLayer::setGridCirclePath(const QPainterPath &path)
+{
+    _gridCirclePath = path;
+    dropStaticParts();
+}
+
+void BGHSLoupeLayer::dropStaticParts()
+{
+    _rim = {};
     _shownColors.reset();
     setNeedsDisplay();
 }
@@ -110,16 +119,11 @@ void BGHSLoupeLayer::updatePolish()
 {
     if (!_colorPicker)
         return;
-    if (_rim.contents().isNull())
-        _rim.setContents(rimPicture(Qt::black));
     const CellColors colors = cellColors();
     if (colors == _shownColors)
         return;
+    if (_rim.isNull())
+        drawStaticParts();
+    setContents(pictureWithCells(colors));
     _shownColors = colors;
-    QImage picture = emptyPicture(paneSide);
-    QPainter painter(&picture);
-    painter.translate(paneSide * 0.5, paneSide * 0.5);
-    drawPane(painter, colors);
-    painter.end();
-    _pane.setContents(picture);
 }

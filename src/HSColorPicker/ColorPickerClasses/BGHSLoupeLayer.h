@@ -4,8 +4,9 @@
 // Coordinates, in points: the layer measures 97 x 97, its own origin lies at its centre, y grows
 // downward. It hangs by the middle of its lower edge, which the wheel moves to the selection.
 //
-// Two pictures make it up. The rim, with shadow, highlights and the frame of the middle cell, is
-// drawn once per scale. The pane is drawn again only when a cell has taken another colour.
+// What never changes is drawn once per scale: the pane's checkerboard, and the rim with shadow,
+// highlights and the frame of the middle cell. The layer's picture is the one, the cells on it and
+// the other on top; it is put together again only when a cell has taken another colour.
 //
 //                         appearInColorPicker, from anywhere
 //                                       |
@@ -21,11 +22,12 @@
 #include <QPainterPath>
 #include <QPointer>
 #include <QPropertyAnimation>
+#include <QRegion>
 
 #include <array>
 #include <optional>
 
-class BGHSLoupeLayer : public QQuickItem
+class BGHSLoupeLayer : public CALayer
 {
     Q_OBJECT
 
@@ -33,19 +35,16 @@ public:
     static constexpr int cellsPerSide = 5;
     /// The layer's side, in points.
     static constexpr double side = 97.0;
-    /// The side of the square around its cells, in points.
-    static constexpr double paneSide = 85.0;
 
     explicit BGHSLoupeLayer(QObject *parent = nullptr);
 
-    /// Pixels per point of both pictures; 1 when it is not above 0. The rim is drawn anew when it
-    /// changes.
+    /// Pixels per point; 1 when it is not above 0.
     void setContentsScale(double scale);
     double contentsScale() const { return _contentsScale; }
 
     /// Clips the pane; a circle of radius 41 around the origin unless set.
     const QPainterPath &gridCirclePath();
-    void setGridCirclePath(const QPainterPath &path) { _gridCirclePath = path; }
+    void setGridCirclePath(const QPainterPath &path);
 
     /// The rim alone, at the contents' scale. The rim's fill shows the selected colour; without a
     /// wheel it is black.
@@ -87,9 +86,12 @@ private:
     using CellColors = std::array<QColor, cellsPerSide * cellsPerSide>;
 
     CellColors cellColors() const;
-    void drawPane(QPainter &painter, const std::optional<CellColors> &colors);
     QImage rimPicture(const QColor &fill);
-    QImage emptyPicture(double sideInPoints) const;
+    QImage emptyPicture() const;
+    QTransform pixelTransform() const;
+    void dropStaticParts();
+    void drawStaticParts();
+    QImage pictureWithCells(const CellColors &colors) const;
     void prepareAnimation(QPropertyAnimation &animation, const QString &name, int milliseconds);
     void removeAllAnimations();
 
@@ -103,7 +105,10 @@ private:
     double _transformScale = 1.0; // what holds while no animation overrides it
     QPropertyAnimation _appear;
     QPropertyAnimation _disappear;
-    CALayer _pane;
-    CALayer _rim;
-    std::optional<CellColors> _shownColors; // by _pane
+
+    // In pixels, made for the contents' scale.
+    QImage _ground;     // the checkerboard within the circle
+    QRegion _cellsClip; // the circle; the rim covers its rough edge
+    QImage _rim;
+    std::optional<CellColors> _shownColors;
 };

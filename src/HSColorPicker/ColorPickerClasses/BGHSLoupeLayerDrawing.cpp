@@ -62,9 +62,10 @@ void drawCheckerboard(QPainter &painter)
     }
 }
 
+// Without antialiasing, for the same reason.
 void drawCells(QPainter &painter, const auto &colors)
 {
-    painter.setRenderHint(QPainter::Antialiasing, false); // cells share their edges, too
+    painter.setRenderHint(QPainter::Antialiasing, false);
     for (int i = 0; i < int(colors.size()); ++i) {
         const int row = i / BGHSLoupeLayer::cellsPerSide;
         const int column = i % BGHSLoupeLayer::cellsPerSide;
@@ -116,20 +117,10 @@ void BGHSLoupeLayer::drawInContext(QPainter &painter, const QRectF &bounds)
 {
     painter.save();
     painter.translate(bounds.center());
-    drawPane(painter, _colorPicker ? std::optional(cellColors()) : std::nullopt);
-    painter.restore();
-}
-
-void BGHSLoupeLayer::drawPane(QPainter &painter, const std::optional<CellColors> &colors)
-{
-    const auto isTranslucent = [](const QColor &color) { return color.alpha() < 255; };
-    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipPath(gridCirclePath(), Qt::IntersectClip);
-    if (!colors || std::ranges::any_of(*colors, isTranslucent))
-        drawCheckerboard(painter);
-    if (colors)
-        drawCells(painter, *colors);
+    drawCheckerboard(painter);
+    drawGridInContext(painter);
     painter.restore();
 }
 
@@ -174,7 +165,7 @@ QImage BGHSLoupeLayer::loupeImage()
 
 QImage BGHSLoupeLayer::rimPicture(const QColor &fill)
 {
-    QImage picture = emptyPicture(side);
+    QImage picture = emptyPicture();
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(side * 0.5, side * 0.5);
@@ -201,11 +192,50 @@ QImage BGHSLoupeLayer::rimPicture(const QColor &fill)
     return picture;
 }
 
-QImage BGHSLoupeLayer::emptyPicture(double sideInPoints) const
+QImage BGHSLoupeLayer::emptyPicture() const
 {
-    const int pixels = int(std::ceil(sideInPoints * _contentsScale));
+    const int pixels = int(std::ceil(side * _contentsScale));
     QImage picture(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     picture.setDevicePixelRatio(_contentsScale);
     picture.fill(Qt::transparent);
+    return picture;
+}
+
+// The layer's coordinates in pixels, from the top left.
+QTransform BGHSLoupeLayer::pixelTransform() const
+{
+    return QTransform::fromScale(_contentsScale, _contentsScale).translate(side * 0.5, side * 0.5);
+}
+
+void BGHSLoupeLayer::drawStaticParts()
+{
+    _ground = emptyPicture();
+    QPainter painter(&_ground);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(side * 0.5, side * 0.5);
+    painter.setClipPath(gridCirclePath());
+    drawCheckerboard(painter);
+    painter.end();
+    _ground.setDevicePixelRatio(1.0);
+
+    _cellsClip = QRegion(gridCirclePath().toFillPolygon(pixelTransform()).toPolygon());
+    _rim = rimPicture(Qt::black); // there was no wheel yet when the layer was made
+    _rim.setDevicePixelRatio(1.0);
+}
+
+// This runs at every move of the finger: two copies of the size of the picture and 25 plain
+// rectangles, with a clip of whole pixels, which costs a quarter of an antialiased one.
+QImage BGHSLoupeLayer::pictureWithCells(const CellColors &colors) const
+{
+    QImage picture = _ground;
+    QPainter painter(&picture);
+    painter.setClipRegion(_cellsClip);
+    painter.setTransform(pixelTransform());
+    drawCells(painter, colors);
+    painter.resetTransform();
+    painter.setClipping(false);
+    painter.drawImage(0, 0, _rim);
+    painter.end();
+    picture.setDevicePixelRatio(_contentsScale);
     return picture;
 }
