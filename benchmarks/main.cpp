@@ -14,6 +14,7 @@ const std::vector<Ratio> ratios = {
     {"save/scale2", "save_bare/scale2", 1.25, Clock::Passing},
     {"load/100000", "load_parse/100000", 4.0, Clock::Processor},
     {"load_fresh/100000", "load_fresh/10000", 12.0, Clock::Processor},
+    {"drag", "drag_plain", 3.0, Clock::Processor},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.
