@@ -39,6 +39,7 @@ QImage shrunkFor(const QImage &image, const QSizeF &size)
         return image;
     return image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
+
 // For a painter whose y axis points upward.
 void drawUpright(QPainter &painter, const QImage &image, const QRectF &rect)
 {

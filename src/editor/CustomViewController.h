@@ -44,7 +44,6 @@ class CustomViewController final : public UIViewController,
     QML_UNCREATABLE("Made by the program's start or by the catalogue")
     Q_PROPERTY(EditorLayout layout READ layout NOTIFY layoutChanged FINAL)
     Q_PROPERTY(bool fromMainView READ fromMainView CONSTANT FINAL)
-    Q_PROPERTY(QString appVersion READ appVersion CONSTANT FINAL)
     Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
@@ -61,7 +60,6 @@ public:
     void setDelegate(std::shared_ptr<CustomViewDelegate> delegate);
     const ElementDataSource &source() const { return _source; }
     EditorLayout layout() const { return _layout; }
-    QString appVersion() const { return "Tintloom v2.1"; }
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;

@@ -40,13 +40,11 @@ FocusScope {
                 objectName: "_appVersion"
                 frame: root.controller.layout.appVersion
 
-                Text {
+                // Out of sight until the table is pulled down.
+                Loader {
                     anchors.fill: parent
-                    text: root.controller.appVersion
-                    color: "#80000000"
-                    font.pixelSize: 7
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
+                    active: scroller.contentY < -scroller.topMargin
+                    source: Qt.resolvedUrl("VersionLabel.qml")
                 }
             }
         }

@@ -57,7 +57,7 @@ struct CommandLineTest : ThemeFixture {
 };
 } // namespace
 
-TEST_F(CommandLineTest, parsesOptionsBeforeAndAfterTheCommand)
+TEST_F(CommandLineTest, ParsesOptionsBeforeAndAfterTheCommand)
 {
     using enum CommandLine::Command;
     qunsetenv("TINTLOOM_PACKAGE_ROOT");
@@ -83,7 +83,7 @@ TEST_F(CommandLineTest, parsesOptionsBeforeAndAfterTheCommand)
     EXPECT_TRUE(QFile::exists(plain.options->resources + "/initialDatasource.txt"_L1));
 }
 
-TEST_F(CommandLineTest, wrongUsageNamesTheCulprit)
+TEST_F(CommandLineTest, WrongUsageNamesTheCulprit)
 {
     const struct {
         QStringList arguments;
@@ -123,7 +123,7 @@ TEST_F(CommandLineTest, wrongUsageNamesTheCulprit)
     EXPECT_TRUE(run({u"save"_s, u"--help"_s}).out.contains("--set KEY=VALUE"));
 }
 
-TEST_F(CommandLineTest, listsInTableOrder)
+TEST_F(CommandLineTest, ListsInTableOrder)
 {
     putSaved([] {
         PropertyDictionary saved;
@@ -153,7 +153,7 @@ TEST_F(CommandLineTest, listsInTableOrder)
     EXPECT_TRUE(readable.out.contains("Large\n"));
 }
 
-TEST_F(CommandLineTest, savesEditsAndPrintsThePaths)
+TEST_F(CommandLineTest, SavesEditsAndPrintsThePaths)
 {
     const Finished first = run({u"save"_s, u"--scale"_s, u"1"_s, u"--set"_s,
                                 u"background=01020304"_s, u"--set"_s, u"size=Large"_s});
@@ -177,7 +177,7 @@ TEST_F(CommandLineTest, savesEditsAndPrintsThePaths)
     EXPECT_EQ(*dictionary.find(u"list-background-image"_s), QVariant(u""_s));
 }
 
-TEST_F(CommandLineTest, aWrongEditTouchesNothing)
+TEST_F(CommandLineTest, AWrongEditTouchesNothing)
 {
     put(locations.packageInfo(), "kept");
     put(locations.workingCopy(), "kept");
@@ -206,7 +206,7 @@ TEST_F(CommandLineTest, aWrongEditTouchesNothing)
     EXPECT_EQ(contents(locations.workingCopy()), "kept");
 }
 
-TEST_F(CommandLineTest, aFaultyDocumentTouchesNothing)
+TEST_F(CommandLineTest, AFaultyDocumentTouchesNothing)
 {
     put(locations.workingCopy(), "kept");
     put(document, "[");
@@ -229,7 +229,7 @@ TEST_F(CommandLineTest, aFaultyDocumentTouchesNothing)
     EXPECT_FALSE(QFile::exists(locations.packageRoot));
 }
 
-TEST_F(CommandLineTest, whatCannotBeWrittenIsNamed)
+TEST_F(CommandLineTest, WhatCannotBeWrittenIsNamed)
 {
     put(locations.packageRoot, "a file");
     const Finished result = run({u"save"_s});

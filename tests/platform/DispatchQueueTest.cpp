@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
-TEST(DispatchQueueTest, runsBlocksInOrderOnOneOtherThread)
+TEST(DispatchQueueTest, RunsBlocksInOrderOnOneOtherThread)
 {
     std::vector<int> seen;
     std::vector<std::thread::id> threads;
@@ -27,7 +27,7 @@ TEST(DispatchQueueTest, runsBlocksInOrderOnOneOtherThread)
     EXPECT_EQ(std::ranges::count(threads, threads.front()), 1000);
 }
 
-TEST(DispatchQueueTest, aBlockLetsGoOfWhatItHoldsOnceRun)
+TEST(DispatchQueueTest, ABlockLetsGoOfWhatItHoldsOnceRun)
 {
     DispatchQueue queue("test.release");
     auto held = std::make_shared<int>(1);
@@ -37,7 +37,7 @@ TEST(DispatchQueueTest, aBlockLetsGoOfWhatItHoldsOnceRun)
     EXPECT_TRUE(watch.expired());
 }
 
-TEST(DispatchQueueTest, theMainQueueRunsOnTheMainThreadLater)
+TEST(DispatchQueueTest, TheMainQueueRunsOnTheMainThreadLater)
 {
     std::vector<std::string> seen;
     std::thread::id thread;

@@ -20,7 +20,7 @@ unsigned permissions(const QString &path)
 }
 } // namespace
 
-TEST_F(NSFileManagerTest, writesWholeFilesAndLeavesNothingElse)
+TEST_F(NSFileManagerTest, WritesWholeFilesAndLeavesNothingElse)
 {
     const QByteArray large(3'000'000, 'x');
     for (const QByteArray &bytes : {QByteArray("first"), large, QByteArray(), QByteArray("last")}) {
@@ -30,14 +30,14 @@ TEST_F(NSFileManagerTest, writesWholeFilesAndLeavesNothingElse)
     }
 }
 
-TEST_F(NSFileManagerTest, failedWriteKeepsWhatStood)
+TEST_F(NSFileManagerTest, FailedWriteKeepsWhatStood)
 {
     put(path("target/inside"), "kept"); // a folder cannot be replaced by a file
     EXPECT_EQ(NSFileManager::writeToFile(path("target"), "new"), std::errc::is_a_directory);
     EXPECT_EQ(tree(folder.path()), QStringList({"target", "target/inside"}));
 }
 
-TEST_F(NSFileManagerTest, failuresCarryTheSystemsReason)
+TEST_F(NSFileManagerTest, FailuresCarryTheSystemsReason)
 {
     put(path("file"), "text");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
@@ -65,7 +65,7 @@ TEST_F(NSFileManagerTest, failuresCarryTheSystemsReason)
     EXPECT_EQ(tree(folder.path()), QStringList({"file", "pipe"}));
 }
 
-TEST_F(NSFileManagerTest, neverTouchesWhatALinkPointsTo)
+TEST_F(NSFileManagerTest, NeverTouchesWhatALinkPointsTo)
 {
     put(path("outside/file"), "kept");
     const unsigned before = permissions(path("outside/file"));
@@ -82,7 +82,7 @@ TEST_F(NSFileManagerTest, neverTouchesWhatALinkPointsTo)
     EXPECT_EQ(tree(folder.path()), QStringList({"outside", "outside/file"}));
 }
 
-TEST_F(NSFileManagerTest, permissionsAreExactWhateverTheUmask)
+TEST_F(NSFileManagerTest, PermissionsAreExactWhateverTheUmask)
 {
     const mode_t previous = ::umask(027);
     put(path("file"), "text");
@@ -92,7 +92,7 @@ TEST_F(NSFileManagerTest, permissionsAreExactWhateverTheUmask)
     ::umask(previous);
 }
 
-TEST_F(NSFileManagerTest, faultHookStopsAnOperationBeforeItActs)
+TEST_F(NSFileManagerTest, FaultHookStopsAnOperationBeforeItActs)
 {
     put(path("file"), "old");
     int calls = 0;

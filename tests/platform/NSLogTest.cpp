@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(NSLogTest, everyMessageIsOneLine)
+TEST(NSLogTest, EveryMessageIsOneLine)
 {
     const struct {
         QString format;

@@ -41,7 +41,7 @@ QByteArray binaryList(const QList<QByteArray> &objects)
 }
 } // namespace
 
-TEST(PropertyListTest, everyTypeComesBackInOrder)
+TEST(PropertyListTest, EveryTypeComesBackInOrder)
 {
     const QDateTime date(QDate(2024, 2, 29), QTime(12, 30, 15), Qt::UTC);
     const auto dictionary = dictionaryOf({
@@ -74,7 +74,7 @@ TEST(PropertyListTest, everyTypeComesBackInOrder)
     }
 }
 
-TEST(PropertyListTest, writtenTextIsWellFormedWhateverTheStringsHold)
+TEST(PropertyListTest, WrittenTextIsWellFormedWhateverTheStringsHold)
 {
     QString nasty;
     for (char16_t unit = 0; unit < 0xa0; ++unit)
@@ -94,7 +94,7 @@ TEST(PropertyListTest, writtenTextIsWellFormedWhateverTheStringsHold)
     EXPECT_EQ(restored->entries()[1].second.toList().size(), 0);
 }
 
-TEST(PropertyListTest, readsOnlyDictionaries)
+TEST(PropertyListTest, ReadsOnlyDictionaries)
 {
     const QByteArray good = xmlList("<dict><key>k</key><integer>-7</integer></dict>");
     const struct {
@@ -126,7 +126,7 @@ TEST(PropertyListTest, readsOnlyDictionaries)
 }
 
 // Each of these exhausts the stack or the memory of a reader that trusts it.
-TEST(PropertyListTest, refusesHostileLists)
+TEST(PropertyListTest, RefusesHostileLists)
 {
     const auto nested = [](const QByteArray &open, const QByteArray &close) {
         constexpr int depth = 100'000;
@@ -162,7 +162,7 @@ TEST(PropertyListTest, refusesHostileLists)
         EXPECT_FALSE(PropertyList::readDictionary(bytes)) << name;
 }
 
-TEST(PropertyListTest, equalityIsOfTypeAndValue)
+TEST(PropertyListTest, EqualityIsOfTypeAndValue)
 {
     const qint64 large = (1LL << 53) + 1; // no double
     const struct {
@@ -192,7 +192,7 @@ TEST(PropertyListTest, equalityIsOfTypeAndValue)
     }
 }
 
-TEST(PropertyListTest, textOfAnyValue)
+TEST(PropertyListTest, TextOfAnyValue)
 {
     EXPECT_EQ(PropertyList::textOf(u"#F00"_s), u"#F00"_s);
     EXPECT_EQ(PropertyList::textOf(true), u"true"_s);
@@ -205,7 +205,7 @@ TEST(PropertyListTest, textOfAnyValue)
         EXPECT_FALSE(PropertyList::textOf(odd).isEmpty()) << odd.typeName();
 }
 
-TEST(PropertyListTest, aReplacedValueKeepsItsPlace)
+TEST(PropertyListTest, AReplacedValueKeepsItsPlace)
 {
     auto dictionary = dictionaryOf({{u"a"_s, 1LL}, {u"b"_s, 2LL}});
     dictionary.setValue(u"a"_s, 3LL);

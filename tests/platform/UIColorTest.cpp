@@ -3,7 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-TEST(UIColorTest, hueAndBack)
+TEST(UIColorTest, HueAndBack)
 {
     const struct {
         UIColor::RGBA rgba;
@@ -38,7 +38,7 @@ TEST(UIColorTest, hueAndBack)
     EXPECT_LT(UIColor::colorWithRed(1.0, 0.0, 1e-17, 1.0).getHue()->hue, 1.0);
 }
 
-TEST(UIColorTest, aColorAnswersOnlyInItsOwnModel)
+TEST(UIColorTest, AColorAnswersOnlyInItsOwnModel)
 {
     const UIColor grey = UIColor::colorWithWhite(0.25, 0.5);
     EXPECT_FALSE(grey.getRed());
@@ -54,7 +54,7 @@ TEST(UIColorTest, aColorAnswersOnlyInItsOwnModel)
     EXPECT_EQ(pattern.components(), UIColor::clearColor().components());
 }
 
-TEST(UIColorTest, componentsStayInRange)
+TEST(UIColorTest, ComponentsStayInRange)
 {
     EXPECT_EQ(UIColor::colorWithRed(-1.0, 2.0, NAN, INFINITY).components(),
               (UIColor::RGBA{0.0, 1.0, 0.0, 1.0}));

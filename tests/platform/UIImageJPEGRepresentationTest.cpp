@@ -4,7 +4,7 @@
 
 #include <random>
 
-TEST(UIImageJPEGRepresentationTest, everyFormatKeepsItsStraightColor)
+TEST(UIImageJPEGRepresentationTest, EveryFormatKeepsItsStraightColor)
 {
     const QColor color(200, 100, 50);
     for (const QImage::Format format :
@@ -19,7 +19,7 @@ TEST(UIImageJPEGRepresentationTest, everyFormatKeepsItsStraightColor)
     }
 }
 
-TEST(UIImageJPEGRepresentationTest, alphaIsIgnored)
+TEST(UIImageJPEGRepresentationTest, AlphaIsIgnored)
 {
     QImage image(16, 16, QImage::Format_ARGB32);
     for (const int alpha : {0, 1, 128, 255}) {
@@ -28,7 +28,7 @@ TEST(UIImageJPEGRepresentationTest, alphaIsIgnored)
     }
 }
 
-TEST(UIImageJPEGRepresentationTest, betterQualityCostsMoreBytes)
+TEST(UIImageJPEGRepresentationTest, BetterQualityCostsMoreBytes)
 {
     QImage noise(64, 64, QImage::Format_RGB32);
     std::minstd_rand random(1);
@@ -44,7 +44,7 @@ TEST(UIImageJPEGRepresentationTest, betterQualityCostsMoreBytes)
     EXPECT_EQ(UIImageJPEGRepresentation(noise, 7.0F), UIImageJPEGRepresentation(noise, 1.0F));
 }
 
-TEST(UIImageJPEGRepresentationTest, whatCannotBeEncodedIsEmpty)
+TEST(UIImageJPEGRepresentationTest, WhatCannotBeEncodedIsEmpty)
 {
     EXPECT_TRUE(UIImageJPEGRepresentation({}, 0.8F).isEmpty());
     EXPECT_TRUE(UIImageJPEGRepresentation(QImage(70'000, 1, QImage::Format_RGB32), 0.8F).isEmpty());

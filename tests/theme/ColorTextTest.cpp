@@ -19,7 +19,7 @@ quint32 bits(const UIColor &color)
 }
 } // namespace
 
-TEST(ColorTextTest, readsAnyText)
+TEST(ColorTextTest, ReadsAnyText)
 {
     const struct {
         QString text;
@@ -58,7 +58,7 @@ TEST(ColorTextTest, readsAnyText)
         EXPECT_EQ(bits(colorFromHexString(text)), expected) << text.toStdString();
 }
 
-TEST(ColorTextTest, writesTruncated)
+TEST(ColorTextTest, WritesTruncated)
 {
     const struct {
         UIColor color;
@@ -75,7 +75,7 @@ TEST(ColorTextTest, writesTruncated)
         EXPECT_EQ(hexStringForColor(color), expected);
 }
 
-TEST(ColorTextTest, brightnessDecidesTheTextsColor)
+TEST(ColorTextTest, BrightnessDecidesTheTextsColor)
 {
     const struct {
         UIColor color;
@@ -98,7 +98,7 @@ TEST(ColorTextTest, brightnessDecidesTheTextsColor)
     }
 }
 
-TEST(ColorTextTest, typedTextIsTakenDigitForDigitOrRefused)
+TEST(ColorTextTest, TypedTextIsTakenDigitForDigitOrRefused)
 {
     const struct {
         QString text;

@@ -20,7 +20,7 @@ struct ElementDataSourceTest : ThemeFixture {
 };
 } // namespace
 
-TEST_F(ElementDataSourceTest, groupsExactlyAndSortsWithoutCase)
+TEST_F(ElementDataSourceTest, GroupsExactlyAndSortsWithoutCase)
 {
     putElements({element("a", "null", "null", "null", "\"beta\""),
                  element("b", "null", "null", "null", "\"Alpha\""),
@@ -42,7 +42,7 @@ TEST_F(ElementDataSourceTest, groupsExactlyAndSortsWithoutCase)
     EXPECT_FALSE(source.tableSource()[3]->section);
 }
 
-TEST_F(ElementDataSourceTest, savedValuesLieOverTheDocumentsOwn)
+TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
 {
     const QDateTime date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC);
     const QByteArray options = "{\"Zero\":\"0\",\"One\":1,\"Yes\":true}";
@@ -111,7 +111,7 @@ TEST_F(ElementDataSourceTest, savedValuesLieOverTheDocumentsOwn)
     EXPECT_EQ(log.count("neither text nor number"_L1), 3);
 }
 
-TEST_F(ElementDataSourceTest, anUnreadableWorkingCopyIsNone)
+TEST_F(ElementDataSourceTest, AnUnreadableWorkingCopyIsNone)
 {
     putElements({element("a", "\"#111\"")});
     for (const QByteArray &bytes : {QByteArray(), QByteArray("garbage"), QByteArray("bplist00"),
@@ -125,7 +125,7 @@ TEST_F(ElementDataSourceTest, anUnreadableWorkingCopyIsNone)
     EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
 }
 
-TEST_F(ElementDataSourceTest, oddTypesAreTakenAsText)
+TEST_F(ElementDataSourceTest, OddTypesAreTakenAsText)
 {
     put(document, R"([{"key":5,"name":null,"description":true,"color":[1],"options":"x",)"
                   R"("value":{"a":null},"section":0.5}])");
@@ -141,7 +141,7 @@ TEST_F(ElementDataSourceTest, oddTypesAreTakenAsText)
     EXPECT_EQ(record.shownColor(), u"(1 values)"_s);
 }
 
-TEST_F(ElementDataSourceTest, numbersKeepTheirKind)
+TEST_F(ElementDataSourceTest, NumbersKeepTheirKind)
 {
     putElements({element("a", "null", "{\"n\":9007199254740993,\"r\":0.5,\"b\":false}", "0.1")});
     const auto source = load();
@@ -153,7 +153,7 @@ TEST_F(ElementDataSourceTest, numbersKeepTheirKind)
     EXPECT_EQ(record.value, QVariant(0.1));
 }
 
-TEST_F(ElementDataSourceTest, aFaultyDocumentSaysWhatIsWrong)
+TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
 {
     const QByteArray good = element("a", "null");
     std::vector<std::tuple<QByteArray, Status, QString>> cases = {
@@ -191,7 +191,7 @@ TEST_F(ElementDataSourceTest, aFaultyDocumentSaysWhatIsWrong)
     EXPECT_TRUE(log.contains("%1: No such file or directory\n"_L1.arg(document)));
 }
 
-TEST_F(ElementDataSourceTest, theShippedDocumentIsSound)
+TEST_F(ElementDataSourceTest, TheShippedDocumentIsSound)
 {
     testing::internal::CaptureStderr();
     const auto source =
@@ -216,7 +216,7 @@ TEST_F(ElementDataSourceTest, theShippedDocumentIsSound)
         EXPECT_TRUE(keys.contains(key)) << key.toStdString();
 }
 
-TEST_F(ElementDataSourceTest, aHugeDocumentLoadsWhole)
+TEST_F(ElementDataSourceTest, AHugeDocumentLoadsWhole)
 {
     constexpr int count = 30'000;
     QByteArrayList elements;

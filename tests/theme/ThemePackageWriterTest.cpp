@@ -47,7 +47,7 @@ QStringList failedPaths(const SaveReport &report)
 }
 } // namespace
 
-TEST_F(ThemePackageWriterTest, dictionaryHoldsHeadElementsAndBalloonsInThisOrder)
+TEST_F(ThemePackageWriterTest, DictionaryHoldsHeadElementsAndBalloonsInThisOrder)
 {
     putElements({
         element("gray-balloon-colors_2", "\"#333\""),
@@ -98,7 +98,7 @@ TEST_F(ThemePackageWriterTest, dictionaryHoldsHeadElementsAndBalloonsInThisOrder
               expectedAgain);
 }
 
-TEST_F(ThemePackageWriterTest, writesThePackageAndTheWorkingCopy)
+TEST_F(ThemePackageWriterTest, WritesThePackageAndTheWorkingCopy)
 {
     const mode_t previous = ::umask(077);
     const SaveReport report = save(2.0);
@@ -122,7 +122,7 @@ TEST_F(ThemePackageWriterTest, writesThePackageAndTheWorkingCopy)
                        locations.packageInfo(), locations.workingCopy()));
 }
 
-TEST_F(ThemePackageWriterTest, nothingOfAnEarlierPackageIsLeft)
+TEST_F(ThemePackageWriterTest, NothingOfAnEarlierPackageIsLeft)
 {
     const QString link = locations.packageFolder() + "/UIKit/link"_L1;
     put(locations.packageFolder() + "/old/file"_L1, "x");
@@ -146,7 +146,7 @@ TEST_F(ThemePackageWriterTest, nothingOfAnEarlierPackageIsLeft)
     EXPECT_TRUE(QFileInfo(locations.workingCopy()).isFile());
 }
 
-TEST_F(ThemePackageWriterTest, namesEverythingThatCannotBeWritten)
+TEST_F(ThemePackageWriterTest, NamesEverythingThatCannotBeWritten)
 {
     put(locations.packageRoot, "a file where the folder should be");
     const SaveReport report = save();
@@ -164,7 +164,7 @@ TEST_F(ThemePackageWriterTest, namesEverythingThatCannotBeWritten)
     EXPECT_EQ(contents(locations.packageRoot), "a file where the folder should be");
 }
 
-TEST_F(ThemePackageWriterTest, aPermissionFaultIsLoggedTwiceAndReportedOnce)
+TEST_F(ThemePackageWriterTest, APermissionFaultIsLoggedTwiceAndReportedOnce)
 {
     const struct {
         QString path;
@@ -186,7 +186,7 @@ TEST_F(ThemePackageWriterTest, aPermissionFaultIsLoggedTwiceAndReportedOnce)
 
 // Whatever single operation fails: no crash, and either the theme is whole or the report says what
 // is not.
-TEST_F(ThemePackageWriterTest, everyOperationMayFail)
+TEST_F(ThemePackageWriterTest, EveryOperationMayFail)
 {
     int operations = 0;
     for (int failing = 0; failing <= operations; ++failing) {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-TEST(UIImageJTColorTest, keepsTheColorsAlpha)
+TEST(UIImageJTColorTest, KeepsTheColorsAlpha)
 {
     const UIColor color = UIColor::colorWithRed(1.0, 0.2, 0.4, 2.0 / 255.0);
     const QImage image = imageWithColor(color, 2.0);
@@ -13,7 +13,7 @@ TEST(UIImageJTColorTest, keepsTheColorsAlpha)
               qRgba(255, 51, 102, 2)); // straight: premultiplied it would be lost
 }
 
-TEST(UIImageJTColorTest, fillsTheRectangleOnACanvasOfItsSize)
+TEST(UIImageJTColorTest, FillsTheRectangleOnACanvasOfItsSize)
 {
     const UIColor color = UIColor::blackColor();
     const struct {
@@ -44,7 +44,7 @@ TEST(UIImageJTColorTest, fillsTheRectangleOnACanvasOfItsSize)
     }
 }
 
-TEST(UIImageJTColorTest, impossibleSizesGiveNoImage)
+TEST(UIImageJTColorTest, ImpossibleSizesGiveNoImage)
 {
     for (const QRectF &rect : {QRectF(), QRectF(0, 0, -5, 5), QRectF(0, 0, 1e12, 1),
                                QRectF(0, 0, NAN, 5), QRectF(0, 0, 5, INFINITY)})

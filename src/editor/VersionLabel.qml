@@ -1,0 +1,9 @@
+import QtQuick
+
+Text {
+    text: "Tintloom v2.1"
+    color: "#80000000"
+    font.pixelSize: 7
+    horizontalAlignment: Text.AlignHCenter
+    verticalAlignment: Text.AlignVCenter
+}
