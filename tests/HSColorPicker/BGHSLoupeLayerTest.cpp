@@ -236,6 +236,18 @@ TEST_F(LoupeOnWheelTest, OneLoupeServesEveryTouch)
     EXPECT_EQ(loupe()->parentItem(), nullptr) << "out of the window it is gone at once";
 }
 
+TEST_F(LoupeOnWheelTest, GoesWithItsWheel)
+{
+    for (const int time : {100, 350}) { // dismissal pending, shrinking
+        auto other = std::make_unique<HSColorPickerView>(window.contentItem());
+        other->setFrame({20, 120, 240, 240});
+        press({160, 240});
+        release({160, 240});
+        other->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(time);
+    }
+    EXPECT_EQ(loupe(), nullptr) << "the wheel below was not touched";
+}
+
 TEST_F(LoupeOnWheelTest, StaysAwayWhenItIsNotWanted)
 {
     wheel.setShowLoupe(false);

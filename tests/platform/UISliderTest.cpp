@@ -81,6 +81,19 @@ TEST_F(UISliderTest, TheKnobFollowsTheMouse)
     EXPECT_EQ(movements, 4);
 }
 
+TEST_F(UISliderTest, ATouchOfTheKnobLeavesEveryValueAlone)
+{
+    for (const float value : {0.0f, 0.1f, 1.0f / 3.0f, 0.7071f, 0.999f, 1.0f}) {
+        slider.setValue(value);
+        const QPoint knob = slider.mapToScene(slider.knobRect().center()).toPoint();
+        press(knob);
+        move(knob + QPoint(0, 30));
+        release(knob + QPoint(0, 30));
+        EXPECT_EQ(slider.value(), value);
+    }
+    EXPECT_EQ(movements, 0);
+}
+
 TEST_F(UISliderTest, ObeysOneFingerAtATime)
 {
     const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
