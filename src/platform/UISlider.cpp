@@ -103,19 +103,23 @@ void UISlider::beginTracking(int holder, QPointF point)
     if (_holder)
         return;
     _holder = holder;
-    const QRectF knob = knobRect();
-    _grip = knob.contains(point) ? point.x() - knob.center().x() : 0.0;
+    _fingerX = point.x();
     // A page that scrolls must not take the finger away.
     setKeepMouseGrab(true);
     setKeepTouchGrab(true);
-    continueTracking(point);
+    const QRectF knob = knobRect();
+    const bool isOnKnob = knob.contains(point);
+    _grip = isOnKnob ? point.x() - knob.center().x() : 0.0;
+    if (!isOnKnob)
+        moveTo(valueAt(point.x()));
 }
 
 void UISlider::continueTracking(QPointF point)
 {
-    const double middle = point.x() - _grip;
-    if (middle != knobRect().center().x()) // taking hold of the knob does not move it
-        moveTo(valueAt(middle));
+    if (point.x() == _fingerX)
+        return; // or a value that no pixel stands for would be rounded by a mere touch
+    _fingerX = point.x();
+    moveTo(valueAt(_fingerX - _grip));
 }
 
 void UISlider::mousePressEvent(QMouseEvent *event)

@@ -29,6 +29,11 @@ BGHSLoupeLayer::BGHSLoupeLayer(QObject *parent)
     _disappear.setEndValue(vanishedScale);
 }
 
+BGHSLoupeLayer::~BGHSLoupeLayer()
+{
+    removeAllAnimations(); // they would still report their end
+}
+
 void BGHSLoupeLayer::prepareAnimation(QPropertyAnimation &animation, const QString &name,
                                       int milliseconds)
 {
@@ -45,7 +50,7 @@ void BGHSLoupeLayer::prepareAnimation(QPropertyAnimation &animation, const QStri
 
 void BGHSLoupeLayer::removeAllAnimations()
 {
-    // One that is taken away must not be taken for one that has run its course.
+    // Silently: one that is taken away has neither run its course nor been interrupted.
     for (QPropertyAnimation *animation : {&_appear, &_disappear}) {
         const QSignalBlocker blocker(animation);
         animation->stop();

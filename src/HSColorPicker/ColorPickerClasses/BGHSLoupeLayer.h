@@ -8,12 +8,13 @@
 // highlights and the frame of the middle cell. The layer's picture is the one, the cells on it and
 // the other on top; it is put together again only when a cell has taken another colour.
 //
-//                         appearInColorPicker, from anywhere
-//                                       |
-//   detached ---------------------> appearing -- 0.35 s --> shown
-//      ^                                | disappear           | disappear
-//      |                                v                     v
-//      +------ 0.1 s ------------- disappearing <----- dismissal pending: the pop-up ends first
+//   detached ---> appearing ----- 0.35 s -----> shown
+//      ^              | disappear                 | disappear
+//      |              v                           v
+//      |      dismissal pending -- 0.35 s --> disappearing
+//      +------------------- 0.1 s ----------------+
+//
+// appearInColorPicker leads to the start of "appearing" from everywhere.
 #pragma once
 
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
@@ -37,6 +38,7 @@ public:
     static constexpr double side = 97.0;
 
     explicit BGHSLoupeLayer(QObject *parent = nullptr);
+    ~BGHSLoupeLayer() override;
 
     /// Pixels per point; 1 when it is not above 0.
     void setContentsScale(double scale);

@@ -3,6 +3,7 @@
 
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 
+#include <QBitmap>
 #include <QPainter>
 
 #include <algorithm>
@@ -218,7 +219,7 @@ void BGHSLoupeLayer::drawStaticParts()
     painter.end();
     _ground.setDevicePixelRatio(1.0);
 
-    _cellsClip = QRegion(gridCirclePath().toFillPolygon(pixelTransform()).toPolygon());
+    _cellsClip = QRegion(QBitmap::fromImage(_ground.createAlphaMask())); // what it half covers
     _rim = rimPicture(Qt::black); // there was no wheel yet when the layer was made
     _rim.setDevicePixelRatio(1.0);
 }
