@@ -20,6 +20,7 @@ const std::vector<Ratio> ratios = {
     {"scale/250", "scale_qimage/250", 1.3, Clock::Passing},
     {"scale/2000", "scale_qimage/2000", 1.3, Clock::Passing},
     {"rotate/30", "rotate_qpainter/30", 1.3, Clock::Passing},
+    {"drag", "drag_plain", 3.0, Clock::Passing},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.

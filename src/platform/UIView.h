@@ -15,7 +15,7 @@ public:
     explicit UIView(QQuickItem *parent = nullptr) : QQuickItem(parent) {}
 
     QRectF frame() const { return {position(), size()}; }
-    void setFrame(const QRectF &frame);
+    virtual void setFrame(const QRectF &frame);
 
     /// Places the children; called whenever the size has changed.
     virtual void layoutSubviews() {}

@@ -1,0 +1,134 @@
+// A finger on the colour wheel, each of its moves drawn at once, beside the least that a magnifier
+// could cost: two ready pictures that move over a third.
+
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
+#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+#include "HSColorPicker/ColorPickerClasses/HSSelectionLayer.h"
+#include "support/Canvas.h"
+
+#include <QGuiApplication>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+#include <cmath>
+
+namespace
+{
+constexpr double scale = 2.0;
+constexpr QRectF wheelFrame(5.0, 120.0, 310.0, 310.0);
+constexpr int moves = 1000;
+
+void prepareApplication()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    static int argc = 1;
+    static char name[] = "tintloom_bench";
+    static char *argv[] = {name, nullptr};
+    // Never destroyed: pictures in caches live until the process ends.
+    static const auto *application = new QGuiApplication(argc, argv);
+    Q_UNUSED(application)
+}
+
+// Winds over the whole wheel, some 7 points a step. Whole points, in the wheel's coordinates.
+QPoint finger(int move)
+{
+    const double angle = move * 0.07;
+    const double radius = 70.0 + 68.0 * std::sin(move * 0.013);
+    return QPointF(155.0 + radius * std::cos(angle), 155.0 + radius * std::sin(angle)).toPoint();
+}
+
+QPoint onWindow(QPoint point)
+{
+    return point + wheelFrame.topLeft().toPoint();
+}
+
+// What Qt Test calls for a touch, after sleeping for a millisecond.
+void touch(QWindow &window, QEventPoint::State state, QPoint point)
+{
+    static QPointingDevice *const screen = QTest::createTouchDevice();
+    qt_handleTouchEventv2(&window, screen,
+                          {QEventPoint(0, state, point, window.mapToGlobal(point))});
+}
+
+// The loupe as it stays while the finger is down.
+void endPopUp(HSColorPickerView &view)
+{
+    auto *popUp = view.findChild<QAbstractAnimation *>("cp_l_appear");
+    popUp->setCurrentTime(popUp->duration());
+}
+
+void drag(benchmark::State &state)
+{
+    prepareApplication();
+    Canvas canvas({320, 568}, scale);
+    auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
+    touch(canvas.window(), QEventPoint::Pressed, onWindow(finger(0)));
+    endPopUp(*view);
+    canvas.draw();
+    for (auto _ : state) {
+        for (int move = 0; move < moves; ++move) {
+            touch(canvas.window(), QEventPoint::Updated, onWindow(finger(move)));
+            canvas.draw();
+            if (view->selection() != finger(move)) {
+                state.SkipWithError("the touch was not handled before its frame");
+                return;
+            }
+        }
+    }
+    touch(canvas.window(), QEventPoint::Released, onWindow(finger(0)));
+    state.SetItemsProcessed(state.iterations() * moves);
+}
+
+CALayer *addPicture(Canvas &canvas, const QImage &picture, QPointF position)
+{
+    auto *layer = new CALayer(canvas.contentItem());
+    layer->setContents(picture);
+    layer->setSize(picture.deviceIndependentSize());
+    layer->setPosition(position);
+    return layer;
+}
+
+QImage ringPicture()
+{
+    QImage picture(44, 44, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    HSSelectionLayer().drawInContext(painter, {0.0, 0.0, 22.0, 22.0});
+    return picture;
+}
+
+QImage loupePicture()
+{
+    BGHSLoupeLayer loupe;
+    loupe.setContentsScale(scale);
+    return loupe.loupeImage();
+}
+
+void dragPlain(benchmark::State &state)
+{
+    prepareApplication();
+    Canvas canvas({320, 568}, scale);
+    QImage wheel =
+        HSColorPickerView::bitmapForDiameter(wheelFrame.width(), scale, 11.0, true)->image();
+    wheel.setDevicePixelRatio(scale);
+    addPicture(canvas, wheel, wheelFrame.topLeft());
+    CALayer *ring = addPicture(canvas, ringPicture(), {});
+    CALayer *loupe = addPicture(canvas, loupePicture(), {});
+    canvas.draw();
+    for (auto _ : state) {
+        for (int move = 0; move < moves; ++move) {
+            const QPoint point = onWindow(finger(move));
+            ring->setPosition(point - QPoint(11, 11));
+            loupe->setPosition(point - QPoint(48, 97));
+            canvas.draw();
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * moves);
+}
+
+// Qt paints on threads of its own, whose time only the passing clock sees.
+BENCHMARK(drag)->Name("drag")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(dragPlain)->Name("drag_plain")->Unit(benchmark::kMillisecond)->UseRealTime();
+} // namespace

@@ -1,0 +1,152 @@
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
+#include "HSColorPicker/LoupePixels.h"
+#include "support/Canvas.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace
+{
+class BGHSLoupeLayerDrawingTest : public testing::Test
+{
+protected:
+    BGHSLoupeLayerDrawingTest()
+    {
+        wheel.setFrame({20, 120, 240, 240});
+        loupe.setColorPicker(&wheel);
+    }
+
+    Canvas canvas{{280, 380}, 2.0};
+    HSColorPickerView wheel{canvas.contentItem()};
+    BGHSLoupeLayer loupe;
+};
+
+QImage drawnAtScale(double scale, const std::function<void(QPainter &)> &draw)
+{
+    QImage picture((QSizeF(97, 97) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    draw(painter);
+    return picture;
+}
+
+/// Of any two bytes; pictures of the same premultiplied format and size.
+int largestDifference(const QImage &a, const QImage &b)
+{
+    int largest = 0;
+    for (qsizetype i = 0; i < a.sizeInBytes(); ++i)
+        largest = std::max(largest, std::abs(a.constBits()[i] - b.constBits()[i]));
+    return largest;
+}
+
+TEST_F(BGHSLoupeLayerDrawingTest, MagnifiesTheColoursAroundTheSelection)
+{
+    wheel.setSelection({90, 150});
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        const QImage picture = drawnAtScale(scale, [this](QPainter &painter) {
+            loupe.drawInContext(painter, {0, 0, 97, 97});
+        });
+        // The first and the last pixel of each cell, as far as they are inside the circle.
+        for (int row = 0; row < 5; ++row) {
+            for (int column = 0; column < 5; ++column) {
+                const QPointF sample(90 - 37 + 15 * column, 150 - 37 + 15 * row);
+                for (const double inset : {0.1, 16.9}) {
+                    const double x = 17 * column - 42.5 + inset;
+                    const double y = 17 * row - 42.5 + inset;
+                    if (std::hypot(x, y) < 39.0) {
+                        EXPECT_EQ(pixelAt(picture, x, y), rgbOf(wheel.colorAtPoint(sample)))
+                            << row << ", " << column << " at scale " << scale;
+                    }
+                }
+            }
+        }
+        EXPECT_EQ(qAlpha(pixelAt(picture, 0, -42.4)), 0);
+        EXPECT_EQ(qAlpha(pixelAt(picture, 30, 30)), 0);
+    }
+}
+
+TEST_F(BGHSLoupeLayerDrawingTest, ShowsACheckerboardThroughTransparency)
+{
+    wheel.setOpacity(0.0);
+    const QImage picture = drawnAtScale(2.0, [this](QPainter &painter) {
+        loupe.drawInContext(painter, {0, 0, 97, 97});
+    });
+    for (int row = 0; row < 6; ++row) {
+        for (int column = 0; column < 6; ++column) {
+            for (const double inset : {1.0, 13.2}) {
+                const double x = 85.0 / 6.0 * column - 42.5 + inset;
+                const double y = 85.0 / 6.0 * row - 42.5 + inset;
+                if (std::hypot(x, y) < 39.0) {
+                    EXPECT_EQ(qRed(pixelAt(picture, x, y)), (row + column) % 2 ? 128 : 255)
+                        << row << ", " << column;
+                }
+            }
+        }
+    }
+    const QImage empty = drawnAtScale(2.0, [](QPainter &painter) {
+        BGHSLoupeLayer().drawInContext(painter, {0, 0, 97, 97});
+    });
+    EXPECT_EQ(empty, picture) << "without a wheel there are no cells";
+}
+
+TEST_F(BGHSLoupeLayerDrawingTest, TheRimIsGlass)
+{
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        loupe.setContentsScale(scale);
+        const QImage rim = loupe.loupeImage();
+        EXPECT_EQ(rim.deviceIndependentSize(), QSizeF(97, 97));
+        for (const QPointF side : {QPointF(1, 0), {0, 1}, {-1, 0}, {0, -1}})
+            EXPECT_EQ(pixelAt(rim, 41 * side.x(), 41 * side.y()), 0xFFFFFFFF);
+        // The frame: one point wide, on whole points, half a point up and left of the cell.
+        for (const double at : {-9.0, 8.0}) {
+            EXPECT_EQ(pixelAt(rim, at, 0), 0xFF000000) << at;
+            EXPECT_EQ(pixelAt(rim, 0, at), 0xFF000000) << at;
+        }
+        for (const double at : {-9.6, -8.4, 7.4, 8.6})
+            EXPECT_EQ(qAlpha(pixelAt(rim, at, -4)), 0) << at;
+    }
+    loupe.setContentsScale(3.0);
+    const QImage rim = loupe.loupeImage();
+    EXPECT_GT(qAlpha(pixelAt(rim, 0, 44)), 150) << "the shadow falls downward";
+    EXPECT_GT(qAlpha(pixelAt(rim, 0, 44)), qAlpha(pixelAt(rim, 0, 47)));
+    EXPECT_LT(qAlpha(pixelAt(rim, 0, -44)), 10);
+    EXPECT_LT(qAlpha(pixelAt(rim, -48.3, -48.3)), 2);
+    // The crescent fades from 0.65 at y = -42.5 to 0.15 at -14.9, and ends on an arc that peaks at
+    // -21.25; the glow fades from 0.5 at (0, 34) to nothing 34 points away.
+    const struct {
+        double x, y, alpha;
+    } lights[] = {{0, -38, 0.568},  {0, -25, 0.333}, {30, -20, 0.242}, {0, -20, 0}, {0, -12, 0},
+                  {0, 33.9, 0.498}, {17, 34, 0.25},  {0, 12, 0.176},   {25, -10, 0}};
+    for (const auto &light : lights) {
+        const QRgb pixel = pixelAt(rim, light.x, light.y);
+        EXPECT_NEAR(qAlpha(pixel) / 255.0, light.alpha, 0.02) << light.x << ", " << light.y;
+        EXPECT_EQ(qRed(pixel), qAlpha(pixel)) << "white, premultiplied";
+    }
+}
+
+// The picture that the window gets is put together in a quicker way than the one to compare with.
+TEST_F(BGHSLoupeLayerDrawingTest, TheWindowShowsPaneAndRim)
+{
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        for (const double opacity : {1.0, 0.4}) {
+            BGHSLoupeLayer layer;
+            layer.setContentsScale(scale);
+            const QImage rim = layer.loupeImage();
+            wheel.setOpacity(opacity);
+            layer.appearInColorPicker(wheel);
+            canvas.draw();
+            const QImage expected = drawnAtScale(scale, [&](QPainter &painter) {
+                layer.drawInContext(painter, {0, 0, 97, 97});
+                painter.drawImage(0, 0, rim);
+            });
+            EXPECT_EQ(layer.contents().deviceIndependentSize(), expected.deviceIndependentSize());
+            EXPECT_LE(largestDifference(layer.contents(), expected), 2)
+                << "at scale " << scale << ", opacity " << opacity;
+        }
+    }
+}
+} // namespace

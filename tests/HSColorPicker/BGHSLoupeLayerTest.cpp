@@ -1,0 +1,267 @@
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
+
+#include "HSColorPicker/LoupePixels.h"
+#include "support/Canvas.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace
+{
+// A wheel on a canvas at scale 2, touched in the middle. No event loop runs: time stands still
+// unless a test sets it.
+class BGHSLoupeLayerTest : public testing::Test
+{
+protected:
+    BGHSLoupeLayerTest() { wheel.setFrame({20, 120, 240, 240}); }
+
+    /// As the wheel does at a touch down.
+    void touchDown() { loupe.appearInColorPicker(wheel); }
+    void show()
+    {
+        touchDown();
+        popUp.setCurrentTime(350);
+    }
+    bool isAttached() const { return loupe.parentItem() == &wheel; }
+
+    Canvas canvas{{280, 380}, 2.0};
+    HSColorPickerView wheel{canvas.contentItem()};
+    BGHSLoupeLayer loupe;
+    QPropertyAnimation &popUp = *loupe.findChild<QPropertyAnimation *>("cp_l_appear");
+    QPropertyAnimation &shrinking = *loupe.findChild<QPropertyAnimation *>("cp_l_disappear");
+};
+
+TEST_F(BGHSLoupeLayerTest, PopsUpAndShrinks)
+{
+    touchDown();
+    EXPECT_TRUE(isAttached());
+    EXPECT_TRUE(loupe.isRunningInitialAnimation());
+    EXPECT_EQ(popUp.duration(), 350);
+    // Eased times at a quarter, a half and three quarters of the way: 0.1292, 0.5, 0.8708.
+    const struct {
+        int time;
+        double scale, tolerance;
+    } steps[] = {{0, 0.1, 1e-9}, {87, 0.6, 0.01}, {175, 1.175, 1e-3}, {263, 0.98, 0.01}};
+    for (const auto &step : steps) {
+        popUp.setCurrentTime(step.time);
+        EXPECT_NEAR(loupe.scale(), step.scale, step.tolerance) << step.time;
+        EXPECT_EQ(loupe.mapToItem(&wheel, QPointF(48.5, 97)), loupe.position() + QPointF(48.5, 97))
+            << "it grows out of the finger";
+    }
+    double largest = 0.0;
+    for (int time = 0; time < 350; ++time) {
+        popUp.setCurrentTime(time);
+        largest = std::max(largest, loupe.scale());
+    }
+    EXPECT_NEAR(largest, 1.4, 0.01);
+    popUp.setCurrentTime(350);
+    EXPECT_EQ(loupe.scale(), 1.0);
+    EXPECT_FALSE(loupe.isRunningInitialAnimation());
+    EXPECT_EQ(shrinking.state(), QAbstractAnimation::Stopped);
+
+    loupe.disappear();
+    EXPECT_EQ(shrinking.duration(), 100);
+    EXPECT_EQ(loupe.scale(), 1.0);
+    shrinking.setCurrentTime(25);
+    EXPECT_NEAR(loupe.scale(), 1.0 - 0.99 * 0.1292, 1e-3);
+    EXPECT_TRUE(isAttached());
+    shrinking.setCurrentTime(100);
+    EXPECT_FALSE(isAttached());
+    EXPECT_EQ(loupe.scale(), 1.0);
+}
+
+TEST_F(BGHSLoupeLayerTest, AShortTouchLetsThePopUpEnd)
+{
+    for (const bool animated : {true, false}) {
+        touchDown();
+        popUp.setCurrentTime(100);
+        loupe.disappearAnimated(animated);
+        EXPECT_TRUE(loupe.isReadyToDismiss());
+        EXPECT_EQ(popUp.state(), QAbstractAnimation::Running);
+        popUp.setCurrentTime(350);
+        EXPECT_TRUE(isAttached());
+        EXPECT_EQ(shrinking.state(), QAbstractAnimation::Running);
+        shrinking.setCurrentTime(100);
+        EXPECT_FALSE(isAttached());
+    }
+}
+
+TEST_F(BGHSLoupeLayerTest, GoesAtOnceWithoutAnimation)
+{
+    show();
+    loupe.disappearAnimated(false);
+    EXPECT_FALSE(isAttached());
+    EXPECT_EQ(shrinking.state(), QAbstractAnimation::Stopped);
+    loupe.disappear();
+    EXPECT_EQ(shrinking.state(), QAbstractAnimation::Stopped) << "there is nothing to shrink";
+}
+
+TEST_F(BGHSLoupeLayerTest, ATouchDownStartsOverFromEveryState)
+{
+    const std::function<void()> states[] = {
+        [] {},
+        [this] {
+            touchDown();
+            popUp.setCurrentTime(200);
+        },
+        [this] { show(); },
+        [this] {
+            touchDown();
+            loupe.disappear();
+        },
+        [this] {
+            show();
+            loupe.disappear();
+            shrinking.setCurrentTime(50);
+        },
+    };
+    for (const auto &reach : states) {
+        reach();
+        touchDown();
+        EXPECT_TRUE(isAttached());
+        EXPECT_TRUE(loupe.isRunningInitialAnimation());
+        EXPECT_FALSE(loupe.isReadyToDismiss());
+        EXPECT_EQ(loupe.scale(), 0.1);
+        popUp.setCurrentTime(350);
+        EXPECT_EQ(shrinking.state(), QAbstractAnimation::Stopped);
+        EXPECT_EQ(loupe.scale(), 1.0);
+        loupe.disappearAnimated(false);
+    }
+}
+
+TEST_F(BGHSLoupeLayerTest, InterruptedShrinkingLeavesItTiny)
+{
+    show();
+    loupe.disappear();
+    shrinking.setCurrentTime(40);
+    shrinking.stop();
+    EXPECT_TRUE(isAttached());
+    EXPECT_EQ(loupe.scale(), 0.01);
+    show();
+    EXPECT_EQ(loupe.scale(), 1.0);
+
+    touchDown();
+    loupe.disappear();
+    popUp.setCurrentTime(100);
+    popUp.stop(); // an interrupted pop-up has ended as well
+    EXPECT_EQ(shrinking.state(), QAbstractAnimation::Running);
+}
+
+TEST_F(BGHSLoupeLayerTest, DrawsOnlyWhenACellChanges)
+{
+    loupe.setContentsScale(2.0);
+    show();
+    canvas.draw();
+    qint64 shown = loupe.contents().cacheKey();
+    const auto isRedrawn = [&] {
+        loupe.setNeedsDisplay();
+        canvas.draw();
+        return std::exchange(shown, loupe.contents().cacheKey()) != shown;
+    };
+    EXPECT_FALSE(isRedrawn());
+    wheel.setSelection({100, 90});
+    EXPECT_TRUE(isRedrawn());
+    wheel.setBrightness(0.0);
+    EXPECT_TRUE(isRedrawn());
+    wheel.setSelection({60, 120});
+    EXPECT_FALSE(isRedrawn()) << "black is black everywhere";
+    loupe.setContentsScale(3.0);
+    EXPECT_TRUE(isRedrawn());
+    EXPECT_EQ(loupe.contents().size(), QSize(291, 291));
+}
+
+// The loupe at work: the wheel's own, under a real mouse.
+class LoupeOnWheelTest : public testing::Test
+{
+protected:
+    LoupeOnWheelTest()
+    {
+        wheel.setFrame({20, 120, 240, 240});
+        window.resize(280, 380);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    BGHSLoupeLayer *loupe() { return wheel.findChild<BGHSLoupeLayer *>(); }
+    QAbstractAnimation *animation(const char *name)
+    {
+        return loupe()->findChild<QAbstractAnimation *>(name);
+    }
+    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, point); }
+    void move(QPoint point) { QTest::mouseMove(&window, point); }
+    void release(QPoint point) { QTest::mouseRelease(&window, Qt::LeftButton, {}, point); }
+
+    QQuickWindow window;
+    HSColorPickerView wheel{window.contentItem()};
+};
+
+TEST_F(LoupeOnWheelTest, FollowsTheFingerAndShowsTheColourThere)
+{
+    EXPECT_EQ(loupe(), nullptr);
+    press({160, 240});
+    ASSERT_NE(loupe(), nullptr);
+    animation("cp_l_appear")->setCurrentTime(350);
+    for (const QPoint point : {QPoint(90, 300), {201, 233}, {140, 170}, {10, 375}}) {
+        move(point);
+        const QPointF corner = wheel.selection() - QPointF(48.5, 97.0);
+        EXPECT_EQ(loupe()->position(), QPointF(std::round(corner.x()), std::round(corner.y())));
+        const QPointF middle = loupe()->mapToScene(QPointF(48.5, 48.5));
+        const QRgb cell = pixelAt(window.grabWindow(), middle - QPointF(4, 4));
+        EXPECT_EQ(cell, rgbOf(wheel.colorAtPoint(wheel.selection() + QPointF(-7, -7))));
+    }
+    release({140, 170});
+    EXPECT_NE(loupe()->parentItem(), nullptr);
+    animation("cp_l_disappear")->setCurrentTime(100);
+    EXPECT_EQ(loupe()->parentItem(), nullptr);
+}
+
+TEST_F(LoupeOnWheelTest, OneLoupeServesEveryTouch)
+{
+    press({160, 240});
+    const BGHSLoupeLayer *first = loupe();
+    release({160, 240});
+    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Stopped);
+    animation("cp_l_appear")->setCurrentTime(350);
+    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Running);
+    press({120, 240});
+    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Stopped);
+    EXPECT_EQ(loupe(), first);
+    EXPECT_EQ(wheel.findChildren<BGHSLoupeLayer *>().size(), 1);
+    animation("cp_l_appear")->setCurrentTime(350);
+    wheel.setParentItem(nullptr);
+    EXPECT_EQ(loupe()->parentItem(), nullptr) << "out of the window it is gone at once";
+}
+
+TEST_F(LoupeOnWheelTest, GoesWithItsWheel)
+{
+    for (const int time : {100, 350}) { // dismissal pending, shrinking
+        auto other = std::make_unique<HSColorPickerView>(window.contentItem());
+        other->setFrame({20, 120, 240, 240});
+        press({160, 240});
+        release({160, 240});
+        other->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(time);
+    }
+    EXPECT_EQ(loupe(), nullptr) << "the wheel below was not touched";
+}
+
+TEST_F(LoupeOnWheelTest, StaysAwayWhenItIsNotWanted)
+{
+    wheel.setShowLoupe(false);
+    press({160, 240});
+    release({160, 240});
+    EXPECT_EQ(loupe(), nullptr);
+    wheel.setShowLoupe(true);
+    press({160, 240});
+    animation("cp_l_appear")->setCurrentTime(350);
+    release({160, 240});
+    animation("cp_l_disappear")->setCurrentTime(20);
+    wheel.setShowLoupe(false);
+    press({160, 240});
+    EXPECT_EQ(animation("cp_l_appear")->state(), QAbstractAnimation::Stopped);
+    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Running);
+}
+} // namespace

@@ -1,0 +1,212 @@
+#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+
+#include "support/Canvas.h"
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace
+{
+class Recorder : public HSColorPickerViewDelegate
+{
+public:
+    void colorPickerDidChangeSelection(HSColorPickerView &view) override
+    {
+        ++changes;
+        blackness = view.findChild<QQuickItem *>("_brightnessLayer")->opacity();
+    }
+
+    int changes = 0;
+    double blackness = -1.0; // as drawn when the last report came
+};
+
+class HSColorPickerViewTest : public testing::Test
+{
+protected:
+    HSColorPickerViewTest() { view->setDelegate(recorder); }
+
+    QQuickItem *layer(const char *name) { return view->findChild<QQuickItem *>(name); }
+
+    Canvas canvas{{400, 400}, 2.0};
+    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+    std::unique_ptr<HSColorPickerView> view{HSColorPickerView::initWithFrame({5, 7, 200, 300})};
+};
+
+void expectNear(QPointF actual, QPointF expected)
+{
+    EXPECT_NEAR(actual.x(), expected.x(), 1e-9);
+    EXPECT_NEAR(actual.y(), expected.y(), 1e-9);
+}
+
+TEST_F(HSColorPickerViewTest, StartsWhiteAndSquare)
+{
+    EXPECT_EQ(view->frame(), QRectF(5, 7, 200, 200));
+    EXPECT_EQ(view->selection(), QPointF(100, 100));
+    EXPECT_EQ(view->selectionColor().components(), (UIColor::RGBA{1, 1, 1, 1}));
+    EXPECT_TRUE(view->showLoupe());
+    EXPECT_FALSE(view->cropToCircle());
+    HSColorPickerView unsquared;
+    unsquared.setFrame({0, 0, 300, 200});
+    EXPECT_EQ(unsquared.size(), QSizeF(300, 200));
+}
+
+TEST_F(HSColorPickerViewTest, StacksItsLayers)
+{
+    QStringList names;
+    for (const QQuickItem *child : layer("_contentsLayer")->childItems())
+        names += child->objectName();
+    EXPECT_EQ(names, (QStringList{"_gradientLayer", "_brightnessLayer", "_selectionColorLayer",
+                                  "_opacityLayer", "_selectionLayer"}));
+    EXPECT_TRUE(layer("_contentsLayer")->clip());
+    view->setParentItem(canvas.contentItem());
+    view->setSelection({150, 60});
+    view->setBrightness(0.25);
+    view->setOpacity(0.5);
+    EXPECT_EQ(layer("_brightnessLayer")->opacity(), 0.75);
+    EXPECT_EQ(layer("_opacityLayer")->opacity(), 0.5);
+    for (const char *ring : {"_selectionLayer", "_selectionColorLayer"})
+        EXPECT_EQ(layer(ring)->mapRectToItem(view.get(), layer(ring)->boundingRect()),
+                  QRectF(139, 49, 22, 22));
+}
+
+TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
+{
+    const double slant = 89 * std::sqrt(0.5);
+    const struct {
+        QPointF touch, inSquare, inCircle;
+    } cases[] = {
+        {{100, 100}, {100, 100}, {100, 100}},
+        {{120.5, 40.25}, {120.5, 40.25}, {120.5, 40.25}},
+        {{0, 0}, {11, 11}, {100 - slant, 100 - slant}},
+        {{200, 0}, {189, 11}, {100 + slant, 100 - slant}},
+        {{0, 200}, {11, 189}, {100 - slant, 100 + slant}},
+        {{1000, 1000}, {189, 189}, {100 + slant, 100 + slant}},
+        {{15, 185}, {15, 185}, {100 - slant, 100 + slant}}, // in the square, outside the circle
+        {{100, -300}, {100, 11}, {100, 11}},
+        {{100, 199}, {100, 189}, {100, 189}},
+        {{-1, 100}, {11, 100}, {11, 100}},
+        {{205, 100}, {189, 100}, {189, 100}},
+        {{189, 100}, {189, 100}, {189, 100}},
+    };
+    for (const auto &[touch, inSquare, inCircle] : cases) {
+        SCOPED_TRACE(testing::Message() << touch.x() << ", " << touch.y());
+        for (const bool circle : {false, true}) {
+            view->setCropToCircle(circle);
+            expectNear(view->validPointForTouch(touch), circle ? inCircle : inSquare);
+            view->setSelection(touch);
+            expectNear(view->selection(), circle ? inCircle : inSquare);
+        }
+    }
+    view->setFrame({0, 0, 300, 200}); // below the middle but above the half width: mirrored
+    const double far = 139 / std::hypot(140, 40);
+    expectNear(view->validPointForTouch({290, 140}), {150 + 140 * far, 100 - 40 * far});
+}
+
+TEST_F(HSColorPickerViewTest, StandsViewsWithoutAnActiveArea)
+{
+    view->setParentItem(canvas.contentItem());
+    for (const double side : {0.0, 0.2, 10.0, 22.0}) {
+        for (const bool circle : {false, true}) {
+            view->setFrame({0, 0, side, side});
+            view->setCropToCircle(circle);
+            EXPECT_TRUE(view->activeAreaShape().isEmpty());
+            for (const double at : {-5.0, 11.0, 50.0, std::nan("")})
+                view->setSelection({at, at});
+            canvas.draw();
+            EXPECT_GE(view->selectionColor().components().red, 0.0);
+        }
+    }
+    view->setFrame({0, 0, 200, 200});
+    view->setSelection({50, 60});
+    EXPECT_EQ(view->selection(), QPointF(50, 60));
+}
+
+TEST_F(HSColorPickerViewTest, KeepsBrightnessAndOpacityWhereverThePointGoes)
+{
+    view->setSelectionColor(UIColor::colorWithHue(0.5, 1, 0.25, 0.5));
+    expectNear(view->selection(), {11, 100});
+    view->setSelection({189, 100});
+    EXPECT_EQ(view->selectionColor().components(), (UIColor::RGBA{0.25, 0, 0, 0.5}));
+    EXPECT_EQ(view->colorAtPoint({100, 100}).components(), (UIColor::RGBA{.25, .25, .25, .5}));
+    EXPECT_EQ(view->selection(), QPointF(189, 100));
+}
+
+TEST_F(HSColorPickerViewTest, RoundingTheShapePullsTheSelectionIn)
+{
+    view->setSelection({11, 11});
+    view->setCropToCircle(true);
+    const double rim = 100 - 89 * std::sqrt(0.5);
+    expectNear(view->selection(), {rim, rim});
+    view->setCropToCircle(false);
+    expectNear(view->selection(), {rim, rim});
+}
+
+TEST_F(HSColorPickerViewTest, ReportsEachChangeOnceItIsDrawn)
+{
+    const struct {
+        const char *what;
+        int reports;
+        std::function<void()> act;
+    } cases[] = {
+        {"frame without a window", 0,
+         [&] {
+             view->setFrame({0, 0, 210, 210});
+         }},
+        {"window", 1, [&] { view->setParentItem(canvas.contentItem()); }},
+        {"frame", 1,
+         [&] {
+             view->setFrame({3, 4, 150, 150});
+         }},
+        {"same frame", 1,
+         [&] {
+             view->setFrame({3, 4, 150, 150});
+         }},
+        {"width alone", 1, [&] { view->setWidth(160); }},
+        {"brightness", 1, [&] { view->setBrightness(0.5); }},
+        {"same brightness", 1, [&] { view->setBrightness(0.5); }},
+        {"opacity", 1, [&] { view->setOpacity(0.5); }},
+        {"colour", 1, [&] { view->setSelectionColor(UIColor::blackColor()); }},
+        {"point", 1,
+         [&] {
+             view->setSelection({40, 50});
+         }},
+        {"circle", 1, [&] { view->setCropToCircle(true); }},
+        {"square", 1, [&] { view->setCropToCircle(false); }},
+        {"loupe", 0, [&] { view->setShowLoupe(false); }},
+        {"questions", 0,
+         [&] {
+             view->colorAtPoint({20, 20});
+             view->stateForPoint({20, 20});
+             view->validPointForTouch({0, 0});
+         }},
+        {"another window's child", 0, [&] { view->setParentItem(nullptr); }},
+        {"change without a window", 1, [&] { view->setBrightness(1.0); }},
+    };
+    for (const auto &[what, reports, act] : cases) {
+        recorder->changes = 0;
+        act();
+        EXPECT_EQ(recorder->changes, reports) << what;
+        EXPECT_TRUE(!reports || recorder->blackness == 1.0 - view->brightness()) << what;
+    }
+    recorder.reset();
+    view->setBrightness(0.3); // the delegate is gone
+    view->setDelegate(std::make_shared<HSColorPickerViewDelegate>());
+    view->setBrightness(0.4); // and this one wants nothing
+}
+
+TEST_F(HSColorPickerViewTest, TakesItsScaleAndPictureFromTheWindow)
+{
+    EXPECT_EQ(view->scale(), 0.0);
+    EXPECT_EQ(view->rep(), nullptr);
+    view->setParentItem(canvas.contentItem());
+    EXPECT_EQ(view->scale(), 2.0);
+    EXPECT_EQ(view->rep(), HSColorPickerView::bitmapForDiameter(200, 2, 11, true)) << "shared";
+    Canvas sharper({400, 400}, 3.0);
+    view->setParentItem(sharper.contentItem());
+    EXPECT_EQ(view->scale(), 3.0);
+    EXPECT_EQ(view->rep()->bitmapSize(), (BMPoint{600, 600}));
+    view->setParentItem(nullptr);
+    EXPECT_EQ(view->scale(), 0.0);
+}
+} // namespace

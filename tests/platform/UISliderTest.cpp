@@ -1,0 +1,137 @@
+#include "platform/UISlider.h"
+
+#include <QPointingDevice>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace
+{
+// 230 points wide: the knob's middle travels from 15 to 215, a hundredth of the range every 2.
+class UISliderTest : public testing::Test
+{
+protected:
+    UISliderTest()
+    {
+        slider.setFrame({10, 20, 230, 30});
+        QObject::connect(&slider, &UISlider::moved, [this] { ++movements; });
+        window.resize(260, 120);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    /// A point of the window with the knob's middle at that percentage below it.
+    static QPoint at(int percent) { return {10 + 15 + 2 * percent, 20 + 15}; }
+    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, point); }
+    void move(QPoint point) { QTest::mouseMove(&window, point); }
+    void release(QPoint point) { QTest::mouseRelease(&window, Qt::LeftButton, {}, point); }
+
+    QQuickWindow window;
+    UISlider slider{window.contentItem()};
+    int movements = 0;
+};
+
+TEST_F(UISliderTest, ClampsWhatIsSetAndReportsNothing)
+{
+    const float notANumber = std::numeric_limits<float>::quiet_NaN();
+    const struct {
+        float set, kept;
+    } cases[] = {{0.25f, 0.25f}, {-1.0f, 0.0f}, {7.0f, 1.0f}, {notANumber, 0.0f}};
+    for (const auto &each : cases) {
+        slider.setValue(each.set);
+        EXPECT_EQ(slider.value(), each.kept);
+    }
+    slider.setMinimumValue(2.0f); // a range turned over, for a moment
+    EXPECT_EQ(slider.value(), 1.0f);
+    slider.setMaximumValue(6.0f);
+    EXPECT_EQ(slider.value(), 2.0f);
+    slider.setValue(4.0f);
+    EXPECT_EQ(slider.knobRect(), QRectF(101, 1, 28, 28));
+    EXPECT_EQ(movements, 0);
+}
+
+TEST_F(UISliderTest, TheKnobFollowsTheMouse)
+{
+    slider.setValue(0.5f);
+    press(at(50) + QPoint(9, 5)); // on the knob, but not in its middle
+    EXPECT_TRUE(slider.isTracking());
+    EXPECT_EQ(movements, 0) << "taking hold moves nothing";
+    move(at(60) + QPoint(9, 40));
+    EXPECT_FLOAT_EQ(slider.value(), 0.6f);
+    move(at(110));
+    move(at(112));
+    EXPECT_EQ(slider.value(), 1.0f);
+    EXPECT_EQ(movements, 2) << "at the end nothing changes any more";
+    release(at(20) + QPoint(9, 0));
+    EXPECT_FLOAT_EQ(slider.value(), 0.2f);
+    EXPECT_FALSE(slider.isTracking());
+    move(at(80));
+    EXPECT_FLOAT_EQ(slider.value(), 0.2f);
+
+    press(at(75)); // beside the knob
+    EXPECT_FLOAT_EQ(slider.value(), 0.75f);
+    release(at(75));
+    QTest::mouseClick(&window, Qt::RightButton, {}, at(10));
+    slider.setEnabled(false);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, at(10));
+    EXPECT_FLOAT_EQ(slider.value(), 0.75f);
+    EXPECT_EQ(movements, 4);
+}
+
+TEST_F(UISliderTest, ATouchOfTheKnobLeavesEveryValueAlone)
+{
+    for (const float value : {0.0f, 0.1f, 1.0f / 3.0f, 0.7071f, 0.999f, 1.0f}) {
+        slider.setValue(value);
+        const QPoint knob = slider.mapToScene(slider.knobRect().center()).toPoint();
+        press(knob);
+        move(knob + QPoint(0, 30));
+        release(knob + QPoint(0, 30));
+        EXPECT_EQ(slider.value(), value);
+    }
+    EXPECT_EQ(movements, 0);
+}
+
+TEST_F(UISliderTest, ObeysOneFingerAtATime)
+{
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const auto touches = [&] { return QTest::touchEvent(&window, screen.get()); };
+    touches().press(1, at(30), &window);
+    EXPECT_FLOAT_EQ(slider.value(), 0.3f);
+    touches().move(1, at(40), &window).press(2, at(90), &window);
+    EXPECT_FLOAT_EQ(slider.value(), 0.4f);
+    press(at(5)); // nor does the mouse get hold of it
+    touches().stationary(1).move(2, at(70), &window);
+    EXPECT_FLOAT_EQ(slider.value(), 0.4f);
+    touches().release(1, at(45), &window).stationary(2);
+    EXPECT_FLOAT_EQ(slider.value(), 0.45f);
+    EXPECT_FALSE(slider.isTracking());
+    touches().release(2, at(70), &window);
+    EXPECT_FLOAT_EQ(slider.value(), 0.45f);
+    release(at(5));
+
+    touches().press(3, at(45), &window);
+    slider.setVisible(false); // takes the touch away
+    EXPECT_FALSE(slider.isTracking());
+    touches().release(3, at(80), &window);
+    EXPECT_FLOAT_EQ(slider.value(), 0.45f);
+}
+
+TEST_F(UISliderTest, ShowsTrackAndKnob)
+{
+    slider.setValue(0.5f);
+    const QImage picture = window.grabWindow();
+    EXPECT_EQ(picture.pixelColor(at(50)), Qt::white);
+    EXPECT_EQ(picture.pixelColor(at(10)), QColor(0, 122, 255));
+    EXPECT_EQ(picture.pixelColor(at(90)), QColor(183, 183, 183));
+    EXPECT_EQ(picture.pixelColor(at(10) + QPoint(0, 2)), Qt::white);
+    EXPECT_LT(picture.pixelColor(at(50) + QPoint(0, 14)).lightness(), 240) << "the knob's shadow";
+    slider.setFrame({10, 20, 10, 30}); // no room to travel
+    EXPECT_TRUE(std::isfinite(slider.knobRect().x()));
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {15, 35});
+    EXPECT_TRUE(std::isfinite(slider.value()));
+    EXPECT_FALSE(window.grabWindow().isNull());
+}
+} // namespace
