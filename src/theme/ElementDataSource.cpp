@@ -20,7 +20,7 @@ QVariant valueFromJson(const QJsonValue &json)
 {
     if (json.isArray()) {
         QVariantList list;
-        for (const QJsonValue &item : json.toArray())
+        for (const QJsonValue item : json.toArray())
             list.append(valueFromJson(item));
         return list;
     }
