@@ -8,6 +8,8 @@ BitmapDrawManipulator::initWithContext(BitmapContextRep *context)
     return std::unique_ptr<BitmapDrawManipulator>(new BitmapDrawManipulator(context));
 }
 
+// By value, as a call by name hands it over.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void BitmapDrawManipulator::drawImage(QImage image, QRectF rect)
 {
     const double bottom = double(bitmapSize().y) - (rect.y() + rect.height());

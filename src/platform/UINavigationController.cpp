@@ -55,7 +55,7 @@ void UINavigationController::place(UIViewController &controller)
     controller.view()->setFocus(true);
 }
 
-void UINavigationController::pushViewController(std::shared_ptr<UIViewController> controller,
+void UINavigationController::pushViewController(const std::shared_ptr<UIViewController> &controller,
                                                 bool animated)
 {
     finishSlide();

@@ -37,7 +37,7 @@ public:
     UIViewController *topViewController() const { return _viewControllers.back().get(); }
     bool canGoBack() const { return _viewControllers.size() > 1; }
 
-    void pushViewController(std::shared_ptr<UIViewController> controller, bool animated);
+    void pushViewController(const std::shared_ptr<UIViewController> &controller, bool animated);
     /// Takes the top screen off; the root stays. Its view lives until it has slid out.
     Q_INVOKABLE void popViewController(bool animated = true);
 

@@ -108,8 +108,8 @@ BGHSLoupeLayer::CellColors BGHSLoupeLayer::cellColors() const
     const QPointF start = _colorPicker->selection() + QPointF(firstSample, firstSample);
     CellColors colors;
     for (int i = 0; i < int(colors.size()); ++i) {
-        const QPointF step(i % cellsPerSide, i / cellsPerSide);
-        colors[i] = _colorPicker->colorAtPoint(start + step * sampleSpacing).qColor();
+        const QPoint cell(i % cellsPerSide, i / cellsPerSide);
+        colors[i] = _colorPicker->colorAtPoint(start + QPointF(cell) * sampleSpacing).qColor();
     }
     return colors;
 }
