@@ -27,6 +27,7 @@ UIWindow::~UIWindow()
     if (_rootViewController)
         _rootViewController->prepareForTermination();
     delete _alertLayer;
+    delete _actionSheetLayer;
     _rootViewController.reset();
     if (theKeyWindow == this)
         theKeyWindow = nullptr;
@@ -60,17 +61,11 @@ void UIWindow::showAlert(std::unique_ptr<UIAlertView> alertView)
     UIAlertView *shown = alertView.get();
     connect(shown, &UIAlertView::dismissed, this, [this, shown] { removeAlert(shown); });
     _alerts.push_back(std::move(alertView));
-    if (!_alertLayer) {
-        _alertLayer = QMLViews::create(_engine, "platform/AlertLayer.qml",
-                                       {{"window", QVariant::fromValue(this)}});
-        _alertLayer->setParent(this);
-        _alertLayer->setParentItem(contentItem());
-        _alertLayer->setZ(1.0);
-        _alertLayer->setSize(size());
-    }
-    _stage->setEnabled(false);
+    if (!_alertLayer)
+        _alertLayer =
+            addLayer("platform/AlertLayer.qml", {{"window", QVariant::fromValue(this)}}, 2.0);
     emit alertChanged();
-    _alertLayer->forceActiveFocus();
+    giveInputToTop();
 }
 
 void UIWindow::removeAlert(UIAlertView *alertView)
@@ -81,10 +76,48 @@ void UIWindow::removeAlert(UIAlertView *alertView)
     found->release()->deleteLater(); // it is still telling its delegate
     _alerts.erase(found);
     emit alertChanged();
-    if (!_alerts.empty())
-        return;
-    _stage->setEnabled(true);
-    _stage->forceActiveFocus();
+    giveInputToTop();
+}
+
+void UIWindow::showActionSheet(std::unique_ptr<UIActionSheet> actionSheet)
+{
+    if (_actionSheet)
+        removeActionSheet();
+    _actionSheet = std::move(actionSheet);
+    connect(_actionSheet.get(), &UIActionSheet::dismissed, this, &UIWindow::removeActionSheet);
+    _actionSheetLayer = addLayer("platform/ActionSheetLayer.qml",
+                                 {{"sheet", QVariant::fromValue(_actionSheet.get())}}, 1.0);
+    giveInputToTop();
+}
+
+void UIWindow::removeActionSheet()
+{
+    _actionSheetLayer->setVisible(false);
+    _actionSheetLayer->deleteLater(); // one of its buttons is being pressed
+    _actionSheetLayer = nullptr;
+    _actionSheet.release()->deleteLater(); // it is still telling its delegate
+    giveInputToTop();
+}
+
+QQuickItem *UIWindow::addLayer(const char *file, const QVariantMap &properties, double z)
+{
+    QQuickItem *layer = QMLViews::create(_engine, file, properties);
+    layer->setParent(this);
+    layer->setParentItem(contentItem());
+    layer->setZ(z);
+    layer->setSize(size());
+    return layer;
+}
+
+void UIWindow::giveInputToTop()
+{
+    QQuickItem *const top = !_alerts.empty()    ? _alertLayer
+                            : _actionSheetLayer ? _actionSheetLayer
+                                                : _stage;
+    _stage->setEnabled(top == _stage);
+    if (_actionSheetLayer)
+        _actionSheetLayer->setEnabled(top == _actionSheetLayer);
+    top->forceActiveFocus();
 }
 
 void UIWindow::resizeEvent(QResizeEvent *event)
@@ -94,6 +127,7 @@ void UIWindow::resizeEvent(QResizeEvent *event)
     _stage->setSize(event->size());
     if (_rootViewController)
         _rootViewController->view()->setSize(event->size());
-    if (_alertLayer)
-        _alertLayer->setSize(event->size());
+    for (QQuickItem *layer : {_alertLayer, _actionSheetLayer})
+        if (layer)
+            layer->setSize(event->size());
 }

@@ -1,10 +1,11 @@
-// The program's window: a white ground, the root view controller's view on it, and alerts above
-// all.
+// The program's window: a white ground, the root view controller's view on it, an action sheet over
+// that, and alerts above all.
 //
-// While an alert is up, everything below it takes neither touches nor keys. The window owns the
-// engine that makes all views.
+// While a sheet or an alert is up, everything below it takes neither touches nor keys. The window
+// owns the engine that makes all views.
 #pragma once
 
+#include "platform/UIActionSheet.h"
 #include "platform/UIAlertView.h"
 #include "platform/UIViewController.h"
 
@@ -37,6 +38,11 @@ public:
     UIAlertView *alert() const { return _alerts.empty() ? nullptr : _alerts.back().get(); }
     void showAlert(std::unique_ptr<UIAlertView> alertView);
 
+    /// The sheet that is up, or null.
+    UIActionSheet *actionSheet() const { return _actionSheet.get(); }
+    /// In place of a sheet that is still up, which goes unanswered.
+    void showActionSheet(std::unique_ptr<UIActionSheet> actionSheet);
+
 signals:
     void alertChanged();
 
@@ -44,11 +50,18 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    /// An item of the window's size above the stage, drawn by a QML file.
+    QQuickItem *addLayer(const char *file, const QVariantMap &properties, double z);
     void removeAlert(UIAlertView *alertView);
+    void removeActionSheet();
+    /// Gives the input to what is on top, and to nothing below that.
+    void giveInputToTop();
 
     QQmlEngine _engine;
-    QQuickItem *_stage; // everything below alerts
+    QQuickItem *_stage; // everything below sheets and alerts
     std::shared_ptr<UIViewController> _rootViewController;
     std::vector<std::unique_ptr<UIAlertView>> _alerts;
     QQuickItem *_alertLayer = nullptr; // made for the first alert
+    std::unique_ptr<UIActionSheet> _actionSheet;
+    QQuickItem *_actionSheetLayer = nullptr; // while a sheet is up
 };
