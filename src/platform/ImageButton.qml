@@ -33,13 +33,5 @@ PushButton {
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
     }
-    Rectangle {
-        anchors.fill: parent
-        anchors.margins: -2
-        color: "transparent"
-        border.color: "#0A60FF"
-        border.width: 2
-        radius: 10
-        visible: button.activeFocus
-    }
+    FocusFrame {}
 }

@@ -1,8 +1,9 @@
 import QtQuick
+import Tintloom
 
 // What all buttons have in common; how they look is up to their children. A press takes no keyboard focus, so
 // that tapping a button does not end an edit elsewhere; Tab reaches it.
-Item {
+UIView {
     id: button
 
     property string title

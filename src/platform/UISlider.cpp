@@ -1,5 +1,6 @@
 #include "platform/UISlider.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QQuickWindow>
@@ -27,6 +28,7 @@ UISlider::UISlider(QQuickItem *parent) : UIView(parent), _backing(this), _knob(t
     setFlag(ItemHasContents);
     setAcceptTouchEvents(true);
     setAcceptedMouseButtons(Qt::LeftButton);
+    setActiveFocusOnTab(true);
     _backing.setZ(-1.0); // below the track, which the slider paints itself
 }
 
@@ -166,6 +168,40 @@ void UISlider::touchUngrabEvent()
 {
     if (_holder != mouse)
         _holder.reset();
+}
+
+void UISlider::step(int hundredths)
+{
+    moveTo(_value + float(hundredths) * (_maximumValue - _minimumValue) / 100.0f);
+}
+
+void UISlider::keyPressEvent(QKeyEvent *event)
+{
+    const int stride = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        step(-stride);
+        break;
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        step(stride);
+        break;
+    case Qt::Key_PageDown:
+        step(-10);
+        break;
+    case Qt::Key_PageUp:
+        step(10);
+        break;
+    case Qt::Key_Home:
+        moveTo(_minimumValue);
+        break;
+    case Qt::Key_End:
+        moveTo(_maximumValue);
+        break;
+    default:
+        event->ignore();
+    }
 }
 
 void UISlider::layoutSubviews()

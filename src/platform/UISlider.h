@@ -1,7 +1,8 @@
 // A horizontal slider: a thin track and a round knob that a finger or the mouse moves.
 //
 // A press on the knob takes hold of it where it is; a press beside it brings the knob there first.
-// One finger at a time: the slider follows the one that pressed first until it lifts.
+// One finger at a time: the slider follows the one that pressed first until it lifts. A press takes
+// no keyboard focus, as it ends no editing elsewhere; Tab reaches the slider.
 #pragma once
 
 #include "platform/CALayer.h"
@@ -14,9 +15,10 @@ class UISlider : public UIView
 {
     Q_OBJECT
     QML_ELEMENT
+    // Assistive technology writes the value and reads the rest.
     Q_PROPERTY(float minimumValue READ minimumValue WRITE setMinimumValue FINAL)
     Q_PROPERTY(float maximumValue READ maximumValue WRITE setMaximumValue FINAL)
-    Q_PROPERTY(float value READ value WRITE setValue NOTIFY valueChanged FINAL)
+    Q_PROPERTY(float value READ value WRITE moveTo NOTIFY valueChanged FINAL)
 
 public:
     explicit UISlider(QQuickItem *parent = nullptr);
@@ -34,6 +36,8 @@ public:
     void setValue(float value);
     /// The one way in for a person's input: setValue, reported by `moved` if that has changed it.
     void moveTo(float value);
+    /// Moves by that many hundredths of the range, as an arrow key does.
+    Q_INVOKABLE void step(int hundredths);
 
     /// Whether a finger or the mouse holds it.
     bool isTracking() const { return _holder.has_value(); }
@@ -70,6 +74,8 @@ protected:
     void mouseUngrabEvent() override;
     void touchEvent(QTouchEvent *event) override;
     void touchUngrabEvent() override;
+    /// Arrows by a hundredth of the range, with Shift and the Page keys by a tenth; Home and End.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     float valueAt(double knobMiddle) const;

@@ -91,6 +91,13 @@ void HSColorPickerView::setSelection(QPointF point)
     updateStateForTouchPoint(point);
 }
 
+QString HSColorPickerView::spokenSelection() const
+{
+    return tr("Hue %1 degrees, saturation %2 percent")
+        .arg(std::lround(_state.hue() * 360.0))
+        .arg(std::lround(_state.saturation() * 100.0));
+}
+
 HSColorPickerState HSColorPickerView::stateForPoint(QPointF point) const
 {
     return HSColorPickerState::stateForPoint(point, paletteDiameter(), paddingDistance())
@@ -232,6 +239,7 @@ void HSColorPickerView::handleStateChanged()
     drawSelectionColor();
     _opacityLayer->setOpacity(1.0 - opacity());
     _brightnessLayer->setOpacity(1.0 - brightness());
+    emit selectionChanged();
     if (const auto delegate = _delegate.lock())
         delegate->colorPickerDidChangeSelection(*this);
 }

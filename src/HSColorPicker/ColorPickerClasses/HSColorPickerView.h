@@ -58,6 +58,7 @@ class HSColorPickerView : public UIView
     QML_ELEMENT
     Q_PROPERTY(
         bool cropToCircle READ cropToCircle WRITE setCropToCircle NOTIFY cropToCircleChanged FINAL)
+    Q_PROPERTY(QString spokenSelection READ spokenSelection NOTIFY selectionChanged FINAL)
     Q_PROPERTY(bool showLoupe READ showLoupe WRITE setShowLoupe NOTIFY showLoupeChanged FINAL)
 
 public:
@@ -89,6 +90,8 @@ public:
     void setSelectionColor(const UIColor &color);
     /// Where the state lies in the view.
     QPointF selection() const;
+    /// Hue and saturation in words, for those who do not see the wheel.
+    QString spokenSelection() const;
     /// As a touch there would, but without the loupe and the messages about touches.
     void setSelection(QPointF point);
 
@@ -129,6 +132,7 @@ public:
     void handleStateChanged();
 
 signals:
+    void selectionChanged();
     void cropToCircleChanged();
     void showLoupeChanged();
 
@@ -141,6 +145,8 @@ protected:
     void mouseUngrabEvent() override;
     void touchEvent(QTouchEvent *event) override;
     void touchUngrabEvent() override;
+    /// Arrows move the selection by a point, with Shift by ten, as a touch there would.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void initRoutine();

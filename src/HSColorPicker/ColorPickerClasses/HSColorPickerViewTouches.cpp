@@ -1,5 +1,8 @@
-// How touches and the mouse reach the wheel: one finger at a time, wherever it goes.
+// How people reach the wheel: by touch or mouse, one finger at a time, wherever it goes; by arrow
+// keys.
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+
+#include <QKeyEvent>
 
 #include <algorithm>
 
@@ -103,4 +106,25 @@ void HSColorPickerView::touchUngrabEvent()
 {
     if (_touchId && _touchId != mouseId)
         touchesCancelled();
+}
+
+void HSColorPickerView::keyPressEvent(QKeyEvent *event)
+{
+    const double stride = event->modifiers() & Qt::ShiftModifier ? 10.0 : 1.0;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        updateStateForTouchPoint(selection() - QPointF(stride, 0.0));
+        break;
+    case Qt::Key_Right:
+        updateStateForTouchPoint(selection() + QPointF(stride, 0.0));
+        break;
+    case Qt::Key_Up:
+        updateStateForTouchPoint(selection() - QPointF(0.0, stride));
+        break;
+    case Qt::Key_Down:
+        updateStateForTouchPoint(selection() + QPointF(0.0, stride));
+        break;
+    default:
+        event->ignore();
+    }
 }
