@@ -1,0 +1,158 @@
+import QtQuick
+import Tintloom
+
+// The chooser's page. Keys that no part of it takes move the wheel's selection, accept or cancel.
+FocusScope {
+    id: root
+
+    required property ColorPickerViewController controller
+    property alias colorPicker: wheel
+    property alias brightnessSlider: brightness
+    property alias opacitySlider: opacity
+    property alias hexTextField: field
+
+    // Fades as one picture, not part by part.
+    layer.enabled: root.opacity < 1
+
+    Keys.forwardTo: wheel
+    Keys.onEscapePressed: root.controller.cancelButtonTap()
+    Keys.onReturnPressed: event => root.controller.returnKey(event.isAutoRepeat)
+    Keys.onEnterPressed: event => root.controller.returnKey(event.isAutoRepeat)
+
+    Rectangle {
+        anchors.fill: parent
+        color: "white"
+    }
+    // Swallows what misses the parts of the page.
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+    Flickable {
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: root.controller.layout.contentHeight
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+
+        ImageButton {
+            objectName: "_cancelButton"
+            frame: root.controller.layout.cancelButton
+            title: "Cancel"
+            titleColor: "black"
+            image: "qrc:/images/greyButton.png"
+            highlightedImage: "qrc:/images/greyButtonHighlight.png"
+            onTouchUpInside: root.controller.cancelButtonTap()
+        }
+        ImageButton {
+            objectName: "_removeButton"
+            frame: root.controller.layout.removeButton
+            title: "Remove Color"
+            image: "qrc:/images/orangeButton.png"
+            highlightedImage: "qrc:/images/orangeButtonHighlight.png"
+            onTouchUpInside: root.controller.removeButtonTap()
+        }
+        ImageButton {
+            objectName: "_saveButton"
+            frame: root.controller.layout.saveButton
+            title: "Select Color"
+            image: "qrc:/images/lightGreenButton.png"
+            highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
+            onTouchUpInside: root.controller.saveButtonTap()
+        }
+        UIView {
+            objectName: "_colorPatch"
+            frame: root.controller.layout.colorPatch
+
+            Accessible.role: Accessible.Graphic
+            Accessible.name: qsTr("Chosen colour")
+            Accessible.description: field.text
+
+            Rectangle {
+                anchors.fill: parent
+                color: root.controller.color
+            }
+            TextFieldView {
+                id: field
+
+                objectName: "_hexTextField"
+                frame: root.controller.layout.hexTextField
+                name: qsTr("Colour text")
+                fontSize: 18
+                inputMethodHints: Qt.ImhUppercaseOnly | Qt.ImhNoPredictiveText
+            }
+        }
+        HSColorPickerView {
+            id: wheel
+
+            objectName: "_colorPicker"
+            frame: root.controller.layout.colorPicker
+            activeFocusOnTab: true
+
+            Accessible.role: Accessible.ColorChooser
+            Accessible.name: qsTr("Colour wheel")
+            Accessible.description: wheel.spokenSelection
+            Accessible.focusable: true
+
+            FocusFrame {}
+        }
+        HSBrightnessSlider {
+            id: brightness
+
+            objectName: "_brightnessSlider"
+            frame: root.controller.layout.brightnessSlider
+
+            Accessible.role: Accessible.Slider
+            Accessible.name: qsTr("Brightness")
+            Accessible.onIncreaseAction: brightness.step(1)
+            Accessible.onDecreaseAction: brightness.step(-1)
+
+            FocusFrame {}
+        }
+        HSOpacitySlider {
+            id: opacity
+
+            objectName: "_opacitySlider"
+            frame: root.controller.layout.opacitySlider
+
+            Accessible.role: Accessible.Slider
+            Accessible.name: qsTr("Opacity")
+            Accessible.onIncreaseAction: opacity.step(1)
+            Accessible.onDecreaseAction: opacity.step(-1)
+
+            FocusFrame {}
+        }
+        Row {
+            objectName: "quickButtons"
+            x: root.controller.layout.quickButtons.x
+            y: root.controller.layout.quickButtons.y
+            spacing: 2
+
+            QuickButton {
+                title: "Black"
+                onTouchUpInside: root.controller.selectBlack()
+            }
+            QuickButton {
+                title: "White"
+                onTouchUpInside: root.controller.selectWhite()
+            }
+            QuickButton {
+                title: "Red"
+                onTouchUpInside: root.controller.selectRed()
+            }
+            QuickButton {
+                title: "Green"
+                onTouchUpInside: root.controller.selectGreen()
+            }
+            QuickButton {
+                title: "Blue"
+                onTouchUpInside: root.controller.selectBlue()
+            }
+            QuickButton {
+                title: "Clear"
+                onTouchUpInside: root.controller.selectClear()
+            }
+        }
+    }
+}

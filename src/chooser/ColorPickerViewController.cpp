@@ -1,0 +1,176 @@
+#include "chooser/ColorPickerViewController.h"
+
+#include "chooser/HexFieldRules.h"
+#include "platform/NSLog.h"
+#include "platform/UINavigationController.h"
+#include "platform/UIScreen.h"
+#include "theme/ColorText.h"
+
+ColorPickerViewController::ColorPickerViewController(const UIColor &color, std::int32_t section,
+                                                     std::int32_t row)
+    : _color(color), _selectedSection(section), _selectedRow(row), _initialColor(color)
+{
+}
+
+ColorPickerViewController::~ColorPickerViewController()
+{
+    NSLog("%s", {"-[ColorPickerViewController dealloc]"});
+}
+
+std::shared_ptr<ColorPickerViewController>
+ColorPickerViewController::make(const UIColor &color, std::int32_t section, std::int32_t row)
+{
+    const auto chooser = own(new ColorPickerViewController(color, section, row));
+    chooser->_delegate = chooser;
+    return chooser;
+}
+
+std::shared_ptr<ColorPickerViewController> ColorPickerViewController::initWithColorSectionAndRow(
+    const UIColor &color, std::int32_t selectedSection, std::int32_t selectedRow)
+{
+    NSLog("%s", {"-[ColorPickerViewController "
+                 "initWithColorSectionAndRow:selectedSection:selectedRow:]"});
+    return make(color, selectedSection, selectedRow);
+}
+
+std::shared_ptr<ColorPickerViewController>
+ColorPickerViewController::initWithColorAndRow(const UIColor &color, std::int32_t selectedRow)
+{
+    NSLog("%s", {"-[ColorPickerViewController initWithColorAndRow:selectedRow:]"});
+    return make(color, 0, selectedRow);
+}
+
+void ColorPickerViewController::setDelegate(std::shared_ptr<ColorPickerViewDelegate> delegate)
+{
+    _delegate = std::move(delegate);
+}
+
+void ColorPickerViewController::viewDidLoad()
+{
+    view()->setWidth(UIScreen::mainScreen().size().width());
+    viewDidLayoutSubviews();
+    const auto self = std::static_pointer_cast<ColorPickerViewController>(shared_from_this());
+    _hexTextField = view()->property("hexTextField").value<UITextField *>();
+    _hexTextField->setText("#FFFFFFFF");
+    _hexTextField->setDelegate(self);
+    _colorPicker = view()->property("colorPicker").value<HSColorPickerView *>();
+    _colorPicker->setCropToCircle(false);
+    _colorPicker->setSelectionColor(_initialColor);
+    _colorPicker->setDelegate(self); // from here on; the first report comes with the first layout
+    _brightnessSlider = view()->property("brightnessSlider").value<HSBrightnessSlider *>();
+    _brightnessSlider->setColorPicker(_colorPicker);
+    _opacitySlider = view()->property("opacitySlider").value<HSOpacitySlider *>();
+    _opacitySlider->setColorPicker(_colorPicker);
+}
+
+void ColorPickerViewController::viewWillAppear(bool)
+{
+    if (navigationController())
+        navigationController()->setNavigationBarHidden(true);
+}
+
+void ColorPickerViewController::viewDidLayoutSubviews()
+{
+    const ChooserLayout layout =
+        ChooserLayout::make(view()->width(), UIScreen::mainScreen().size().height());
+    if (layout == _layout)
+        return;
+    _layout = layout;
+    emit layoutChanged();
+}
+
+void ColorPickerViewController::prepareForTermination()
+{
+    _delegate.reset();
+}
+
+void ColorPickerViewController::colorPickerDidChangeSelection(HSColorPickerView &colorPicker)
+{
+    _color = colorPicker.selectionColor();
+    emit colorChanged();
+    _brightnessSlider->setValue(float(colorPicker.brightness()));
+    _opacitySlider->setValue(float(colorPicker.opacity()));
+    _hexTextField->setTextColor(prefersBlackText(_color) ? Qt::black : Qt::white);
+    _hexTextField->setText(hexStringForColor(_color));
+}
+
+bool ColorPickerViewController::shouldChangeCharactersInRange(UITextField &field, NSRange range,
+                                                              const QString &replacement)
+{
+    if (&field != _hexTextField)
+        return true;
+    const HexFieldAnswer answer =
+        answerHexFieldEdit(field.text().size(), range.length, replacement);
+    if (answer.suppliesHash)
+        field.setText(field.text().replace(range.location, range.length, '#'));
+    return answer.allowed;
+}
+
+bool ColorPickerViewController::textFieldShouldReturn(UITextField &field)
+{
+    field.resignFirstResponder();
+    return false;
+}
+
+void ColorPickerViewController::textFieldDidEndEditing(UITextField &field)
+{
+    const bool isWhole = field.text().size() == 9;
+    _colorPicker->setSelectionColor(colorFromHexString(isWhole ? field.text() : "#FFFFFFFF"));
+}
+
+void ColorPickerViewController::cancelButtonTap()
+{
+    _delegate->dismissWithNoChange();
+}
+
+void ColorPickerViewController::removeButtonTap()
+{
+    _delegate->dismissWithNoColorSectionAndRow(_selectedSection, _selectedRow);
+}
+
+void ColorPickerViewController::saveButtonTap()
+{
+    _colorPicker->setSelectionColor(colorFromHexString(_hexTextField->text()));
+    _delegate->dismissWithColorSectionAndRow(_color, _selectedSection, _selectedRow);
+}
+
+void ColorPickerViewController::returnKey(bool isAutoRepeat)
+{
+    if (!isAutoRepeat)
+        saveButtonTap();
+}
+
+void ColorPickerViewController::select(double red, double green, double blue, double alpha)
+{
+    _colorPicker->setSelectionColor(UIColor::colorWithRed(red, green, blue, alpha));
+}
+
+void ColorPickerViewController::selectBlack()
+{
+    select(0.0, 0.0, 0.0, 1.0);
+}
+
+void ColorPickerViewController::selectWhite()
+{
+    select(1.0, 1.0, 1.0, 1.0);
+}
+
+void ColorPickerViewController::selectRed()
+{
+    select(1.0, 0.0, 0.0, 1.0);
+}
+
+void ColorPickerViewController::selectGreen()
+{
+    select(0.0, 1.0, 0.0, 1.0);
+}
+
+void ColorPickerViewController::selectBlue()
+{
+    select(0.0, 0.0, 1.0, 1.0);
+}
+
+void ColorPickerViewController::selectClear()
+{
+    select(0.0, 0.0, 0.0, 0.0);
+}
