@@ -27,6 +27,21 @@ CustomViewController::initFromMainView(const EditorFolders &folders)
 CustomViewController::CustomViewController(const EditorFolders &folders, bool fromMainView)
     : _folders(folders), _fromMainView(fromMainView)
 {
+    _fade.setObjectName("fade");
+    _fade.setDuration(300);
+    _fade.setEasingCurve(QEasingCurve::InOutSine);
+    _fade.setStartValue(1.0);
+    _fade.setEndValue(0.0);
+    connect(&_fade, &QVariantAnimation::valueChanged, this, [this](const QVariant &alpha) {
+        if (_colorPickerNavController)
+            setChooserAlpha(alpha.toDouble());
+    });
+    // Whether it came to its end or was stopped.
+    connect(&_fade, &QAbstractAnimation::stateChanged, this,
+            [this](QAbstractAnimation::State state) {
+                if (state == QAbstractAnimation::Stopped)
+                    removeChooser();
+            });
 }
 
 CustomViewController::~CustomViewController()
@@ -68,6 +83,8 @@ void CustomViewController::viewWillDisappear(bool)
 
 void CustomViewController::viewDidLayoutSubviews()
 {
+    if (_colorPickerNavController)
+        _colorPickerNavController->view()->setSize(view()->size());
     const EditorLayout layout = EditorLayout::make(
         view()->size(), UINavigationController::navigationBarHeight(), _fromMainView);
     if (layout == _layout)
@@ -82,6 +99,7 @@ void CustomViewController::prepareForTermination()
     // thread.
     _saveFileQueue->sync([] {});
     MainQueue::drain();
+    removeChooser();
     _delegate.reset();
 }
 
@@ -137,11 +155,6 @@ UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
     for (UILabel *label : {cell->name(), cell->description(), cell->colorLabel()})
         label->setTextColor(textColor);
     return cell;
-}
-
-void CustomViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
-{
-    _tableView->deselectRow(indexPath, true);
 }
 
 void CustomViewController::saveButtonTap()

@@ -5,19 +5,27 @@
 // line. Opened from the catalogue, it stands under the navigation bar and tells the catalogue of
 // every save.
 //
+// A tap on a colour row lays the chooser over the editor, one on a choice row brings up a sheet of
+// its options; either answer goes into the record and the row.
+//
 // A save goes over two queues: the editor's own serial queue builds the theme and encodes its
 // images, then the main thread writes the files. In between a loader keeps everything still, so the
 // queue can read the records that only the main thread edits.
 #pragma once
 
+#include "chooser/ColorPickerViewController.h"
 #include "editor/EditorLayout.h"
 #include "platform/DispatchQueue.h"
+#include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
 #include "theme/ElementDataSource.h"
 #include "theme/ThemePackageWriter.h"
 
+#include <QVariantAnimation>
+
 #include <memory>
+#include <optional>
 
 /// Told that a theme is about to be saved.
 class CustomViewDelegate
@@ -37,6 +45,8 @@ struct EditorFolders {
 class CustomViewController final : public UIViewController,
                                    public UITableViewDataSource,
                                    public UITableViewDelegate,
+                                   public UIActionSheetDelegate,
+                                   public ColorPickerViewDelegate,
                                    public CustomViewDelegate
 {
     Q_OBJECT
@@ -46,6 +56,7 @@ class CustomViewController final : public UIViewController,
     Q_PROPERTY(bool fromMainView READ fromMainView CONSTANT FINAL)
     Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
+    Q_PROPERTY(bool chooserOpen READ isChooserOpen NOTIFY chooserOpenChanged FINAL)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
 
 public:
@@ -76,6 +87,28 @@ public:
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
 
+    /// From the tap on a colour row until the chooser has faded out.
+    bool isChooserOpen() const { return _colorPickerNavController != nullptr; }
+    ColorPickerViewController *colorPickerView() const { return _colorPickerView.get(); }
+
+    // The chooser's answers. The colour goes into the record as colour text, a removed one as the
+    // empty string; the row, if it is in sight, is painted anew; the chooser fades out over 0.3
+    // seconds and is dropped. Without a section, the row counts all elements in document order, and
+    // the cell painted is that row's of the first section. A row that does not exist stores
+    // nothing.
+    void dismissWithNoChange() override;
+    void dismissWithColorSectionAndRow(const UIColor &color, std::int32_t selectedSection,
+                                       std::int32_t selectedRow) override;
+    void dismissWithColorAndRow(const UIColor &color, std::int32_t selectedRow) override;
+    void dismissWithNoColorSectionAndRow(std::int32_t selectedSection,
+                                         std::int32_t selectedRow) override;
+    void dismissWithNoColorAndRow(std::int32_t selectedRow) override;
+
+    /// The option sheet's answer: the label's value goes into the first element that bears the
+    /// sheet's title as its name. "Cancel" leaves everything, so an option of that label cannot be
+    /// chosen.
+    void clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex) override;
+
     Q_INVOKABLE void saveButtonTap();
     /// Saves the theme; returns at once, except that a document without elements to save is refused
     /// with a notice, because saving it would wipe the user's choices. Nothing while a save is
@@ -103,6 +136,7 @@ signals:
     void layoutChanged();
     void loadingChanged();
     void noticeChanged();
+    void chooserOpenChanged();
 
 protected:
     const char *viewFile() const override { return "editor/EditorView.qml"; }
@@ -118,6 +152,16 @@ private:
     void install();
     void finishSave(const SaveReport &report);
     void setNotice(const QString &notice);
+    void showChooser(const ElementRecord &record, NSIndexPath indexPath);
+    void setChooserAlpha(double alpha);
+    void fadeChooser();
+    void removeChooser();
+    void showOptions(const ElementRecord &record, NSIndexPath indexPath);
+    /// Puts a colour, or none, into the record and onto the row's cell, as far as there are any.
+    void store(ElementRecord *record, NSIndexPath indexPath, const std::optional<UIColor> &color);
+    /// Null for a row that does not exist; likewise in document order.
+    ElementRecord *recordAt(NSIndexPath indexPath) const;
+    ElementRecord *recordAt(std::int32_t row) const;
     /// An item above everything in the view, drawn by a QML file that takes the controller.
     Overlay overlay(const char *file);
 
@@ -128,6 +172,10 @@ private:
     UITableView *_tableView = nullptr; // the view's
     std::unique_ptr<DispatchQueue> _saveFileQueue;
     std::shared_ptr<CustomViewDelegate> _delegate;
+    std::shared_ptr<ColorPickerViewController> _colorPickerView; // while it is open
+    std::shared_ptr<UINavigationController> _colorPickerNavController;
+    QVariantAnimation _fade;     // of the chooser's alpha
+    NSIndexPath _savedIndexPath; // the row whose option sheet is open
     QString _loadingText;
     Overlay _loadingView; // while the loader is up
     QString _notice;

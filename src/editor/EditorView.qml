@@ -7,13 +7,14 @@ FocusScope {
 
     required property CustomViewController controller
     property alias table: scroller.table
+    property alias content: content
 
     FocusScope {
         id: content
 
         anchors.fill: parent
         focus: true
-        enabled: !root.controller.loading
+        enabled: !root.controller.loading && !root.controller.chooserOpen
 
         UIView {
             objectName: "_bgView"
@@ -86,18 +87,14 @@ FocusScope {
                 behind: tableFrame
                 stretch: Qt.rect(bottomView.x, bottomView.y - tableFrame.y, bottomView.width, bottomView.height)
             }
-            UIView {
+            ImageButton {
                 objectName: "_saveButton"
                 frame: root.controller.layout.saveButton
-
-                ImageButton {
-                    anchors.fill: parent
-                    title: "Save Theme"
-                    titleSize: 26
-                    image: "qrc:/images/lightGreenButton.png"
-                    highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
-                    onTouchUpInside: root.controller.saveButtonTap()
-                }
+                title: "Save Theme"
+                titleSize: 26
+                image: "qrc:/images/lightGreenButton.png"
+                highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
+                onTouchUpInside: root.controller.saveButtonTap()
             }
         }
         Shortcut {

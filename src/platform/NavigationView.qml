@@ -7,6 +7,9 @@ FocusScope {
 
     required property UINavigationController controller
 
+    // Fades as one picture, not part by part.
+    layer.enabled: root.opacity < 1
+
     FocusScope {
         objectName: "pages"
         anchors.fill: parent
