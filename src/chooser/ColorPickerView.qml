@@ -14,7 +14,7 @@ FocusScope {
     // Fades as one picture, not part by part.
     layer.enabled: root.opacity < 1
 
-    Keys.forwardTo: wheel
+    Keys.onPressed: event => event.accepted = wheel.moveByKey(event.key, event.modifiers)
     Keys.onEscapePressed: root.controller.cancelButtonTap()
     Keys.onReturnPressed: event => root.controller.returnKey(event.isAutoRepeat)
     Keys.onEnterPressed: event => root.controller.returnKey(event.isAutoRepeat)

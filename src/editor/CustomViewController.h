@@ -174,8 +174,8 @@ private:
     std::shared_ptr<CustomViewDelegate> _delegate;
     std::shared_ptr<ColorPickerViewController> _colorPickerView; // while it is open
     std::shared_ptr<UINavigationController> _colorPickerNavController;
-    QVariantAnimation _fade;     // of the chooser's alpha
-    NSIndexPath _savedIndexPath; // the row whose option sheet is open
+    QVariantAnimation _fade{this}; // of the chooser's alpha
+    NSIndexPath _savedIndexPath;   // the row whose option sheet is open
     QString _loadingText;
     Overlay _loadingView; // while the loader is up
     QString _notice;

@@ -64,6 +64,7 @@ FocusScope {
             model: layer.sheet.buttonTitles
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
+            keyNavigationEnabled: true
             keyNavigationWraps: true
             delegate: ActionSheetButton {
                 required property string modelData

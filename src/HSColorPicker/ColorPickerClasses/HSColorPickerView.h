@@ -90,6 +90,9 @@ public:
     void setSelectionColor(const UIColor &color);
     /// Where the state lies in the view.
     QPointF selection() const;
+    /// An arrow key (Qt::Key, Qt::KeyboardModifiers) moves the selection by a point, with Shift by
+    /// ten, as a touch there would. False for any other key.
+    Q_INVOKABLE bool moveByKey(int key, int modifiers);
     /// Hue and saturation in words, for those who do not see the wheel.
     QString spokenSelection() const;
     /// As a touch there would, but without the loupe and the messages about touches.
@@ -145,7 +148,6 @@ protected:
     void mouseUngrabEvent() override;
     void touchEvent(QTouchEvent *event) override;
     void touchUngrabEvent() override;
-    /// Arrows move the selection by a point, with Shift by ten, as a touch there would.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -108,23 +108,28 @@ void HSColorPickerView::touchUngrabEvent()
         touchesCancelled();
 }
 
-void HSColorPickerView::keyPressEvent(QKeyEvent *event)
+bool HSColorPickerView::moveByKey(int key, int modifiers)
 {
-    const double stride = event->modifiers() & Qt::ShiftModifier ? 10.0 : 1.0;
-    switch (event->key()) {
+    const double stride = modifiers & Qt::ShiftModifier ? 10.0 : 1.0;
+    switch (key) {
     case Qt::Key_Left:
         updateStateForTouchPoint(selection() - QPointF(stride, 0.0));
-        break;
+        return true;
     case Qt::Key_Right:
         updateStateForTouchPoint(selection() + QPointF(stride, 0.0));
-        break;
+        return true;
     case Qt::Key_Up:
         updateStateForTouchPoint(selection() - QPointF(0.0, stride));
-        break;
+        return true;
     case Qt::Key_Down:
         updateStateForTouchPoint(selection() + QPointF(0.0, stride));
-        break;
+        return true;
     default:
-        event->ignore();
+        return false;
     }
+}
+
+void HSColorPickerView::keyPressEvent(QKeyEvent *event)
+{
+    event->setAccepted(moveByKey(event->key(), event->modifiers()));
 }

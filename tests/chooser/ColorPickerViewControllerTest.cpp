@@ -1,0 +1,259 @@
+#include "support/ChooserFixture.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace
+{
+class ColorPickerViewControllerTest : public ChooserFixture
+{
+};
+} // namespace
+
+TEST_F(ColorPickerViewControllerTest, StandsAtItsFrames)
+{
+    for (const QSize size : {QSize(320, 568), QSize(320, 480), QSize(900, 700)}) {
+        open("#336699FF", size);
+        const ChooserLayout layout = ChooserLayout::make(size.width(), size.height());
+        EXPECT_EQ(frame("_cancelButton"), layout.cancelButton);
+        EXPECT_EQ(frame("_removeButton"), layout.removeButton);
+        EXPECT_EQ(frame("_saveButton"), layout.saveButton);
+        EXPECT_EQ(frame("_colorPatch"), layout.colorPatch);
+        EXPECT_EQ(frame("_hexTextField"), layout.colorPatch);
+        EXPECT_EQ(frame("_colorPicker"), layout.colorPicker);
+        EXPECT_EQ(frame("_brightnessSlider"), layout.brightnessSlider);
+        EXPECT_EQ(frame("_opacitySlider"), layout.opacitySlider);
+        EXPECT_EQ(frame("quickButtons"), layout.quickButtons);
+    }
+    window->resize(320, 568); // the phone's height brings the large wheel
+    ASSERT_TRUE(QTest::qWaitFor([this] { return frame("_colorPicker").width() == 310.0; }));
+    EXPECT_EQ(frame("_brightnessSlider"), QRectF(2.5, 440, 315, 30));
+}
+
+TEST_F(ColorPickerViewControllerTest, ShowsItsColourFromTheFirstLayoutOn)
+{
+    const struct {
+        QString color;
+        QColor textColor;
+    } cases[] = {
+        {"#336699FF", Qt::black}, // 0.34 bright
+        {"#333333FF", Qt::white}, // 0.2
+        {"#808080FF", Qt::black}, // 0.5
+        {"#00000030", Qt::black}, // hardly there
+        {"#11111140", Qt::white},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.color.toStdString());
+        open(c.color);
+        EXPECT_EQ(text(), c.color);
+        EXPECT_EQ(chooser->hexTextField()->textColor(), c.textColor);
+        const UIColor color = colorFromHexString(c.color);
+        EXPECT_EQ(chooser->patchColor().rgba(), color.qColor().rgba());
+        EXPECT_FLOAT_EQ(chooser->opacitySlider()->value(), float(color.components().alpha));
+        EXPECT_FLOAT_EQ(chooser->brightnessSlider()->value(), float(color.getHue()->brightness));
+    }
+}
+
+TEST_F(ColorPickerViewControllerTest, DoesNotHearOfTheFirstColour)
+{
+    const auto made = ColorPickerViewController::initWithColorAndRow(UIColor::blackColor(), 3);
+    EXPECT_EQ(made->delegate(), made); // until somebody takes its place
+    QQmlEngine engine;
+    QMLViews::prepareEngine(engine);
+    made->loadViewIfNeeded(engine);
+    EXPECT_EQ(made->hexTextField()->text(), "#FFFFFFFF");
+    // Both sliders show the brightness until the wheel reports.
+    EXPECT_EQ(made->opacitySlider()->value(), 0.0f);
+    made->setDelegate(nullptr);
+}
+
+TEST_F(ColorPickerViewControllerTest, AllWaysOfPickingShowTheSameColour)
+{
+    open("#FFFFFFFF");
+    const auto expect = [this](const QString &color) {
+        EXPECT_EQ(text(), color);
+        EXPECT_EQ(hexStringForColor(chooser->colorPicker()->selectionColor()), color);
+        EXPECT_EQ(chooser->patchColor(), chooser->colorPicker()->selectionColor().qColor());
+    };
+    const char *quick[] = {"#000000FF", "#FFFFFFFF", "#FF0000FF",
+                           "#00FF00FF", "#0000FFFF", "#00000000"};
+    for (int index = 0; index < 6; ++index) {
+        tapQuick(index);
+        expect(quick[index]);
+    }
+    tapQuick(1);
+    tap(frame("_colorPicker").center() + QPointF(144, 0)); // on the rim, to the right
+    expect("#FF0000FF");
+    chooser->brightnessSlider()->moveTo(0.5f);
+    expect("#7F0000FF");
+    chooser->opacitySlider()->moveTo(0.25f);
+    expect("#7F00003F");
+
+    tap("_hexTextField");
+    key(Qt::Key_A, Qt::ControlModifier);
+    type("#12ab34ff"); // the "#" is refused and supplies itself
+    EXPECT_EQ(text(), "#12AB34FF");
+    key(Qt::Key_Return);
+    expect("#12AB34FF");
+    EXPECT_TRUE(delegate->answers.isEmpty());
+}
+
+TEST_F(ColorPickerViewControllerTest, TypingIsTakenCharacterByCharacter)
+{
+    open("#FFFFFFFF");
+    tap("_hexTextField");
+    key(Qt::Key_End);
+    type("A");
+    EXPECT_EQ(text(), "#FFFFFFFF");
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_Backspace);
+    EXPECT_EQ(text(), "");
+    type("z");
+    EXPECT_EQ(text(), "#");
+    type("1g2");
+    EXPECT_EQ(text(), "#12");
+    const auto paste = [this](const QString &text) {
+        QGuiApplication::clipboard()->setText(text);
+        key(Qt::Key_A, Qt::ControlModifier);
+        key(Qt::Key_V, Qt::ControlModifier);
+    };
+    paste("#1234567"); // not digits only
+    EXPECT_EQ(text(), "#12");
+    paste("#12345678");
+    EXPECT_EQ(text(), "#12345678");
+    key(Qt::Key_A, Qt::ControlModifier);
+    type("f");
+    EXPECT_EQ(text(), "#F");
+    // Too short when it is left: white.
+    key(Qt::Key_Tab);
+    EXPECT_EQ(text(), "#FFFFFFFF");
+    // A wheel that moves meanwhile writes over what is being typed.
+    tap("_hexTextField");
+    key(Qt::Key_Backspace);
+    tap(frame("_colorPicker").center() + QPointF(144, 0));
+    EXPECT_EQ(text(), "#FF0000FF");
+    EXPECT_TRUE(chooser->hexTextField()->isEditing());
+}
+
+TEST_F(ColorPickerViewControllerTest, AnswersWithWhatTheTextSpells)
+{
+    open("#336699FF");
+    tap("_saveButton");
+    // Through hue, saturation and brightness, then truncated: a last digit may fall by one.
+    const UIColor through =
+        HSColorPickerState::initWithColor(colorFromHexString("#336699FF")).color();
+    EXPECT_EQ(delegate->answers, QStringList{hexStringForColor(through) + " at 2, 7"});
+
+    open("#336699FF");
+    tap("_hexTextField");
+    key(Qt::Key_A, Qt::ControlModifier);
+    type("F00");
+    tap("_saveButton"); // does not end the editing first, which would make it white
+    EXPECT_EQ(delegate->answers, QStringList{"#FF0000FF at 2, 7"});
+
+    open("#336699FF");
+    tap("_removeButton");
+    tap("_cancelButton");
+    EXPECT_EQ(delegate->answers, (QStringList{"removed at 2, 7", "cancel"}));
+
+    open(ColorPickerViewController::initWithColorAndRow(UIColor::whiteColor(), 4));
+    tap("_saveButton");
+    tap("_removeButton");
+    EXPECT_EQ(delegate->answers, (QStringList{"#FFFFFFFF at 0, 4", "removed at 0, 4"}));
+}
+
+TEST_F(ColorPickerViewControllerTest, TheKeyboardReachesEverything)
+{
+    open("#336699FF");
+    const HSColorPickerView &wheel = *chooser->colorPicker();
+    const QPointF start = wheel.selection();
+    const auto expectMoved = [&](double x, double y) {
+        EXPECT_NEAR(wheel.selection().x() - start.x(), x, 1e-9);
+        EXPECT_NEAR(wheel.selection().y() - start.y(), y, 1e-9);
+    };
+    key(Qt::Key_Right);
+    expectMoved(1, 0);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    expectMoved(1, 10);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    key(Qt::Key_Up);
+    expectMoved(-9, 9);
+    for (int i = 0; i < 40; ++i)
+        key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(wheel.selection().x(), 11.0); // held at the edge, as a touch is
+
+    // Tab: cancel, remove, accept, field, wheel, brightness, opacity, six quick colours.
+    for (int i = 0; i < 5; ++i)
+        key(Qt::Key_Tab);
+    EXPECT_TRUE(wheel.hasActiveFocus());
+    key(Qt::Key_Tab);
+    ASSERT_TRUE(chooser->brightnessSlider()->hasActiveFocus());
+    key(Qt::Key_Home);
+    EXPECT_EQ(wheel.brightness(), 0.0);
+    key(Qt::Key_Right);
+    EXPECT_FLOAT_EQ(float(wheel.brightness()), 0.01f);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_FLOAT_EQ(float(wheel.opacity()), 0.9f);
+    key(Qt::Key_End);
+    EXPECT_EQ(wheel.opacity(), 1.0);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Return); // presses the button "White", and accepts nothing
+    EXPECT_EQ(text(), "#FFFFFFFF");
+    EXPECT_TRUE(delegate->answers.isEmpty());
+    key(Qt::Key_Escape);
+
+    open("#00FF00FF");
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true); // since the row was opened
+    QCoreApplication::sendEvent(window.get(), &held);
+    EXPECT_TRUE(delegate->answers.isEmpty());
+    key(Qt::Key_Return);
+    tap("_hexTextField");
+    key(Qt::Key_Escape);
+    EXPECT_EQ(delegate->answers, (QStringList{"#00FF00FF at 2, 7", "cancel"}));
+}
+
+TEST_F(ColorPickerViewControllerTest, SpeaksToAssistiveTechnology)
+{
+    open("#FF0000FF");
+    const auto spoken = [this](const char *name) {
+        return QAccessible::queryAccessibleInterface(
+            chooser->view()->findChild<QQuickItem *>(name));
+    };
+    QAccessibleInterface *wheel = spoken("_colorPicker");
+    EXPECT_EQ(wheel->role(), QAccessible::ColorChooser);
+    EXPECT_EQ(wheel->text(QAccessible::Description), "Hue 0 degrees, saturation 100 percent");
+    EXPECT_EQ(spoken("_saveButton")->text(QAccessible::Name), "Select Color");
+    EXPECT_EQ(spoken("_colorPatch")->text(QAccessible::Description), "#FF0000FF");
+    QAccessibleInterface *slider = spoken("_opacitySlider");
+    EXPECT_EQ(slider->role(), QAccessible::Slider);
+    ASSERT_TRUE(slider->valueInterface());
+    EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 1.0);
+    EXPECT_EQ(slider->valueInterface()->maximumValue().toDouble(), 1.0);
+    slider->valueInterface()->setCurrentValue(0.5);
+    EXPECT_EQ(chooser->colorPicker()->opacity(), 0.5);
+    slider->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+    EXPECT_FLOAT_EQ(float(chooser->colorPicker()->opacity()), 0.49f);
+}
+
+TEST_F(ColorPickerViewControllerTest, ScrollsAsAWholeInALowWindow)
+{
+    open("#336699FF", {320, 240});
+    const QRectF before = frame("_saveButton");
+    QWheelEvent scroll(QPointF(160, 30), window->mapToGlobal(QPointF(160, 30)), {}, {0, -480},
+                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window.get(), &scroll);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frame("_saveButton").y() < before.y() - 20; }));
+    const QQuickItem *page = chooser->colorPicker()->parentItem()->parentItem();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !page->property("moving").toBool(); }));
+    // A finger on the wheel picks, and scrolls nothing.
+    const double y = frame("_colorPicker").y();
+    const QPoint finger = QPoint(160, 200);
+    QTest::mousePress(window.get(), Qt::LeftButton, {}, finger);
+    for (int i = 1; i <= 20; ++i)
+        QTest::mouseMove(window.get(), finger - QPoint(0, 4 * i));
+    QTest::mouseRelease(window.get(), Qt::LeftButton, {}, finger - QPoint(0, 80));
+    EXPECT_EQ(frame("_colorPicker").y(), y);
+}

@@ -1,0 +1,272 @@
+#include "editor/CustomViewController.h"
+#include "support/EditorFixture.h"
+#include "views/CustomTableCell.h"
+
+#include <QAbstractAnimation>
+#include <QFile>
+
+namespace
+{
+const QJsonObject letters{{"beta", "b"}, {"Alpha", 1}, {"gamma", 3}};
+
+class RoundTripTest : public EditorFixture
+{
+protected:
+    /// Two sections of two colours, then one of a choice; in document order D1 C1 C2 D2 choice.
+    void startWithSections()
+    {
+        writeDocument(QJsonArray{element("D1", "Delta", "#111111FF"),
+                                 element("C1", "Charlie", "#222222FF"), element("C2", "Charlie"),
+                                 element("D2", "Delta", "#444444FF"),
+                                 element("choice", "Zulu", {}, letters, "b")});
+        start();
+    }
+    CustomTableCell *cell(NSIndexPath indexPath)
+    {
+        return qobject_cast<CustomTableCell *>(table().cellForRowAtIndexPath(indexPath));
+    }
+    void tapRow(NSIndexPath indexPath) { tap(sceneFrame(cell(indexPath)).center()); }
+    ColorPickerViewController *chooser() { return editor().colorPickerView(); }
+    void tapInChooser(const char *name)
+    {
+        tap(sceneFrame(chooser()->view()->findChild<QQuickItem *>(name)).center());
+    }
+    QAbstractAnimation *fade() { return editor().findChild<QAbstractAnimation *>("fade"); }
+    void endFade()
+    {
+        fade()->setCurrentTime(fade()->duration());
+        settle();
+    }
+    QVariant colorOf(const QString &key)
+    {
+        for (const auto &record : editor().source().tableSource())
+            if (record->key == key)
+                return record->color;
+        return {};
+    }
+    void expectCell(NSIndexPath indexPath, const QString &caption, const QColor &background,
+                    const QColor &text)
+    {
+        EXPECT_EQ(cell(indexPath)->colorLabel()->text(), caption);
+        EXPECT_EQ(cell(indexPath)->backgroundColor().rgba(), background.rgba());
+        for (UILabel *label : {cell(indexPath)->name(), cell(indexPath)->description(),
+                               cell(indexPath)->colorLabel()})
+            EXPECT_EQ(label->textColor(), text);
+    }
+};
+} // namespace
+
+TEST_F(RoundTripTest, AColourGoesToTheChooserAndComesBack)
+{
+    startWithSections();
+    tapRow({1, 1}); // D2
+    ASSERT_TRUE(chooser());
+    EXPECT_EQ(chooser()->selectedSection(), 1);
+    EXPECT_EQ(chooser()->selectedRow(), 1);
+    EXPECT_EQ(chooser()->hexTextField()->text(), "#444444FF");
+    // It covers everything at once.
+    EXPECT_EQ(sceneFrame(chooser()->view()), QRectF(0, 0, 320, 568));
+    EXPECT_EQ(grab().pixelColor(2, 300), QColor(Qt::white));
+    chooser()->colorPicker()->setSelectionColor(UIColor::colorWithRed(1.0, 1.0, 0.0, 1.0));
+    tapInChooser("_saveButton");
+    EXPECT_EQ(colorOf("D2"), "#FFFF00FF");
+    EXPECT_EQ(colorOf("D1"), "#111111FF");
+    expectCell({1, 1}, "#FFFF00FF", "#FFFF00", Qt::black);
+    endFade();
+    EXPECT_FALSE(chooser());
+    EXPECT_FALSE(editor().isChooserOpen());
+
+    tapRow({0, 1}); // C2, which has no colour
+    EXPECT_EQ(chooser()->hexTextField()->text(), "#FFFFFFFF");
+    tapInChooser("_cancelButton");
+    endFade();
+    EXPECT_FALSE(colorOf("C2").isValid());
+
+    tapRow({1, 0});
+    tapInChooser("_removeButton");
+    endFade();
+    EXPECT_EQ(colorOf("D1"), "");
+    expectCell({1, 0}, " ", Qt::white, Qt::black);
+
+    // What was chosen is what is saved.
+    tapSave();
+    ASSERT_TRUE(waitForAlert());
+    press(Qt::Key_Return);
+    start();
+    EXPECT_EQ(colorOf("D1"), "");
+    expectCell({1, 1}, "#FFFF00FF", "#FFFF00", Qt::black);
+}
+
+TEST_F(RoundTripTest, RowsWithoutASectionAddressTheDocument)
+{
+    startWithSections();
+    const UIColor thinBlue = UIColor::colorWithRed(0.0, 0.0, 1.0, 0.1);
+    editor().dismissWithColorAndRow(thinBlue, 0); // D1 in the document, C1 in the table
+    EXPECT_EQ(colorOf("D1"), "#0000FF19");
+    EXPECT_EQ(colorOf("C1"), "#222222FF");
+    expectCell({0, 0}, "#0000FF19", thinBlue.qColor(), Qt::black);
+    editor().dismissWithNoColorAndRow(1); // C1, painted on C2
+    EXPECT_EQ(colorOf("C1"), "");
+    expectCell({0, 1}, " ", Qt::white, Qt::black);
+    editor().dismissWithColorSectionAndRow(UIColor::blackColor(), 0, 0);
+    EXPECT_EQ(colorOf("C1"), "#000000FF");
+    expectCell({0, 0}, "#000000FF", Qt::black, Qt::white);
+    // Rows that do not exist store nothing.
+    for (const int row : {-1, 5, 1 << 30}) {
+        editor().dismissWithColorAndRow(thinBlue, row);
+        editor().dismissWithNoColorSectionAndRow(row, 0);
+        editor().dismissWithColorSectionAndRow(thinBlue, 0, row);
+    }
+    EXPECT_EQ(colorOf("C1"), "#000000FF");
+    EXPECT_EQ(colorOf("D2"), "#444444FF");
+}
+
+TEST_F(RoundTripTest, ARowOutOfSightShowsItsColourLater)
+{
+    writeDocument(manyElements(40));
+    start();
+    tapRow({0, 2});
+    table().setContentOffset(1000.0);
+    settle();
+    ASSERT_FALSE(cell({0, 2}));
+    tapInChooser("_removeButton");
+    endFade();
+    table().setContentOffset(-20.0);
+    settle();
+    expectCell({0, 2}, "", Qt::white, Qt::black);
+}
+
+TEST_F(RoundTripTest, TheChooserTakesAllInputUntilItIsGone)
+{
+    startWithSections();
+    tapRow({0, 0});
+    const ColorPickerViewController *const first = chooser();
+    tap({160, 112}); // between patch and wheel
+    QTest::keyClick(&window(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(editor().isLoading());
+    EXPECT_EQ(chooser(), first);
+    editor().didSelectRowAtIndexPath({1, 0}); // were a tap to get through, the open one stays
+    EXPECT_EQ(chooser(), first);
+    EXPECT_EQ(chooser()->selectedSection(), 0);
+
+    press(Qt::Key_Escape);
+    fade()->pause();
+    fade()->setCurrentTime(150);
+    settle();
+    EXPECT_NEAR(chooser()->view()->opacity(), 0.5, 0.01);
+    // One picture that fades, of the whole page.
+    for (const QQuickItem *item = chooser()->view(); item != editor().view();
+         item = item->parentItem()) {
+        if (item->opacity() < 1.0) {
+            EXPECT_TRUE(item->property("layer").value<QObject *>()->property("enabled").toBool());
+        }
+    }
+    tapInChooser("_removeButton");
+    tap(sceneFrame(cell({1, 0})).center());
+    tapSave();
+    EXPECT_FALSE(editor().isLoading());
+    EXPECT_EQ(chooser(), first);
+    fade()->stop(); // interrupted, it goes all the same
+    settle();
+    EXPECT_FALSE(chooser());
+    EXPECT_EQ(colorOf("C1"), "#222222FF");
+    tapRow({1, 0});
+    EXPECT_NE(chooser(), nullptr);
+    EXPECT_EQ(chooser()->view()->opacity(), 1.0);
+}
+
+TEST_F(RoundTripTest, TheKeyboardGoesThereAndBack)
+{
+    startWithSections();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(chooser());
+    press(Qt::Key_Right); // moves the wheel's selection, not the row
+    press(Qt::Key_Return);
+    EXPECT_NE(colorOf("C1"), "#222222FF");
+    endFade();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(chooser());
+    EXPECT_EQ(chooser()->selectedRow(), 1);
+}
+
+TEST_F(RoundTripTest, TheWindowMayCloseUnderAnOpenChooserOrSheet)
+{
+    startWithSections();
+    tapRow({0, 0});
+    const std::weak_ptr<UIViewController> open = chooser()->weak_from_this();
+    stop();
+    EXPECT_TRUE(open.expired());
+    start();
+    tapRow({0, 0});
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(chooser()); // fading
+    start();
+    tapRow({2, 0});
+    ASSERT_TRUE(window().actionSheet());
+    stop();
+}
+
+TEST_F(RoundTripTest, OptionsComeInAlphabeticalOrderAndCancelLast)
+{
+    startWithSections();
+    tapRow({2, 0});
+    const UIActionSheet *sheet = window().actionSheet();
+    ASSERT_TRUE(sheet);
+    EXPECT_EQ(sheet->title(), "Name of choice");
+    EXPECT_EQ(sheet->buttonTitles(), (QStringList{"Alpha", "beta", "gamma", "Cancel"}));
+    EXPECT_EQ(sheet->cancelButtonIndex(), 3);
+    EXPECT_EQ(sheet->tag(), 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(window().actionSheet());
+    EXPECT_EQ(editor().source().record(2, 0).value, 3);
+    EXPECT_EQ(cell({2, 0})->colorLabel()->text(), "gamma");
+
+    tapRow({2, 0});
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window().actionSheet());
+    tapRow({2, 0});
+    tap({160, 100}); // beside the sheet
+    EXPECT_FALSE(window().actionSheet());
+    EXPECT_EQ(editor().source().record(2, 0).value, 3);
+
+    tapRow({2, 0});
+    tap({160, 568 - 8 - 3.5 * 44}); // the first of four buttons
+    EXPECT_EQ(editor().source().record(2, 0).value, 1);
+    EXPECT_EQ(cell({2, 0})->colorLabel()->text(), "Alpha");
+}
+
+TEST_F(RoundTripTest, OptionsFindTheirElementByNameAndCancelIsNoOption)
+{
+    QJsonObject first = element("first", "A", {}, QJsonObject{{"Cancel", 1}, {"On", 2}}, 1);
+    QJsonObject second = element("second", "B", {}, QJsonObject{{"Off", 3}, {"On", 4}}, 3);
+    second["name"] = first["name"];
+    writeDocument(QJsonArray{first, second});
+    start();
+    tapRow({0, 0});
+    window().actionSheet()->click(0); // the option "Cancel"
+    EXPECT_EQ(editor().source().record(0, 0).value, 1);
+
+    tapRow({1, 0});
+    window().actionSheet()->click(1);                   // "On", of the second
+    EXPECT_EQ(editor().source().record(0, 0).value, 2); // goes to the first of that name
+    EXPECT_EQ(editor().source().record(1, 0).value, 3);
+    EXPECT_EQ(cell({1, 0})->colorLabel()->text(), "On"); // though the tapped row shows it
+}
+
+TEST_F(RoundTripTest, ASheetOfManyOptionsScrolls)
+{
+    QJsonObject options;
+    for (int i = 0; i < 60; ++i)
+        options.insert(QString("Option %1").arg(i, 2, 10, QChar('0')), i);
+    writeDocument(QJsonArray{element("many", "A", {}, options, 0)});
+    start();
+    tapRow({0, 0});
+    for (int i = 0; i < 45; ++i)
+        press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(editor().source().record(0, 0).value, 45);
+}
