@@ -1,12 +1,12 @@
 // A finger on the colour wheel, each of its moves drawn at once, beside the least that a magnifier
 // could cost: two ready pictures that move over a third.
 
+#include "BenchApplication.h"
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 #include "HSColorPicker/ColorPickerClasses/HSSelectionLayer.h"
 #include "support/Canvas.h"
 
-#include <QGuiApplication>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
@@ -17,18 +17,6 @@ namespace
 constexpr double scale = 2.0;
 constexpr QRectF wheelFrame(5.0, 120.0, 310.0, 310.0);
 constexpr int moves = 1000;
-
-void prepareApplication()
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    static int argc = 1;
-    static char name[] = "tintloom_bench";
-    static char *argv[] = {name, nullptr};
-    // Never destroyed: pictures in caches live until the process ends.
-    static const auto *application = new QGuiApplication(argc, argv);
-    Q_UNUSED(application)
-}
 
 // Winds over the whole wheel, some 7 points a step. Whole points, in the wheel's coordinates.
 QPoint finger(int move)
@@ -60,7 +48,7 @@ void endPopUp(HSColorPickerView &view)
 
 void drag(benchmark::State &state)
 {
-    prepareApplication();
+    prepareBenchApplication();
     Canvas canvas({320, 568}, scale);
     auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
     touch(canvas.window(), QEventPoint::Pressed, onWindow(finger(0)));
@@ -108,7 +96,7 @@ QImage loupePicture()
 
 void dragPlain(benchmark::State &state)
 {
-    prepareApplication();
+    prepareBenchApplication();
     Canvas canvas({320, 568}, scale);
     QImage wheel =
         HSColorPickerView::bitmapForDiameter(wheelFrame.width(), scale, 11.0, true)->image();

@@ -21,6 +21,7 @@ const std::vector<Ratio> ratios = {
     {"scale/2000", "scale_qimage/2000", 1.3, Clock::Passing},
     {"rotate/30", "rotate_qpainter/30", 1.3, Clock::Passing},
     {"drag", "drag_plain", 3.0, Clock::Passing},
+    {"open_chooser", "open_chooser_plain", 1.5, Clock::Passing},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.

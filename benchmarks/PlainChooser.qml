@@ -1,0 +1,109 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+// The chooser's page out of ready-made items at the chooser's places; a picture stands for the wheel.
+FocusScope {
+    id: root
+
+    component PlainButton: Item {
+        property alias text: label.text
+
+        BorderImage {
+            anchors.fill: parent
+            source: "qrc:/images/blueButton.png"
+            border.left: 18
+            border.top: 18
+            border.right: 18
+            border.bottom: 18
+        }
+        Text {
+            id: label
+
+            anchors.centerIn: parent
+            color: "white"
+            font.pixelSize: 12
+        }
+        MouseArea {
+            anchors.fill: parent
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: "white"
+    }
+    PlainButton {
+        x: 5
+        y: 20
+        width: 90
+        height: 40
+        text: "Cancel"
+    }
+    PlainButton {
+        x: 106
+        y: 20
+        width: 108
+        height: 40
+        text: "Remove Color"
+    }
+    PlainButton {
+        x: 225
+        y: 20
+        width: 90
+        height: 40
+        text: "Select Color"
+    }
+    Rectangle {
+        y: 70
+        width: 320
+        height: 40
+        color: "#336699"
+    }
+    TextField {
+        y: 70
+        width: 320
+        height: 40
+        text: "#336699FF"
+        horizontalAlignment: TextInput.AlignHCenter
+        font.pixelSize: 18
+        background: null
+    }
+    Image {
+        x: 5
+        y: 120
+        width: 310
+        height: 310
+        source: "image://wheel/310"
+    }
+    Slider {
+        x: 2.5
+        y: 440
+        width: 315
+        height: 30
+        value: 0.6
+    }
+    Slider {
+        x: 2.5
+        y: 480
+        width: 315
+        height: 30
+        value: 1
+    }
+    Row {
+        x: 4
+        y: 518
+        spacing: 2
+
+        Repeater {
+            model: ["Black", "White", "Red", "Green", "Blue", "Clear"]
+
+            PlainButton {
+                required property string modelData
+
+                width: 50
+                height: 30
+                text: modelData
+            }
+        }
+    }
+}
