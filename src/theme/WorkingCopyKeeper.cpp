@@ -123,16 +123,17 @@ void WorkingCopyKeeper::lock(const QString &folder)
 void WorkingCopyKeeper::refuseStrangeFolders()
 {
     const QString folder = _locations.workingCopyFolder();
-    const QString name = QFileInfo(folder).fileName();
-    const QString documents = QFileInfo(_locations.documents).canonicalFilePath() + u'/';
-    const QString root = QFileInfo(_locations.packageRoot).canonicalFilePath() + u'/';
+    const QString documents = QFileInfo(_locations.documents).canonicalFilePath();
+    const QString root = QFileInfo(_locations.packageRoot).canonicalFilePath();
+    const ThemeLocations real{root, documents};
     const auto item = NSFileManager::itemAtPath(folder);
     if (item.error)
         _refusal = withReason(folder, item.error);
     else if (item.kind == Kind::Link)
         _refusal =
             u"%1 is a symbolic link; the choices are kept in a real folder only"_s.arg(folder);
-    else if (isInside(documents + name, root + name))
+    else if (!root.isEmpty() && !documents.isEmpty() &&
+             isInside(real.workingCopyFolder(), real.packageFolder()))
         _refusal = u"%1 lies in the theme's own folder, which every save empties"_s.arg(folder);
 }
 
