@@ -188,7 +188,7 @@ std::error_code WorkingCopyKeeper::settle()
         return error; // unread, it may be all that there is of the new choices
     const bool newOnesStand = !error && PropertyList::readDictionary(bytes);
     if (const auto fault = newOnesStand
-                               ? keepAsEarlier()
+                               ? keepAsEarlier(true)
                                : NSFileManager::moveItemAtPath(_locations.workingCopyAside(),
                                                                _locations.workingCopy()))
         return fault;
@@ -198,14 +198,20 @@ std::error_code WorkingCopyKeeper::settle()
     return {};
 }
 
-/// Only what differs is worth its place as the earlier generation.
-std::error_code WorkingCopyKeeper::keepAsEarlier()
+/// Only what differs is worth its place as the earlier generation. At the end of a replacement an
+/// error of reading leaves the decision to the next start; that takes what it cannot read for
+/// different, or nobody would ever get past an unreadable file.
+std::error_code WorkingCopyKeeper::keepAsEarlier(bool isRecovery)
 {
     const QString aside = _locations.workingCopyAside();
     const auto before = NSFileManager::contentsAtPath(aside);
     const auto now = NSFileManager::contentsAtPath(_locations.workingCopy());
     if (!before.error && !now.error && before.bytes == now.bytes)
         return NSFileManager::removeItemAtPath(aside);
+    if (!isRecovery && before.error)
+        return before.error;
+    if (!isRecovery && now.error && !isMissing(now.error))
+        return now.error;
     return NSFileManager::moveItemAtPath(aside, _locations.earlierWorkingCopy());
 }
 
@@ -235,7 +241,7 @@ std::error_code WorkingCopyKeeper::end()
     const bool isAside = std::exchange(_isAside, false);
     if (!std::exchange(_begun, false) || !isAside)
         return {};
-    return _failed ? settle() : keepAsEarlier();
+    return _failed ? settle() : keepAsEarlier(false);
 }
 
 WorkingCopyKeeper::Restoration WorkingCopyKeeper::restore()
@@ -258,7 +264,8 @@ WorkingCopyKeeper::Restoration WorkingCopyKeeper::restore()
         settle();
         return {Restored::Failed, withReason(earlier, fault)};
     }
-    if (const auto fault = std::exchange(_isAside, false) ? keepAsEarlier() : std::error_code())
+    if (const auto fault =
+            std::exchange(_isAside, false) ? keepAsEarlier(false) : std::error_code())
         return {Restored::Failed, withReason(_locations.workingCopyAside(), fault)};
     return {};
 }

@@ -80,7 +80,7 @@ private:
     void refuseStrangeFolders();
     std::error_code moveAside();
     std::error_code settle();
-    std::error_code keepAsEarlier();
+    std::error_code keepAsEarlier(bool isRecovery);
     std::error_code replaceWith(const QByteArray &bytes, std::error_code error);
 
     const ThemeLocations _locations;
