@@ -1,5 +1,6 @@
-// A whole save, beside the least that any save must do: encode the two pictures and bring the same
-// bytes to the disk.
+// A whole save, beside the least that any save must do: encode the two pictures, keep the old
+// working copy and bring the same bytes to the disk. Each save changes a colour, so that there is
+// something to keep.
 #include "QuietLog.h"
 #include "platform/NSFileManager.h"
 #include "theme/ColorText.h"
@@ -28,7 +29,10 @@ struct Fixture {
 void save(benchmark::State &state)
 {
     const Fixture fixture;
+    bool odd = false;
     for (auto _ : state) {
+        ElementRecord &record = *fixture.source.tableSource().front();
+        record.color = (odd = !odd) ? QStringLiteral("#123456FF") : QStringLiteral("#654321FF");
         const auto report = writeTheme(buildTheme(fixture.source, fixture.locations, scale));
         if (!report.failures.empty() || report.written.size() != 4)
             state.SkipWithError("the save failed");
@@ -80,11 +84,17 @@ void saveBare(benchmark::State &state)
         if (NSFileManager::writeToFile(path, bytes))
             state.SkipWithError("a write failed");
     };
+    const auto move = [&](const QString &from, const QString &to) {
+        if (NSFileManager::moveItemAtPath(from, to))
+            state.SkipWithError("a move failed");
+    };
     for (auto _ : state) {
+        move(locations.workingCopy(), locations.workingCopyAside());
         write(locations.packageInfo(), info);
         write(locations.listBackground(), encoder.encode(background));
         write(locations.unreadIndicator(), encoder.encode(indicator));
         write(locations.workingCopy(), info);
+        move(locations.workingCopyAside(), locations.earlierWorkingCopy());
     }
     if (encoder.encode(background) != theme.listBackground)
         state.SkipWithError("the two sides encode different pictures");

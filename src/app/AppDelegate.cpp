@@ -1,11 +1,20 @@
 #include "app/AppDelegate.h"
 
+#include "platform/NSLog.h"
 #include "platform/UINavigationController.h"
+#include "theme/WorkingCopyKeeper.h"
 
 #include <QIcon>
 
 bool AppDelegate::didFinishLaunchingWithOptions()
 {
+    // Held until the choices are read, so that nobody takes them away meanwhile. It may wait for
+    // another Tintloom: there is no window yet to stand still.
+    const auto keeper = WorkingCopyKeeper::open(_folders.theme);
+    if (!keeper->refusal().isEmpty()) {
+        NSLog("Cannot start: %@", {keeper->refusal()});
+        return false;
+    }
     _window = std::make_unique<UIWindow>();
     _window->setTitle("Tintloom");
     // The icon is a picture to be decoded, which can wait until the first frame is shown.

@@ -12,7 +12,8 @@ class AppDelegate final : public UIApplicationDelegate
 public:
     explicit AppDelegate(const EditorFolders &folders) : _folders(folders) {}
 
-    /// False when the elements cannot be read at all; the log says why.
+    /// Recovers an interrupted save first. False when that cannot be done, or when the elements
+    /// cannot be read at all; the log says why.
     bool didFinishLaunchingWithOptions() override;
 
     UIWindow *window() const { return _window.get(); }

@@ -21,6 +21,8 @@ const QString help = uR"(Usage:
   tintloom save [options] [--set KEY=VALUE]...
                                         apply the edits to the current choices, then
                                         save the theme
+  tintloom restore [options]            bring back the choices before the last save or
+                                        restore; the theme itself stays as it is
 
 Options:
   --package-root DIR  folder that holds themes; default /var/mobile/Library/biteThemes
@@ -85,8 +87,10 @@ public:
             return CommandLine::Command::Window;
         if (words[0] == "list"_L1)
             return CommandLine::Command::List;
+        if (words[0] == "restore"_L1)
+            return CommandLine::Command::Restore;
         if (words[0] != "save"_L1)
-            fail(u"unknown command '%1'; there are 'list' and 'save'"_s.arg(words[0]));
+            fail(u"unknown command '%1'; there are 'list', 'save' and 'restore'"_s.arg(words[0]));
         return CommandLine::Command::Save;
     }
 

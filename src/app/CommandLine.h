@@ -11,7 +11,7 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Save };
+enum class Command { Window, List, Save, Restore };
 
 struct Options {
     Command command = Command::Window;

@@ -3,6 +3,7 @@
 #include "app/ElementEdits.h"
 #include "platform/NSLog.h"
 #include "theme/ThemePackageWriter.h"
+#include "theme/WorkingCopyKeeper.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -127,11 +128,30 @@ QByteArray readableList(const ElementDataSource &source)
     }
     return text.toUtf8();
 }
+
+ThemeLocations locations(const CommandLine::Options &options)
+{
+    return {options.packageRoot, options.documents};
+}
+
+/// Null when it refuses, which standard error then says.
+std::shared_ptr<WorkingCopyKeeper> openKeeper(const CommandLine::Options &options)
+{
+    auto keeper = WorkingCopyKeeper::open(locations(options));
+    if (keeper->refusal().isEmpty())
+        return keeper;
+    complain(keeper->refusal());
+    return nullptr;
+}
 } // namespace
 
 int runList(const CommandLine::Options &options)
 {
+    auto keeper = openKeeper(options);
+    if (!keeper)
+        return failed;
     const auto source = ElementDataSource::load(options.resources, options.documents);
+    keeper.reset(); // whoever reads our output slowly keeps nobody waiting
     if (source.status() == ElementDataSource::Status::Unusable)
         return failed; // the log has named the reason
     if (source.status() == ElementDataSource::Status::Malformed)
@@ -141,6 +161,10 @@ int runList(const CommandLine::Options &options)
 
 int runSave(const CommandLine::Options &options)
 {
+    // Held from the load on: what another Tintloom saves in between would be undone by this save.
+    auto keeper = openKeeper(options);
+    if (!keeper)
+        return failed;
     const auto source = ElementDataSource::load(options.resources, options.documents);
     if (source.status() == ElementDataSource::Status::Unusable)
         return failed; // the log has named the reason
@@ -155,7 +179,11 @@ int runSave(const CommandLine::Options &options)
     }
     NSLog(u"SAVING THEME..."_s);
     const SaveReport report =
-        writeTheme(buildTheme(source, {options.packageRoot, options.documents}, options.scale));
+        writeTheme(buildTheme(source, locations(options), options.scale, std::move(keeper)));
+    if (!report.refusal.isEmpty()) {
+        complain(report.refusal + "; nothing saved"_L1);
+        return failed;
+    }
     for (const auto &failure : report.failures)
         complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
     QString written;
@@ -163,4 +191,20 @@ int runSave(const CommandLine::Options &options)
         written += path + u'\n';
     const int printed = print(written.toUtf8());
     return report.failures.empty() ? printed : failed;
+}
+
+int runRestore(const CommandLine::Options &options)
+{
+    const auto keeper = openKeeper(options);
+    if (!keeper)
+        return failed;
+    const auto [outcome, problem] = keeper->restore();
+    if (outcome != WorkingCopyKeeper::Restored::Done) {
+        complain(problem);
+        return failed;
+    }
+    return print(u"The earlier choices are back in %1\n"
+                 "\"tintloom save\" puts them into the theme; a second \"tintloom restore\" undoes "
+                 "this.\n"_s.arg(locations(options).workingCopy())
+                     .toUtf8());
 }

@@ -38,6 +38,8 @@ int main(int argc, char **argv)
         return runList(*outcome.options);
     case CommandLine::Command::Save:
         return runSave(*outcome.options);
+    case CommandLine::Command::Restore:
+        return runRestore(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }

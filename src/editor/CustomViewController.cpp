@@ -175,15 +175,21 @@ void CustomViewController::save()
     showLoaderWithLabel(tr("Saving theme..."));
     const auto self = std::static_pointer_cast<CustomViewController>(shared_from_this());
     _saveFileQueue->async([self, delegate = _delegate, scale = UIScreen::mainScreen().scale()] {
-        if (self->_fromMainView && delegate)
-            delegate->setCustomTheme();
-        BuiltTheme theme = buildTheme(self->_source, self->_folders.theme, scale);
+        const auto willSave = [&] {
+            if (self->_fromMainView && delegate)
+                delegate->setCustomTheme();
+        };
+        BuiltTheme theme = buildTheme(self->_source, self->_folders.theme, scale, willSave);
         MainQueue::async([self, theme = std::move(theme)] { self->finishSave(writeTheme(theme)); });
     });
 }
 
 void CustomViewController::finishSave(const SaveReport &report)
 {
+    if (!report.refusal.isEmpty()) {
+        setNotice(tr("Nothing was saved.") + '\n' + report.refusal);
+        return removeLoader();
+    }
     QStringList lines;
     for (const SaveReport::Failure &failure : report.failures)
         lines += tr("%1: %2").arg(failure.path, failure.reason);

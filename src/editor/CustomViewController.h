@@ -110,9 +110,9 @@ public:
     void clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex) override;
 
     Q_INVOKABLE void saveButtonTap();
-    /// Saves the theme; returns at once, except that a document without elements to save is refused
-    /// with a notice, because saving it would wipe the user's choices. Nothing while a save is
-    /// going on.
+    /// Saves the theme; returns at once. Refused with a notice, and nothing touched: a document
+    /// without elements to save, because saving it would wipe the user's choices, and folders at
+    /// which another Tintloom is busy for long. Nothing while a save is going on.
     void save();
 
     /// The box that keeps the screen still while something is going on.

@@ -2,14 +2,17 @@
 
 #include <QFile>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -52,6 +55,15 @@ private:
     const int _number;
 };
 
+/// Distinct enough that nobody else's file bears such a name.
+const QString temporaryMark = u".tintloom-"_s;
+
+fs::path temporaryFor(const QString &path)
+{
+    const quint64 number = QRandomGenerator::global()->generate64();
+    return native(path + temporaryMark + QString::asprintf("%016llx", number));
+}
+
 std::error_code fillAndFlush(const fs::path &path, const QByteArray &bytes)
 {
     // Made like any other new file: the user's umask decides who may read it.
@@ -66,6 +78,14 @@ std::error_code fillAndFlush(const fs::path &path, const QByteArray &bytes)
         done += std::max<ssize_t>(count, 0);
     }
     return ::fsync(file.number()) == 0 ? std::error_code() : lastError();
+}
+
+/// What was written by others may still be in memory only. Best effort: it may not be ours to read.
+void flushFile(const fs::path &path)
+{
+    const Descriptor file(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
+    if (file.isOpen())
+        ::fsync(file.number());
 }
 
 /// A rename is only as lasting as the folder that records it.
@@ -86,6 +106,40 @@ bool NSFileManager::fileExistsAtPath(const QString &path)
         return false;
     std::error_code error;
     return fs::exists(fs::symlink_status(native(path), error));
+}
+
+NSFileManager::Item NSFileManager::itemAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Exists, path))
+        return {Kind::Nothing, fault};
+    std::error_code error;
+    switch (fs::symlink_status(native(path), error).type()) {
+    case fs::file_type::not_found:
+        return {};
+    case fs::file_type::none:
+        return {Kind::Nothing, error};
+    case fs::file_type::regular:
+        return {Kind::File, {}};
+    case fs::file_type::directory:
+        return {Kind::Folder, {}};
+    case fs::file_type::symlink:
+        return {Kind::Link, {}};
+    default:
+        return {Kind::Other, {}};
+    }
+}
+
+NSFileManager::Names NSFileManager::contentsOfDirectoryAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Enumerate, path))
+        return {{}, fault};
+    std::error_code error;
+    QStringList names;
+    for (fs::directory_iterator item(native(path), error), end; !error && item != end;
+         item.increment(error))
+        names.append(QFile::decodeName(item->path().filename().c_str()));
+    names.sort();
+    return {names, error};
 }
 
 std::error_code NSFileManager::removeItemAtPath(const QString &path)
@@ -143,11 +197,10 @@ std::error_code NSFileManager::writeToFile(const QString &path, const QByteArray
     if (const auto fault = begin(Operation::Write, path))
         return fault;
     const fs::path target = native(path);
-    fs::path temporary = target;
-    const auto suffix = QByteArray::number(QRandomGenerator::global()->generate64(), 36);
-    temporary += suffix.rightJustified(suffix.size() + 1, '.').toStdString();
-
+    const fs::path temporary = temporaryFor(path);
     std::error_code error = fillAndFlush(temporary, bytes);
+    if (!error)
+        error = begin(Operation::Replace, path);
     if (!error)
         fs::rename(temporary, target, error);
     if (error) {
@@ -155,7 +208,45 @@ std::error_code NSFileManager::writeToFile(const QString &path, const QByteArray
         fs::remove(temporary, ignored);
         return error;
     }
+    if (const auto fault = begin(Operation::Flush, path))
+        return fault;
     return flushFolder(target.parent_path());
+}
+
+bool NSFileManager::isTemporaryName(const QString &name)
+{
+    static const QRegularExpression pattern(u"\\A.+"_s + QRegularExpression::escape(temporaryMark) +
+                                            u"[0-9a-f]{16}\\z"_s);
+    return pattern.match(name).hasMatch();
+}
+
+std::error_code NSFileManager::moveItemAtPath(const QString &from, const QString &to)
+{
+    if (const auto fault = begin(Operation::Move, from))
+        return fault;
+    const fs::path source = native(from);
+    const fs::path target = native(to);
+    flushFile(source);
+    std::error_code error;
+    fs::rename(source, target, error);
+    if (error)
+        return error;
+    if (const auto fault = begin(Operation::Flush, to))
+        return fault;
+    error = flushFolder(target.parent_path());
+    if (!error && source.parent_path() != target.parent_path())
+        error = flushFolder(source.parent_path());
+    return error;
+}
+
+NSFileManager::Lock NSFileManager::lockFolderAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Lock, path))
+        return {nullptr, fault};
+    auto folder = std::make_shared<const Descriptor>(native(path), O_RDONLY | O_DIRECTORY);
+    if (!folder->isOpen() || ::flock(folder->number(), LOCK_EX | LOCK_NB) != 0)
+        return {nullptr, lastError()};
+    return {std::move(folder), {}};
 }
 
 std::error_code NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)

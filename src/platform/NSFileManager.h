@@ -1,9 +1,9 @@
 // The one door to the disk.
 //
-// Every existence test, removal, folder creation, enumeration, copy, read, atomic write and
-// permission change of the program goes through this class; nothing else includes <filesystem> or
-// opens a QFile for writing. That gives tests one place at which the n-th operation can be made to
-// fail.
+// Every existence test, removal, folder creation, enumeration, copy, move, read, atomic write,
+// permission change and lock of the program goes through this class; nothing else includes
+// <filesystem> or opens a QFile for writing. That gives tests one place at which the n-th operation
+// can be made to fail, or the process to die.
 //
 // Every operation reports instead of throwing: an empty std::error_code is success, and
 // `message()` of any other is the system's own reason. All functions may be called from any thread.
@@ -14,6 +14,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <system_error>
 
 class NSFileManager
@@ -26,12 +27,31 @@ public:
         Enumerate,
         Copy,
         Read,
-        Write,
-        SetPermissions
+        Write,   // the filling of the temporary file; the next two are asked for in the same write
+        Replace, // its renaming over the target
+        Flush,   // the flushing of the folder
+        SetPermissions,
+        Move,
+        Lock
     };
 
     /// True when something stands at the path; a dangling symbolic link counts.
     static bool fileExistsAtPath(const QString &path);
+
+    enum class Kind { Nothing, File, Folder, Link, Other };
+    struct Item {
+        Kind kind = Kind::Nothing;
+        std::error_code error; // it could not be looked at; nothing there is no error
+    };
+    /// What stands at the path itself; a symbolic link is not followed. An existence test.
+    static Item itemAtPath(const QString &path);
+
+    struct Names {
+        QStringList names; // sorted
+        std::error_code error;
+    };
+    /// The names of what is in a folder, not of what is below. An enumeration.
+    static Names contentsOfDirectoryAtPath(const QString &path);
 
     /// Removes a file, or a folder with everything in it. A symbolic link is removed itself; what
     /// it points to is never touched. Removing what is not there is an error (no such file or
@@ -53,6 +73,23 @@ public:
     /// the folder is flushed too. On failure the old file stands and no temporary file is left;
     /// only when the folder cannot be flushed, the new file stands and may not outlast a power cut.
     static std::error_code writeToFile(const QString &path, const QByteArray &bytes);
+
+    /// True for the name of a temporary file that a killed writeToFile may have left in the
+    /// target's folder: "Info.plist.tintloom-0123456789abcdef".
+    static bool isTemporaryName(const QString &name);
+
+    /// Renames a file in one step, over a file that stands at the new path, and flushes it and both
+    /// folders. A symbolic link is moved itself. On failure both stand as they were; only when a
+    /// folder cannot be flushed, the move is done and may not outlast a power cut.
+    static std::error_code moveItemAtPath(const QString &from, const QString &to);
+
+    struct Lock {
+        std::shared_ptr<const void> hold; // the lock lasts until its last copy is gone
+        std::error_code error; // operation_would_block: somebody else, here or in another process
+    };
+    /// Takes a folder's advisory lock if it is free; never waits. It needs no file of its own and
+    /// goes with the process.
+    static Lock lockFolderAtPath(const QString &path);
 
     /// Sets the POSIX permissions, for example 0777, of the item itself; refuses a symbolic link.
     static std::error_code setPosixPermissions(const QString &path, unsigned permissions);

@@ -65,10 +65,14 @@ std::shared_ptr<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1St
 std::optional<PropertyDictionary> savedDictionary(const QString &path)
 {
     NSLog(u"path: %@"_s, {path});
-    if (!NSFileManager::fileExistsAtPath(path))
-        return std::nullopt;
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    return error ? std::nullopt : PropertyList::readDictionary(bytes);
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+        return std::nullopt;
+    auto dictionary = error ? std::nullopt : PropertyList::readDictionary(bytes);
+    if (!dictionary)
+        NSLog(u"Saved choices cannot be read: %@"_s,
+              {error ? QString::fromStdString(error.message()) : u"no property list"_s});
+    return dictionary;
 }
 
 /// Null when nothing was saved under the key, or only a trace of nothing.

@@ -4,6 +4,8 @@
 //   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
 //   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points, JPEG bytes on purpose
 //   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
+//   <documents>/Tintloom/Info.saving.plist                  the old one, only during a save
+//   <documents>/Tintloom/Info.previous.plist                the one before, for "restore"
 #pragma once
 
 #include <QString>
@@ -25,4 +27,12 @@ struct ThemeLocations {
     }
     QString workingCopyFolder() const { return documents + QLatin1String("/Tintloom"); }
     QString workingCopy() const { return workingCopyFolder() + QLatin1String("/Info.plist"); }
+    QString workingCopyAside() const
+    {
+        return workingCopyFolder() + QLatin1String("/Info.saving.plist");
+    }
+    QString earlierWorkingCopy() const
+    {
+        return workingCopyFolder() + QLatin1String("/Info.previous.plist");
+    }
 };

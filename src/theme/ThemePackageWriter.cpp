@@ -4,6 +4,7 @@
 #include "platform/NSLog.h"
 #include "platform/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
+#include "theme/WorkingCopyKeeper.h"
 #include "views/UIImage+JTColor.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ namespace
 {
 constexpr float jpegQuality = 0.8F;
 constexpr unsigned everybodyMayDoEverything = 0777;
+const auto isALink = std::make_error_code(std::errc::too_many_symbolic_link_levels);
 constexpr QRectF listBackgroundRect(0.0, 0.0, 640.0, 1136.0);
 constexpr QRectF unreadIndicatorRect(0.0, 0.0, 24.0, 24.0);
 
@@ -35,24 +37,23 @@ void addBalloonColors(PropertyDictionary &dictionary, const QString &key)
         dictionary.setValue(key, colors);
 }
 
-/// Nothing is left of an earlier save. What cannot be removed will show when the new file is
-/// written.
+/// Nothing is left of an earlier save. A folder that may be emptied but not removed will do, too.
 void emptyPackageFolder(const ThemeLocations &locations, SaveReport &report)
 {
     const QString folder = locations.packageFolder();
+    std::error_code removal;
     if (NSFileManager::fileExistsAtPath(folder))
-        NSFileManager::removeItemAtPath(folder);
+        removal = NSFileManager::removeItemAtPath(folder);
     report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
+    if (removal && !NSFileManager::contentsOfDirectoryAtPath(folder).names.isEmpty())
+        report.addFailure(folder, removal);
     NSLog(u"biteSMS Theme Path: %@"_s, {locations.packageInfo()});
 }
 
-/// Other files beside the working copy are left alone.
-void dropWorkingCopy(const ThemeLocations &locations, SaveReport &report)
+void makeWorkingCopyFolder(const ThemeLocations &locations, SaveReport &report)
 {
     const QString folder = locations.workingCopyFolder();
     report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
-    if (NSFileManager::fileExistsAtPath(locations.workingCopy()))
-        NSFileManager::removeItemAtPath(locations.workingCopy());
     NSLog(u"NSDocumentDirectory Theme Path: %@"_s, {locations.workingCopy()});
 }
 
@@ -67,27 +68,44 @@ QByteArray solidJpeg(const PropertyDictionary &dictionary, const QString &key, c
 class Writing
 {
 public:
-    explicit Writing(SaveReport report) : _report(std::move(report)) {}
+    explicit Writing(const BuiltTheme &theme) : _keeper(*theme.keeper), _report(theme.report) {}
+
+    /// From here on nothing is written or changed below the folder if a link stands in its place.
+    void avoidLink(const QString &folder)
+    {
+        if (NSFileManager::itemAtPath(folder).kind != NSFileManager::Kind::Link)
+            return;
+        _links.append(folder + u'/');
+        _report.addFailure(folder, isALink);
+    }
 
     void write(const QString &path, const QByteArray &bytes)
     {
         // Nothing to write means that the encoder ran out of memory.
-        const std::error_code error = bytes.isEmpty()
-                                          ? std::make_error_code(std::errc::not_enough_memory)
-                                          : NSFileManager::writeToFile(path, bytes);
-        if (!error)
-            _report.written.append(path);
-        _report.addFailure(path, error);
+        note(path, bytes.isEmpty()     ? std::make_error_code(std::errc::not_enough_memory)
+                   : leadsAstray(path) ? isALink
+                                       : NSFileManager::writeToFile(path, bytes));
     }
+
+    /// Replaces the old one, which its keeper has moved aside.
+    void writeWorkingCopy(const QString &path, const QByteArray &bytes)
+    {
+        note(path, _keeper.write(bytes));
+    }
+
+    /// The last step of a save. A fault leaves both old and new for the next start to sort out.
+    void endReplacement(const QString &path) { _report.addFailure(path, _keeper.end()); }
 
     void createFolder(const QString &path)
     {
-        keepFault(path, NSFileManager::createDirectoryAtPath(path));
+        keepFault(path, leadsAstray(path) ? isALink : NSFileManager::createDirectoryAtPath(path));
     }
 
     void openToEverybody(const QString &path)
     {
-        keepFault(path, NSFileManager::setPosixPermissions(path, everybodyMayDoEverything));
+        keepFault(path, leadsAstray(path)
+                            ? isALink
+                            : NSFileManager::setPosixPermissions(path, everybodyMayDoEverything));
     }
 
     void logFault() const
@@ -99,6 +117,18 @@ public:
     const SaveReport &report() const { return _report; }
 
 private:
+    bool leadsAstray(const QString &path) const
+    {
+        return std::ranges::any_of(_links, [&](auto &folder) { return path.startsWith(folder); });
+    }
+
+    void note(const QString &path, const std::error_code &error)
+    {
+        if (!error)
+            _report.written.append(path);
+        _report.addFailure(path, error);
+    }
+
     /// The slot is set once and never cleared: the first fault is logged after each group of files.
     void keepFault(const QString &path, const std::error_code &error)
     {
@@ -107,7 +137,9 @@ private:
         _report.addFailure(path, error);
     }
 
+    WorkingCopyKeeper &_keeper;
     SaveReport _report;
+    QStringList _links;
     QString _fault;
 };
 } // namespace
@@ -136,12 +168,24 @@ PropertyDictionary themeDictionary(const ElementDataSource &source)
 }
 
 BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &locations,
-                      double scale)
+                      double scale, const std::function<void()> &willSave)
+{
+    return buildTheme(source, locations, scale, WorkingCopyKeeper::open(locations), willSave);
+}
+
+BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &locations,
+                      double scale, std::shared_ptr<WorkingCopyKeeper> keeper,
+                      const std::function<void()> &willSave)
 {
     BuiltTheme theme;
     theme.locations = locations;
+    theme.keeper = std::move(keeper);
+    if (!theme.keeper->begin(willSave)) {
+        theme.report.refusal = theme.keeper->refusal();
+        return theme;
+    }
     emptyPackageFolder(locations, theme.report);
-    dropWorkingCopy(locations, theme.report);
+    makeWorkingCopyFolder(locations, theme.report);
     theme.dictionary = themeDictionary(source);
     theme.listBackground =
         solidJpeg(theme.dictionary, u"list-background-image"_s, listBackgroundRect, scale);
@@ -152,19 +196,24 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
 
 SaveReport writeTheme(const BuiltTheme &theme)
 {
+    if (!theme.report.refusal.isEmpty())
+        return theme.report;
     const ThemeLocations &locations = theme.locations;
     const QByteArray info = PropertyList::writeDictionary(theme.dictionary);
-    Writing writing(theme.report);
+    Writing writing(theme);
+    writing.avoidLink(locations.packageFolder());
     writing.write(locations.packageInfo(), info);
     writing.write(locations.listBackground(), theme.listBackground);
     writing.createFolder(locations.indicatorFolder());
+    writing.avoidLink(locations.indicatorFolder());
     writing.write(locations.unreadIndicator(), theme.unreadIndicator);
     writing.openToEverybody(locations.packageInfo());
     writing.openToEverybody(locations.listBackground());
     writing.openToEverybody(locations.unreadIndicator());
     writing.logFault();
-    writing.write(locations.workingCopy(), info);
+    writing.writeWorkingCopy(locations.workingCopy(), info);
     writing.openToEverybody(locations.workingCopy());
+    writing.endReplacement(locations.workingCopyAside());
     writing.logFault();
     return writing.report();
 }

@@ -12,8 +12,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
 #include <system_error>
 #include <vector>
+
+class WorkingCopyKeeper;
 
 /// What became of a save. A path stands in `failures` at most once, with the system's first reason.
 struct SaveReport {
@@ -23,6 +27,7 @@ struct SaveReport {
     };
     QStringList written; // in the order of writing
     std::vector<Failure> failures;
+    QString refusal; // why nothing was touched, for people; else empty
 
     /// Ignored when the path already has a reason, or when the error is none.
     void addFailure(const QString &path, const std::error_code &error);
@@ -32,19 +37,27 @@ struct SaveReport {
 struct BuiltTheme {
     ThemeLocations locations;
     PropertyDictionary dictionary;
-    QByteArray listBackground;  // JPEG
-    QByteArray unreadIndicator; // JPEG
-    SaveReport report;          // folders that could not be made
+    QByteArray listBackground;                 // JPEG
+    QByteArray unreadIndicator;                // JPEG
+    SaveReport report;                         // folders that could not be made or emptied
+    std::shared_ptr<WorkingCopyKeeper> keeper; // shuts other programs out until the last copy dies
 };
 
 /// The theme dictionary: the fixed head, each element in document order, then the balloon arrays.
 PropertyDictionary themeDictionary(const ElementDataSource &source);
 
-/// The build step; any thread. Empties the package folder, drops the old working copy, builds the
-/// dictionary and encodes both images at `scale` pixels per point.
+/// The build step; any thread but a window's main one, because it may wait for another Tintloom.
+/// Empties the package folder, moves the old working copy aside, builds the dictionary and encodes
+/// both images at `scale` pixels per point. `willSave` is called before anything is touched, unless
+/// the save is refused. Drop what this returns without writing it, and the old working copy is
+/// back.
 BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &locations,
-                      double scale);
+                      double scale, const std::function<void()> &willSave = {});
+/// For who has opened the keeper of these locations already, to load under the same lock.
+BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &locations,
+                      double scale, std::shared_ptr<WorkingCopyKeeper> keeper,
+                      const std::function<void()> &willSave = {});
 
 /// The write step: writes the files, sets their permissions to 0777, logs permission faults. Does
-/// not stop at a failure.
+/// not stop at a failure. A refused theme is not written. Once for each theme.
 SaveReport writeTheme(const BuiltTheme &theme);

@@ -3,6 +3,7 @@
 #include "platform/NSFileManager.h"
 #include "platform/PropertyList.h"
 #include "support/EditorFixture.h"
+#include "theme/WorkingCopyKeeper.h"
 #include "views/CustomTableCell.h"
 
 #include <QAccessible>
@@ -259,6 +260,28 @@ TEST_F(CustomViewControllerTest, NothingBelowALoaderOrAnAlertTakesInput)
     press(Qt::Key_End);
     EXPECT_GT(table().contentOffset(), 500.0);
     NSFileManager::setFaultHook({});
+}
+
+TEST_F(CustomViewControllerTest, SavesNothingWhileAnotherProgramIsAtTheFiles)
+{
+    writeDocument(manyElements(3));
+    start();
+    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(0));
+    auto other = WorkingCopyKeeper::open(folders().theme);
+    ASSERT_TRUE(other->begin());
+    tapSave();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !editor().isLoading(); }));
+    EXPECT_FALSE(window().alert());
+    EXPECT_TRUE(editor().notice().startsWith("Nothing was saved.\nanother Tintloom is busy"));
+    EXPECT_FALSE(QFile::exists(folders().theme.packageFolder()));
+    EXPECT_EQ(cell({0, 0})->colorLabel()->text(), "#336699FF");
+
+    other.reset();
+    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
+    tapSave();
+    ASSERT_TRUE(waitForAlert());
+    EXPECT_TRUE(editor().notice().isEmpty());
+    EXPECT_TRUE(QFile::exists(folders().theme.workingCopy()));
 }
 
 TEST_F(CustomViewControllerTest, SaysWhatItCouldNotWriteUntilToldThatItIsRead)

@@ -37,6 +37,40 @@ TEST_F(NSFileManagerTest, FailedWriteKeepsWhatStood)
     EXPECT_EQ(tree(folder.path()), QStringList({"target", "target/inside"}));
 }
 
+TEST_F(NSFileManagerTest, AWriteThatFailsHalfwayLeavesNoTemporaryFile)
+{
+    put(path("file"), "old");
+    const auto failAt = [](NSFileManager::Operation failing) {
+        return [=](NSFileManager::Operation operation, const QString &) {
+            return operation == failing ? std::make_error_code(std::errc::io_error)
+                                        : std::error_code();
+        };
+    };
+    for (const auto &[operation, stands] : {std::pair(NSFileManager::Operation::Replace, "old"),
+                                            std::pair(NSFileManager::Operation::Flush, "new")}) {
+        const FaultHookGuard guard(failAt(operation));
+        EXPECT_EQ(NSFileManager::writeToFile(path("file"), "new"), std::errc::io_error);
+        EXPECT_EQ(contents(path("file")), stands);
+        EXPECT_EQ(tree(folder.path()), QStringList("file"));
+    }
+}
+
+TEST_F(NSFileManagerTest, MovesOverAFileAndMovesALinkItself)
+{
+    put(path("file"), "new");
+    put(path("below/target"), "old");
+    EXPECT_FALSE(NSFileManager::moveItemAtPath(path("file"), path("below/target")));
+    EXPECT_EQ(contents(path("below/target")), "new");
+    ASSERT_TRUE(QFile::link(path("below/target"), path("link")));
+    EXPECT_FALSE(NSFileManager::moveItemAtPath(path("link"), path("moved")));
+    EXPECT_EQ(NSFileManager::itemAtPath(path("moved")).kind, NSFileManager::Kind::Link);
+    EXPECT_EQ(tree(folder.path()), QStringList({"below", "below/target", "moved"}));
+    EXPECT_EQ(NSFileManager::moveItemAtPath(path("missing"), path("moved")),
+              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(NSFileManager::moveItemAtPath(path("moved"), path("below")),
+              std::errc::is_a_directory);
+}
+
 TEST_F(NSFileManagerTest, FailuresCarryTheSystemsReason)
 {
     put(path("file"), "text");
