@@ -1,7 +1,5 @@
 #include "app/CommandLine.h"
 
-#include "platform/NSFileManager.h"
-
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
@@ -49,13 +47,11 @@ QString executable(const QString &programName)
     return known.isEmpty() ? programName : known;
 }
 
+/// Relative to the program, so that an installation can be moved as a whole.
 QString defaultResources(const QString &programName)
 {
     const QDir folder = QFileInfo(executable(programName)).absoluteDir();
-    const QString installed = QDir::cleanPath(folder.filePath(u"../share/tintloom"_s));
-    if (NSFileManager::fileExistsAtPath(installed + "/initialDatasource.txt"_L1))
-        return installed;
-    return QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
+    return QDir::cleanPath(folder.filePath(QStringLiteral(TINTLOOM_DATA)));
 }
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
