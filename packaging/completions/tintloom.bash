@@ -4,9 +4,10 @@
 _tintloom()
 {
     local program=$1 current=$2 before=$3
-    local help kind
+    local help kind=
     help=$("$program" --help 2>/dev/null) || return
     COMPREPLY=()
+    [[ $current != *=* && $before != = ]] || return # a value of the user's own
 
     # The word after an option is what the help calls its value.
     [[ $before == --* ]] &&
