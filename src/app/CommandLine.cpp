@@ -1,13 +1,14 @@
 #include "app/CommandLine.h"
 
-#include "platform/NSFileManager.h"
-
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStandardPaths>
+
+#include <sys/auxv.h>
 
 using namespace Qt::StringLiterals;
 
@@ -44,20 +45,13 @@ Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 69
 display for a window.
 )"_s;
 
-/// The running program's file: the kernel knows it even when it was started by a bare name.
-QString executable(const QString &programName)
+/// Relative to the program's file, so that an installation can be moved as a whole. The kernel
+/// tells which file that is, even to a program started by a bare name where no /proc is mounted.
+QString defaultResources()
 {
-    const QString known = QFileInfo(u"/proc/self/exe"_s).symLinkTarget();
-    return known.isEmpty() ? programName : known;
-}
-
-QString defaultResources(const QString &programName)
-{
-    const QDir folder = QFileInfo(executable(programName)).absoluteDir();
-    const QString installed = QDir::cleanPath(folder.filePath(u"../share/tintloom"_s));
-    if (NSFileManager::fileExistsAtPath(installed + "/initialDatasource.txt"_L1))
-        return installed;
-    return QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
+    const auto *file = reinterpret_cast<const char *>(getauxval(AT_EXECFN));
+    const QFileInfo program(QFileInfo(QFile::decodeName(file)).canonicalFilePath());
+    return QDir::cleanPath(program.absoluteDir().filePath(QStringLiteral(TINTLOOM_DATA)));
 }
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
@@ -175,8 +169,7 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.documents =
         reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    options.resources =
-        reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources(arguments.value(0)));
+    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen(options.screen);
     options.json = parser.isSet(u"json"_s);

@@ -5,6 +5,7 @@
 #include "platform/UIScreen.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <clocale>
 #include <cstdio>
@@ -13,6 +14,8 @@ namespace
 {
 int runWindow(const CommandLine::Options &options, int &argc, char **argv)
 {
+    // By this a desktop finds the icon that belongs to the window.
+    QGuiApplication::setDesktopFileName(QStringLiteral(TINTLOOM_ID));
     UIScreen::mainScreen().setSize(options.screen);
     UIScreen::mainScreen().setScale(options.scale);
     const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};

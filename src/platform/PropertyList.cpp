@@ -10,6 +10,7 @@
 #include <limits>
 #include <memory>
 #include <plist/plist.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -233,7 +234,7 @@ QVariant valueFromNode(plist_t node)
 PlistOwner parse(QByteArrayView bytes)
 {
     constexpr auto byteOrderMark = "\xEF\xBB\xBF"_L1;
-    if (bytes.size() > std::numeric_limits<uint32_t>::max())
+    if (std::cmp_greater(bytes.size(), std::numeric_limits<uint32_t>::max()))
         return {};
     const PlainNumbers plainNumbers;
     plist_t node = nullptr;
