@@ -13,7 +13,7 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
-        enabled: !root.controller.loading
+        enabled: !root.controller.overlays.loading
 
         UIView {
             objectName: "_bgView"
