@@ -65,6 +65,8 @@ public:
     void viewWillDisappear(bool animated) override;
     void viewDidLayoutSubviews() override;
     void prepareForTermination() override;
+    /// Not during a save: below, another one could begin on the same folders.
+    bool allowsBack() const override { return !isLoading(); }
 
     int numberOfSectionsInTableView() const override;
     QString titleForHeaderInSection(int section) const override;
