@@ -1,6 +1,7 @@
 #include "app/HeadlessCommands.h"
 
 #include "app/ElementEdits.h"
+#include "app/StandardStreams.h"
 #include "platform/NSLog.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -10,31 +11,13 @@
 #include <QJsonObject>
 
 #include <cmath>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int done = 0;
 constexpr int failed = 1;
 constexpr int wrongUsage = 2;
-
-/// The exit status: a full disk behind a pipe is a failure too.
-int print(const QByteArray &text)
-{
-    const bool written =
-        std::fwrite(text.constData(), 1, size_t(text.size()), stdout) == size_t(text.size());
-    if (written && std::fflush(stdout) == 0)
-        return done;
-    std::perror("tintloom: cannot write to standard output");
-    return failed;
-}
-
-void complain(const QString &problem)
-{
-    std::fputs(u"tintloom: %1\n"_s.arg(problem).toUtf8().constData(), stderr);
-}
 
 QJsonValue jsonFromMap(const QVariantMap &map);
 

@@ -4,6 +4,7 @@
 //   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
 //   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points, JPEG bytes on purpose
 //   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
+//   <documents>/Preferences.plist                           which theme is installed
 #pragma once
 
 #include <QString>
@@ -24,5 +25,6 @@ struct ThemeLocations {
         return indicatorFolder() + QLatin1String("/UnreadIndicator@2x.png");
     }
     QString workingCopyFolder() const { return documents + QLatin1String("/Tintloom"); }
+    QString preferences() const { return documents + QLatin1String("/Preferences.plist"); }
     QString workingCopy() const { return workingCopyFolder() + QLatin1String("/Info.plist"); }
 };
