@@ -31,12 +31,13 @@ int editDistance(const QString &from, const QString &to)
 QStringList nearestNames(const QString &name, const QStringList &names)
 {
     constexpr size_t most = 3;
-    const int slips = std::max(2, int(name.size() / 3));
+    const QString folded = name.toCaseFolded();
+    const int slips = std::max(2, int(folded.size() / 3));
     std::set<std::pair<int, QString>> nearest;
     for (const QString &candidate : names) {
-        if (std::abs(candidate.size() - name.size()) > slips)
+        if (std::abs(candidate.size() - folded.size()) > slips)
             continue;
-        if (const int distance = editDistance(name, candidate); distance <= slips)
+        if (const int distance = editDistance(folded, candidate.toCaseFolded()); distance <= slips)
             nearest.emplace(distance, candidate);
         if (nearest.size() > most)
             nearest.erase(std::prev(nearest.end()));

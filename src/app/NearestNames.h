@@ -5,4 +5,5 @@
 #include <QStringList>
 
 /// Those of `names` that are a few slips away from `name`, nearest first, at most three.
+/// Case does not count.
 QStringList nearestNames(const QString &name, const QStringList &names);

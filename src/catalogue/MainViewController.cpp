@@ -44,7 +44,7 @@ std::shared_ptr<MainViewController> MainViewController::self()
 
 void MainViewController::viewDidLoad()
 {
-    _overlays.setView(view(), engine());
+    _overlays->setView(view(), engine());
     _hiddenView = view()->findChild<UIView *>("hiddenView");
     _appVersion = view()->findChild<UIView *>("appVersion");
     _tableFrame = view()->findChild<UIView *>("tableView");
@@ -70,7 +70,7 @@ void MainViewController::viewDidLayoutSubviews()
     _appVersion->setFrame({0.0, 0.0, w, status});
     _hiddenView->setFrame({0.0, status, w, status});
     _tableFrame->setFrame({0.0, status, w, h}); // its end lies below the screen's
-    _overlays.setFrames({{(w - loader.width()) * 0.5, (h - loader.height()) * 0.5}, loader}, h);
+    _overlays->setFrames({{(w - loader.width()) * 0.5, (h - loader.height()) * 0.5}, loader}, h);
 }
 
 void MainViewController::prepareForTermination()

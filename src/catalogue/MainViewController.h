@@ -71,7 +71,7 @@ public:
 
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
-    ScreenOverlays *overlays() { return &_overlays; }
+    ScreenOverlays *overlays() const { return _overlays; }
     /// The alert that the screen showed last, until it has been answered.
     UIAlertView *alertView() const { return _alertView; }
     const std::shared_ptr<CustomViewController> &customViewController() const
@@ -106,5 +106,5 @@ private:
     UIView *_tableFrame = nullptr;
     UITableView *_tableView = nullptr;
     QPointer<UIAlertView> _alertView;
-    ScreenOverlays _overlays;
+    ScreenOverlays *const _overlays = new ScreenOverlays(this);
 };

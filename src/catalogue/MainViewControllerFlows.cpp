@@ -6,7 +6,7 @@
 void MainViewController::save()
 {
     NSLog("SAVING THEME... %@", {_clickedTheme});
-    _overlays.setNotice({});
+    _overlays->setNotice({});
     showLoaderWithLabel("Saving theme...");
     _saveFileQueue->async([self = self(), theme = _clickedTheme] {
         ThemeInstallation installation =
@@ -34,7 +34,7 @@ void MainViewController::finishSave(const ThemeInstallation &installation, const
 void MainViewController::editPredefinedTheme()
 {
     NSLog("SAVING PREDEFINED THEME... %@", {_clickedTheme});
-    _overlays.setNotice({});
+    _overlays->setNotice({});
     showLoaderWithLabel("Saving theme...");
     _saveFileQueue->async([self = self(), theme = _clickedTheme] {
         // The next editor shall read the new working copy. Nobody else looks at this one now: it is
@@ -68,7 +68,7 @@ void MainViewController::showFailures(const SaveReport &report)
         lines += QString("%1: %2").arg(failure.path, failure.reason);
     if (!lines.isEmpty())
         lines.prepend(tr("Not everything could be written."));
-    _overlays.setNotice(lines.join('\n'));
+    _overlays->setNotice(lines.join('\n'));
 }
 
 void MainViewController::showAlert(std::unique_ptr<UIAlertView> alertView)
@@ -81,12 +81,12 @@ void MainViewController::showLoaderWithLabel(const QString &label)
 {
     _tableView->setScrollEnabled(false);
     _tableView->setAllowsSelection(false);
-    _overlays.showLoaderWithLabel(label);
+    _overlays->showLoaderWithLabel(label);
 }
 
 void MainViewController::removeLoader()
 {
     _tableView->setScrollEnabled(true);
     _tableView->setAllowsSelection(true);
-    _overlays.removeLoader();
+    _overlays->removeLoader();
 }

@@ -49,7 +49,7 @@ void CustomViewController::setDelegate(std::shared_ptr<CustomViewDelegate> deleg
 
 void CustomViewController::viewDidLoad()
 {
-    _overlays.setView(view(), engine());
+    _overlays->setView(view(), engine());
     _tableView = view()->property("table").value<UITableView *>();
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
@@ -74,7 +74,7 @@ void CustomViewController::viewDidLayoutSubviews()
     if (layout == _layout)
         return;
     _layout = layout;
-    _overlays.setFrames(layout.loadingView, layout.bottomView.y());
+    _overlays->setFrames(layout.loadingView, layout.bottomView.y());
     emit layoutChanged();
 }
 
@@ -156,11 +156,11 @@ void CustomViewController::save()
     if (isLoading())
         return;
     if (_source.status() != ElementDataSource::Status::Loaded) {
-        _overlays.setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
+        _overlays->setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
         return;
     }
     NSLog("SAVING THEME...");
-    _overlays.setNotice({});
+    _overlays->setNotice({});
     showLoaderWithLabel(tr("Saving theme..."));
     const auto self = std::static_pointer_cast<CustomViewController>(shared_from_this());
     _saveFileQueue->async([self, delegate = _delegate, scale = UIScreen::mainScreen().scale()] {
@@ -178,7 +178,7 @@ void CustomViewController::finishSave(const SaveReport &report)
         lines += tr("%1: %2").arg(failure.path, failure.reason);
     if (!lines.isEmpty())
         lines.prepend(tr("Not everything could be written."));
-    _overlays.setNotice(lines.join('\n'));
+    _overlays->setNotice(lines.join('\n'));
     removeLoader();
     UIAlertView::show(std::make_unique<UIAlertView>(
         "Saved",
@@ -191,14 +191,14 @@ void CustomViewController::showLoaderWithLabel(const QString &label)
 {
     _tableView->setScrollEnabled(false);
     _tableView->setAllowsSelection(false);
-    _overlays.showLoaderWithLabel(label);
+    _overlays->showLoaderWithLabel(label);
 }
 
 void CustomViewController::removeLoader()
 {
     _tableView->setScrollEnabled(true);
     _tableView->setAllowsSelection(true);
-    _overlays.removeLoader();
+    _overlays->removeLoader();
 }
 
 void CustomViewController::applicationShouldBecomeActive()

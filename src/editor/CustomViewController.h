@@ -86,12 +86,12 @@ public:
     /// The box that keeps the screen still while something is going on.
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
-    bool isLoading() const { return _overlays.isLoading(); }
+    bool isLoading() const { return _overlays->isLoading(); }
 
     /// What could not be written at the last save, a path a line; empty when there is nothing to
     /// say.
-    QString notice() const { return _overlays.notice(); }
-    ScreenOverlays *overlays() { return &_overlays; }
+    QString notice() const { return _overlays->notice(); }
+    ScreenOverlays *overlays() const { return _overlays; }
 
     /// A hook for the program's return to the foreground; only logs.
     void applicationShouldBecomeActive();
@@ -117,5 +117,5 @@ private:
     UITableView *_tableView = nullptr; // the view's
     std::unique_ptr<DispatchQueue> _saveFileQueue;
     std::shared_ptr<CustomViewDelegate> _delegate;
-    ScreenOverlays _overlays;
+    ScreenOverlays *const _overlays = new ScreenOverlays(this);
 };

@@ -17,7 +17,8 @@ PropertyDictionary readFile(const QString &file)
 
 NSUserDefaults::NSUserDefaults(const QString &file) : _file(file)
 {
-    for (const auto &[key, value] : readFile(file).entries())
+    const PropertyDictionary stored = readFile(file);
+    for (const auto &[key, value] : stored.entries())
         _values[key] = value;
 }
 

@@ -2,13 +2,6 @@
 
 #include "platform/QMLViews.h"
 
-ScreenOverlays::~ScreenOverlays()
-{
-    // At once: the items are bound to this object.
-    delete _loadingView.release();
-    delete _noticeStrip.release();
-}
-
 void ScreenOverlays::setView(QQuickItem *view, QQmlEngine *engine)
 {
     _view = view;
@@ -31,7 +24,7 @@ void ScreenOverlays::showLoaderWithLabel(const QString &label)
 
 void ScreenOverlays::removeLoader()
 {
-    _loadingView.reset();
+    takeAway(_loadingView);
     emit loadingChanged();
 }
 
@@ -42,20 +35,24 @@ void ScreenOverlays::setNotice(const QString &notice)
     _notice = notice;
     emit noticeChanged();
     if (_notice.isEmpty())
-        _noticeStrip.reset();
+        takeAway(_noticeStrip);
     else if (!_noticeStrip)
         _noticeStrip = overlay("views/NoticeStrip.qml");
 }
 
-void ScreenOverlays::TakeAway::operator()(QQuickItem *item) const
+// It may be taken away by a tap on itself, so it outlives the tap.
+void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
 {
+    if (!item)
+        return;
     item->setVisible(false);
     item->deleteLater();
+    item.clear();
 }
 
-ScreenOverlays::Overlay ScreenOverlays::overlay(const char *file)
+QQuickItem *ScreenOverlays::overlay(const char *file)
 {
-    Overlay item(QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}}));
+    QQuickItem *item = QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}});
     item->setParent(_view);
     item->setParentItem(_view);
     return item;

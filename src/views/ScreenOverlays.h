@@ -5,11 +5,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QRectF>
-
-#include <memory>
 
 class ScreenOverlays : public QObject
 {
@@ -23,10 +22,11 @@ class ScreenOverlays : public QObject
     Q_PROPERTY(double noticeBottom READ noticeBottom NOTIFY framesChanged FINAL)
 
 public:
-    ScreenOverlays() = default;
-    ~ScreenOverlays() override;
+    /// Make it a child of the screen's controller: what it shows is bound to it, so it must outlive
+    /// the view.
+    explicit ScreenOverlays(QObject *parent) : QObject(parent) {}
 
-    /// Both must be set before anything is shown; the view must outlive this or take it along.
+    /// Both must be set before anything is shown.
     void setView(QQuickItem *view, QQmlEngine *engine);
     /// Points, in the view: the busy box, and the y that the strip stands on.
     void setFrames(const QRectF &loadingFrame, double noticeBottom);
@@ -36,7 +36,7 @@ public:
     /// The box swallows every touch of the view while it is up.
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
-    bool isLoading() const { return _loadingView != nullptr; }
+    bool isLoading() const { return !_loadingView.isNull(); }
     QString loadingText() const { return _loadingText; }
 
     /// Lines for people; the strip is up while there are any.
@@ -50,21 +50,16 @@ signals:
     void framesChanged();
 
 private:
-    // An overlay may be taken away by a tap on itself, so its item outlives the tap.
-    struct TakeAway {
-        void operator()(QQuickItem *item) const;
-    };
-    using Overlay = std::unique_ptr<QQuickItem, TakeAway>;
-
-    /// An item above everything in the view.
-    Overlay overlay(const char *file);
+    /// A new item above everything in the view, which owns it.
+    QQuickItem *overlay(const char *file);
+    static void takeAway(QPointer<QQuickItem> &item);
 
     QQuickItem *_view = nullptr;
     QQmlEngine *_engine = nullptr;
     QRectF _loadingFrame;
     double _noticeBottom = 0.0;
     QString _loadingText;
-    Overlay _loadingView; // while the loader is up
+    QPointer<QQuickItem> _loadingView; // while the loader is up
     QString _notice;
-    Overlay _noticeStrip; // while there is a notice
+    QPointer<QQuickItem> _noticeStrip; // while there is a notice
 };

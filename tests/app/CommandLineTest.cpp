@@ -1,22 +1,16 @@
 #include "app/CommandLine.h"
 
-#include "support/ThemeFixture.h"
+#include "support/ProgramFixture.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-struct Finished {
-    int exitCode;
-    QByteArray out, err;
-};
-
-struct CommandLineTest : ThemeFixture {
+struct CommandLineTest : ProgramFixture {
     void SetUp() override
     {
         putElements({
@@ -25,26 +19,6 @@ struct CommandLineTest : ThemeFixture {
             element("size", "null", R"({"Small":1,"Large":2.5})", "1"),
             element("background", "\"#333\"", "null", "null", "null"),
         });
-    }
-
-    /// Runs the program on the fixture's folders, set by environment variables.
-    Finished run(const QStringList &arguments, const QMap<QString, QString> &variables = {}) const
-    {
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"TINTLOOM_RESOURCES"_s, resources);
-        environment.insert(u"TINTLOOM_DOCUMENTS"_s, locations.documents);
-        environment.insert(u"TINTLOOM_PACKAGE_ROOT"_s, locations.packageRoot);
-        // Whoever asks for a display here shall notice.
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"none-such"_s);
-        for (auto variable = variables.begin(); variable != variables.end(); ++variable)
-            environment.insert(variable.key(), variable.value());
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(TINTLOOM_EXECUTABLE), arguments);
-        EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput(),
-                process.readAllStandardError()};
     }
 
     QVariant saved(const QString &key) const
@@ -105,6 +79,10 @@ TEST_F(CommandLineTest, WrongUsageNamesTheCulprit)
         {{u"--package-root"_s, u""_s}, u"package-root"_s},
         {{u"--json"_s}, u"json"_s},
         {{u"save"_s, u"--json"_s}, u"json"_s},
+        {{u"list"_s, u"--catalogue"_s}, u"catalogue"_s},
+        {{u"install"_s}, u"install"_s},
+        {{u"edit"_s, u"Paper"_s, u"Plum"_s}, u"Plum"_s},
+        {{u"themes"_s, u"Paper"_s}, u"Paper"_s},
         {{u"list"_s, u"--set"_s, u"a=b"_s}, u"set"_s},
         {{u"save"_s, u"--set"_s, u"novalue"_s}, u"novalue"_s},
     };
