@@ -40,6 +40,7 @@ FocusScope {
                 id: scroller
 
                 anchors.fill: parent
+                clip: true // nothing covers the strip above it
                 title: qsTr("Themes")
             }
         }

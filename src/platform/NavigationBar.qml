@@ -23,12 +23,14 @@ Rectangle {
         objectName: "title"
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
-        width: parent.width - 180
+        width: parent.width - 160
         height: bar.controller.barHeight
         text: bar.controller.topTitle
         textFormat: Text.PlainText
         font.pixelSize: 17
         font.bold: true
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 12
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

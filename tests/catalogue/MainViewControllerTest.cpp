@@ -164,6 +164,15 @@ TEST_F(MainViewControllerTest, ListsThemesBySectionAtItsFrames)
         EXPECT_EQ(row(name)->gestureRecognizers().size(), name == "Build Your Own!" ? 0U : 1U);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(row(name))->text(QAccessible::Name), name);
     }
+    // Rows that scroll out leave the strip above the table white.
+    table().parentItem()->parentItem()->setProperty("contentY", 50.0);
+    settle();
+    const QImage picture = grab();
+    for (int x = 0; x < 320; ++x)
+        ASSERT_EQ(picture.pixelColor(x, 10), QColor(Qt::white));
+    table().parentItem()->parentItem()->setProperty("contentY", 0.0);
+    settle();
+
     tap(row("Later"));
     longPress("Later");
     EXPECT_FALSE(window().alert());
