@@ -60,9 +60,10 @@ QByteArray readableThemes(const ThemeList &list, const std::optional<QString> &i
         for (int row = 0; row < list.numberOfRowsInSection(section); ++row) {
             const ThemeRecord &record = list.record(section, row);
             const auto mark = installed == record.name ? "*"_L1 : " "_L1;
-            const QString line =
-                mark + u' ' + record.name.leftJustified(nameWidth) + "  "_L1 + record.subtitle();
-            text += line.trimmed().isEmpty() ? u"\n"_s : line + u'\n';
+            QString line = mark + u' ' + record.name;
+            if (const QString subtitle = record.subtitle(); !subtitle.isEmpty())
+                line = line.leftJustified(nameWidth + 4) + subtitle;
+            text += line + u'\n';
         }
     }
     return text.toUtf8();

@@ -25,9 +25,9 @@ protected:
         record("alpha", "Later", "not shown", "No");
         record("alpha", "Red", "Warm");
         record("alpha", "Blue", "Cold");
-        // A package with a property list of its own in a subfolder, beside an image.
+        // A property list in a folder that comes before the package's own is not the package's.
         put(theme("Red", "Info.plist"), info("#FF0000FF"));
-        put(theme("Red", "UIKit/Info.plist"), "inner");
+        put(theme("Red", "Extra/Info.plist"), "inner");
         put(theme("Red", "UIKit/image.png"), "picture");
         put(theme("Blue", "Info.plist"), info("#0000FFFF"));
     }
@@ -244,7 +244,7 @@ TEST_F(MainViewControllerTest, ATapAndOKInstallTheTheme)
     answer(0);
     EXPECT_FALSE(navigation().canGoBack());
     EXPECT_FALSE(item("notice"));
-    const QStringList files{"Info.plist", "UIKit", "UIKit/Info.plist", "UIKit/image.png"};
+    const QStringList files{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"};
     EXPECT_EQ(tree(folders().theme.packageFolder()), files);
     for (const QString &file : files)
         EXPECT_EQ(QFileInfo(installed(file)).permissions(), everything) << file.toStdString();
@@ -302,7 +302,7 @@ TEST_F(MainViewControllerTest, ALongPressAndYesSendTheThemeToTheEditor)
     EXPECT_TRUE(first.expired());
     EXPECT_EQ(window().alert()->message(), "Red has been saved as your custom theme.");
     EXPECT_EQ(tree(folders().theme.packageFolder()),
-              (QStringList{"Info.plist", "UIKit", "UIKit/Info.plist", "UIKit/image.png"}));
+              (QStringList{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"}));
     EXPECT_EQ(contents(folders().theme.workingCopy()), info("#FF0000FF"));
     EXPECT_EQ(tree(folders().theme.workingCopyFolder()), (QStringList{"Info.plist", "other.txt"}));
     EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!");
@@ -449,7 +449,7 @@ TEST_F(MainViewControllerTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
     answer(0);
     EXPECT_TRUE(catalogue().overlays()->notice().contains(installed("UIKit/image.png") +
                                                           ": No space left on device"));
-    EXPECT_FALSE(catalogue().overlays()->notice().contains(installed("Info.plist")));
+    EXPECT_FALSE(catalogue().overlays()->notice().contains("Info.plist"));
     ASSERT_TRUE(item("notice"));
     EXPECT_EQ(sceneFrame(item("notice")).bottom(), 568.0);
     tap(sceneFrame(item("notice")).topRight() + QPointF(-22, 22));
