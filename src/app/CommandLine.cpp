@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
+#include <QMap>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
