@@ -332,6 +332,14 @@ std::optional<PropertyDictionary> PropertyList::readDictionary(const QByteArray 
     return dictionary;
 }
 
+std::optional<QVariantList> PropertyList::readArray(const QByteArray &bytes)
+{
+    const PlistOwner root = parse(bytes);
+    if (!root || plist_get_node_type(root.get()) != PLIST_ARRAY)
+        return std::nullopt;
+    return listFromNode(root.get());
+}
+
 QByteArray PropertyList::writeDictionary(const PropertyDictionary &dictionary)
 {
     const PlistOwner root(plist_new_dict());

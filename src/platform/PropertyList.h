@@ -52,6 +52,10 @@ QString textOf(const QVariant &value);
 /// reason are refused before libplist sees them.
 std::optional<PropertyDictionary> readDictionary(const QByteArray &bytes);
 
+/// The array in the bytes, or nothing when they are not a property list with an array on top.
+/// Guarded like the above.
+std::optional<QVariantList> readArray(const QByteArray &bytes);
+
 /// XML. Control characters that XML cannot carry are left out; null values are skipped.
 QByteArray writeDictionary(const PropertyDictionary &dictionary);
 } // namespace PropertyList

@@ -80,6 +80,10 @@ TEST_F(CommandLineTest, WrongUsageNamesTheCulprit)
         {{u"--package-root"_s, u""_s}, u"package-root"_s},
         {{u"--json"_s}, u"json"_s},
         {{u"save"_s, u"--json"_s}, u"json"_s},
+        {{u"list"_s, u"--catalogue"_s}, u"catalogue"_s},
+        {{u"install"_s}, u"install"_s},
+        {{u"edit"_s, u"Paper"_s, u"Plum"_s}, u"Plum"_s},
+        {{u"themes"_s, u"Paper"_s}, u"Paper"_s},
         {{u"list"_s, u"--set"_s, u"a=b"_s}, u"set"_s},
         {{u"save"_s, u"--set"_s, u"novalue"_s}, u"novalue"_s},
     };
