@@ -89,39 +89,36 @@ FocusScope {
             objectName: "_colorPicker"
             frame: root.controller.layout.colorPicker
             activeFocusOnTab: true
+            focusFrame: true
 
             Accessible.role: Accessible.ColorChooser
             Accessible.name: qsTr("Colour wheel")
             Accessible.description: wheel.spokenSelection
             Accessible.focusable: true
-
-            FocusFrame {}
         }
         HSBrightnessSlider {
             id: brightness
 
             objectName: "_brightnessSlider"
             frame: root.controller.layout.brightnessSlider
+            focusFrame: true
 
             Accessible.role: Accessible.Slider
             Accessible.name: qsTr("Brightness")
             Accessible.onIncreaseAction: brightness.step(1)
             Accessible.onDecreaseAction: brightness.step(-1)
-
-            FocusFrame {}
         }
         HSOpacitySlider {
             id: opacity
 
             objectName: "_opacitySlider"
             frame: root.controller.layout.opacitySlider
+            focusFrame: true
 
             Accessible.role: Accessible.Slider
             Accessible.name: qsTr("Opacity")
             Accessible.onIncreaseAction: opacity.step(1)
             Accessible.onDecreaseAction: opacity.step(-1)
-
-            FocusFrame {}
         }
         Row {
             objectName: "quickButtons"

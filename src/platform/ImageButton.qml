@@ -10,6 +10,7 @@ PushButton {
     property color titleColor: "white"
     property int titleSize: 15
 
+    focusFrame: true
     opacity: enabled ? 1 : 0.6
 
     // The corners, 18 points each, keep their shape; the middle stretches.
@@ -33,5 +34,4 @@ PushButton {
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
     }
-    FocusFrame {}
 }

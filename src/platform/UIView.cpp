@@ -1,5 +1,7 @@
 #include "platform/UIView.h"
 
+#include "platform/QMLViews.h"
+
 void UIView::setFrame(const QRectF &frame)
 {
     setPosition(frame.topLeft());
@@ -13,4 +15,14 @@ void UIView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry
         layoutSubviews();
     if (newGeometry != oldGeometry)
         emit frameChanged();
+}
+
+void UIView::focusInEvent(QFocusEvent *event)
+{
+    QQuickItem::focusInEvent(event);
+    if (!_hasFocusFrame || _focusFrame)
+        return;
+    _focusFrame = QMLViews::create(*qmlEngine(this), "platform/FocusFrame.qml",
+                                   {{"parent", QVariant::fromValue<QQuickItem *>(this)}});
+    _focusFrame->setParent(this);
 }

@@ -10,6 +10,8 @@ class UIView : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QRectF frame READ frame WRITE setFrame NOTIFY frameChanged FINAL)
+    // Whether a line around the item shows that it has the keyboard.
+    Q_PROPERTY(bool focusFrame MEMBER _hasFocusFrame FINAL)
 
 public:
     explicit UIView(QQuickItem *parent = nullptr) : QQuickItem(parent) {}
@@ -25,4 +27,9 @@ signals:
 
 protected:
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void focusInEvent(QFocusEvent *event) override;
+
+private:
+    bool _hasFocusFrame = false;
+    QQuickItem *_focusFrame = nullptr; // made when the item first gets the keyboard
 };

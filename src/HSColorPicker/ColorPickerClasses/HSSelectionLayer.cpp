@@ -20,12 +20,17 @@ void HSSelectionLayer::setContentsScale(double scale)
     setNeedsDisplay();
 }
 
+void HSSelectionLayer::chooseRingColors()
+{
+    if (_outerRingColor && _innerRingColor)
+        return;
+    _outerRingColor = UIColor::colorWithWhite(1.0, 0.4);
+    _innerRingColor = UIColor::colorWithWhite(0.0, 1.0);
+}
+
 void HSSelectionLayer::drawInContext(QPainter &painter, const QRectF &bounds)
 {
-    if (!_outerRingColor || !_innerRingColor) {
-        _outerRingColor = UIColor::colorWithWhite(1.0, 0.4);
-        _innerRingColor = UIColor::colorWithWhite(0.0, 1.0);
-    }
+    chooseRingColors();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
@@ -36,14 +41,27 @@ void HSSelectionLayer::drawInContext(QPainter &painter, const QRectF &bounds)
 
 void HSSelectionLayer::updatePolish()
 {
-    const QSizeF pixels = size() * _contentsScale;
-    QImage picture(int(std::ceil(pixels.width())), int(std::ceil(pixels.height())),
-                   QImage::Format_ARGB32_Premultiplied);
-    if (!picture.isNull()) {
-        picture.fill(Qt::transparent);
-        picture.setDevicePixelRatio(_contentsScale);
-        QPainter painter(&picture);
-        drawInContext(painter, boundingRect());
+    struct Look {
+        QSizeF size;
+        double scale;
+        QColor outer, inner;
+        bool operator==(const Look &) const = default;
+    };
+    static std::optional<Look> lastLook; // the last ring drawn serves the next wheel, too
+    static QImage last;
+    chooseRingColors();
+    const Look look{size(), _contentsScale, _outerRingColor->qColor(), _innerRingColor->qColor()};
+    if (lastLook != look) {
+        lastLook = look;
+        const QSizeF pixels = size() * _contentsScale;
+        last = QImage(int(std::ceil(pixels.width())), int(std::ceil(pixels.height())),
+                      QImage::Format_ARGB32_Premultiplied);
+        last.fill(Qt::transparent);
+        if (!last.isNull()) {
+            QPainter painter(&last);
+            painter.scale(_contentsScale, _contentsScale);
+            drawInContext(painter, boundingRect());
+        }
     }
-    setContents(std::move(picture));
+    setPixels(last, _contentsScale);
 }

@@ -36,6 +36,9 @@ protected:
     void updatePolish() override;
 
 private:
+    /// Black inside white, where nobody has set others.
+    void chooseRingColors();
+
     std::optional<UIColor> _outerRingColor;
     std::optional<UIColor> _innerRingColor;
     double _contentsScale = 1.0;
