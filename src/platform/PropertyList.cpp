@@ -16,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Seconds from 1970 to 2001, where the dates of property lists begin.
-constexpr qint64 referenceDate = 978307200;
-
 struct PlistDeleter {
     void operator()(void *node) const { plist_free(node); }
 };
@@ -105,33 +102,44 @@ QByteArray xmlOf(plist_t node)
     return {xml, qsizetype(length)};
 }
 
-/// libplist makes only signed numbers, but keeps the ones above 2^63 - 1 that it has read.
-PlistOwner nodeFromWhole(const QVariant &value)
+// Through libplist's functions, whole numbers above 2^63 - 1 and negative ones look alike, and
+// dates end in 1932 and 2069. What it reads and writes as text knows no such limits.
+
+PlistOwner nodeFromXml(const QByteArray &xml)
 {
-    if (isSigned(value))
-        return PlistOwner(plist_new_uint(uint64_t(value.toLongLong()))); // keeps the bits of a sign
-    const QByteArray xml = "<integer>" + QByteArray::number(value.toULongLong()) + "</integer>";
     plist_t node = nullptr;
     plist_from_xml(xml.constData(), uint32_t(xml.size()), &node);
     return PlistOwner(node);
 }
 
-/// libplist gives the bits alone, with which a negative number looks like one above 2^63 - 1. Only
-/// what it writes tells them apart.
+/// What stands between the tags of a single value without markup.
+QByteArray textOfNode(plist_t node)
+{
+    const QByteArray xml = xmlOf(node);
+    const qsizetype end = xml.lastIndexOf("</", xml.lastIndexOf("</plist>") - 1);
+    const qsizetype start = end < 0 ? -1 : xml.lastIndexOf('>', end) + 1;
+    return end < 0 ? QByteArray() : xml.sliced(start, end - start);
+}
+
+PlistOwner nodeFromWhole(const QVariant &value)
+{
+    if (isSigned(value))
+        return PlistOwner(plist_new_uint(uint64_t(value.toLongLong()))); // keeps the bits of a sign
+    return nodeFromXml("<integer>" + QByteArray::number(value.toULongLong()) + "</integer>");
+}
+
 QVariant wholeFromNode(plist_t node)
 {
     uint64_t value = 0;
     plist_get_uint_val(node, &value);
-    if (qint64(value) >= 0 || xmlOf(node).contains("<integer>-"))
+    if (qint64(value) >= 0 || textOfNode(node).startsWith('-'))
         return qint64(value);
     return quint64(value);
 }
 
 PlistOwner nodeFromDate(const QDateTime &date)
 {
-    const qint64 seconds = date.toSecsSinceEpoch() - referenceDate;
-    constexpr qint64 limit = std::numeric_limits<int32_t>::max();
-    return PlistOwner(plist_new_date(int32_t(std::clamp(seconds, -limit, limit)), 0));
+    return nodeFromXml("<date>" + date.toUTC().toString(Qt::ISODate).toLatin1() + "</date>");
 }
 
 /// Null for a null value.
@@ -209,12 +217,13 @@ QVariantList listFromNode(plist_t array)
     }
 }
 
+/// A date of four-digit years; what else libplist takes for a date, comes as its text.
 QVariant dateFromNode(plist_t node)
 {
-    int32_t seconds = 0;
-    int32_t microseconds = 0;
-    plist_get_date_val(node, &seconds, &microseconds);
-    return QDateTime::fromSecsSinceEpoch(referenceDate + seconds, Qt::UTC);
+    const QString text = QString::fromLatin1(textOfNode(node));
+    const QDateTime date =
+        QDateTime::fromString(text.rightJustified(20, u'0'), Qt::ISODate); // years below 1000
+    return date.isValid() ? QVariant(date) : QVariant(text);
 }
 
 QVariant valueFromNode(plist_t node)
