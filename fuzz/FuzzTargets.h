@@ -20,6 +20,7 @@ void colorText(const QByteArray &bytes);
 void elementDataSource(const QByteArray &bytes);
 void hexField(const QByteArray &bytes);
 void propertyList(const QByteArray &bytes);
+void themeList(const QByteArray &bytes);
 
 /// By the name of their folder of seeds.
 const std::map<std::string, Target> &targets();

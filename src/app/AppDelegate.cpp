@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include "catalogue/MainViewController.h"
 #include "platform/NSLog.h"
 #include "platform/UINavigationController.h"
 #include "theme/WorkingCopyKeeper.h"
@@ -24,7 +25,17 @@ bool AppDelegate::didFinishLaunchingWithOptions()
         Qt::SingleShotConnection);
     _window->makeKeyAndVisible();
 
+    if (_root == Root::Catalogue) {
+        setRoot(MainViewController::init(_folders));
+        return true;
+    }
     const auto editor = CustomViewController::initFromAppDelegate(_folders);
-    _window->setRootViewController(UINavigationController::initWithRootViewController(editor));
+    setRoot(editor);
     return editor->source().status() != ElementDataSource::Status::Unusable;
+}
+
+void AppDelegate::setRoot(std::shared_ptr<UIViewController> controller)
+{
+    _window->setRootViewController(
+        UINavigationController::initWithRootViewController(std::move(controller)));
 }

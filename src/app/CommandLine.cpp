@@ -1,13 +1,15 @@
 #include "app/CommandLine.h"
 
-#include "platform/NSFileManager.h"
-
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QMap>
 #include <QRegularExpression>
 #include <QStandardPaths>
+
+#include <sys/auxv.h>
 
 using namespace Qt::StringLiterals;
 
@@ -16,13 +18,16 @@ namespace
 constexpr int usageError = 2;
 
 const QString help = uR"(Usage:
-  tintloom [options]                    open the editor window
+  tintloom [options] [--catalogue]      open the editor window, or the catalogue's
   tintloom list [options] [--json]      print every element in table order
   tintloom save [options] [--set KEY=VALUE]...
                                         apply the edits to the current choices, then
                                         save the theme
   tintloom restore [options]            bring back the choices before the last save or
                                         restore; the theme itself stays as it is
+  tintloom themes [options] [--json]    print the catalogue of ready-made themes
+  tintloom install [options] NAME       install one of them
+  tintloom edit [options] NAME          install it and make it the current choices
 
 Options:
   --package-root DIR  folder that holds themes; default /var/mobile/Library/biteThemes
@@ -34,7 +39,8 @@ Options:
   --scale N           pixels per point of the written images, 1 to 8; default 2
   --screen WxH        size of the window's content in points, 320x240 to 8192x8192;
                       default 320x568
-  --json              list: print one JSON array
+  --catalogue         open the window on the catalogue
+  --json              list, themes: print one JSON array
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
   --help              print this text
@@ -44,20 +50,13 @@ Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 69
 display for a window.
 )"_s;
 
-/// The running program's file: the kernel knows it even when it was started by a bare name.
-QString executable(const QString &programName)
+/// Relative to the program's file, so that an installation can be moved as a whole. The kernel
+/// tells which file that is, even to a program started by a bare name where no /proc is mounted.
+QString defaultResources()
 {
-    const QString known = QFileInfo(u"/proc/self/exe"_s).symLinkTarget();
-    return known.isEmpty() ? programName : known;
-}
-
-QString defaultResources(const QString &programName)
-{
-    const QDir folder = QFileInfo(executable(programName)).absoluteDir();
-    const QString installed = QDir::cleanPath(folder.filePath(u"../share/tintloom"_s));
-    if (NSFileManager::fileExistsAtPath(installed + "/initialDatasource.txt"_L1))
-        return installed;
-    return QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
+    const auto *file = reinterpret_cast<const char *>(getauxval(AT_EXECFN));
+    const QFileInfo program(QFileInfo(QFile::decodeName(file)).canonicalFilePath());
+    return QDir::cleanPath(program.absoluteDir().filePath(QStringLiteral(TINTLOOM_DATA)));
 }
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
@@ -81,23 +80,34 @@ public:
     CommandLine::Command command()
     {
         const QStringList words = _parser.positionalArguments();
-        if (words.size() > 1)
-            fail(u"unexpected argument '%1'"_s.arg(words[1]));
         if (words.isEmpty())
             return CommandLine::Command::Window;
-        if (words[0] == "list"_L1)
-            return CommandLine::Command::List;
-        if (words[0] == "restore"_L1)
-            return CommandLine::Command::Restore;
-        if (words[0] != "save"_L1)
-            fail(u"unknown command '%1'; there are 'list', 'save' and 'restore'"_s.arg(words[0]));
-        return CommandLine::Command::Save;
+        using enum CommandLine::Command;
+        static const QMap<QString, CommandLine::Command> commands{
+            {u"list"_s, List},     {u"save"_s, Save},       {u"restore"_s, Restore},
+            {u"themes"_s, Themes}, {u"install"_s, Install}, {u"edit"_s, Edit},
+        };
+        const auto command = commands.constFind(words[0]);
+        if (command == commands.cend()) {
+            fail(u"unknown command '%1'; there are %2"_s.arg(
+                words[0], QStringList(commands.keys()).join(", "_L1)));
+            return Window;
+        }
+        const qsizetype expected = *command == Install || *command == Edit ? 2 : 1;
+        if (words.size() > expected)
+            fail(u"unexpected argument '%1'"_s.arg(words[expected]));
+        else if (words.size() < expected)
+            fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
+        return *command;
     }
+
+    /// What `install` and `edit` are to work on.
+    QString theme() const { return _parser.positionalArguments().value(1); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
         if (_parser.isSet(option) && !allowed)
-            fail(u"--%1 belongs to '%2'"_s.arg(option, command));
+            fail(u"--%1 belongs to %2"_s.arg(option, command));
     }
 
     double scale(double standard)
@@ -153,7 +163,7 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s})
         parser.addOption(QCommandLineOption(name));
     for (const auto &name :
          {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s})
@@ -168,17 +178,20 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     Reader reader(parser);
     Options options;
     options.command = reader.command();
-    reader.onlyWith(options.command == Command::List, u"json"_s, u"list"_s);
-    reader.onlyWith(options.command == Command::Save, u"set"_s, u"save"_s);
+    reader.onlyWith(options.command == Command::List || options.command == Command::Themes,
+                    u"json"_s, u"'list' and 'themes'"_s);
+    reader.onlyWith(options.command == Command::Window, u"catalogue"_s, u"the window"_s);
+    reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     options.packageRoot = reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT",
                                         u"/var/mobile/Library/biteThemes"_s);
     options.documents =
         reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    options.resources =
-        reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources(arguments.value(0)));
+    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen(options.screen);
+    options.theme = reader.theme();
+    options.catalogue = parser.isSet(u"catalogue"_s);
     options.json = parser.isSet(u"json"_s);
     options.edits = parser.values(u"set"_s);
     for (const QString &edit : std::as_const(options.edits)) {

@@ -11,7 +11,7 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Save, Restore };
+enum class Command { Window, List, Save, Restore, Themes, Install, Edit };
 
 struct Options {
     Command command = Command::Window;
@@ -20,7 +20,9 @@ struct Options {
     QString resources;
     double scale = 2.0;          // pixels per point of the written images, 1 to 8
     QSizeF screen{320.0, 568.0}; // points
-    bool json = false;           // list
+    bool json = false;           // list, themes
+    bool catalogue = false;      // window
+    QString theme;               // install, edit: the name, as typed
     QStringList edits;           // save: "KEY=VALUE", as typed
 };
 

@@ -1,52 +1,18 @@
 #include "app/ElementEdits.h"
 
+#include "app/NearestNames.h"
 #include "theme/ColorText.h"
-
-#include <algorithm>
-#include <numeric>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-/// How many characters must be put in, left out or replaced to turn one text into the other
-/// (Levenshtein), row by row of the usual table.
-int editDistance(const QString &from, const QString &to)
-{
-    std::vector<int> row(size_t(to.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (qsizetype i = 0; i < from.size(); ++i) {
-        int diagonal = std::exchange(row[0], int(i) + 1);
-        for (qsizetype j = 0; j < to.size(); ++j) {
-            int &left = row[size_t(j)];
-            int &cell = row[size_t(j) + 1];
-            const int replaced = diagonal + (from[i] == to[j] ? 0 : 1);
-            diagonal = cell;
-            cell = std::min({replaced, left + 1, cell + 1});
-        }
-    }
-    return row.back();
-}
-
-/// Keys that may have been meant: those a few slips away, nearest first, at most three.
 QStringList similarKeys(const ElementDataSource &source, const QString &key)
 {
-    constexpr size_t most = 3;
-    const int slips = std::max(2, int(key.size() / 3));
-    std::set<std::pair<int, QString>> nearest;
-    for (const auto &record : source.tableSource()) {
-        if (std::abs(record->key.size() - key.size()) > slips)
-            continue;
-        if (const int distance = editDistance(key, record->key); distance <= slips)
-            nearest.emplace(distance, record->key);
-        if (nearest.size() > most)
-            nearest.erase(std::prev(nearest.end()));
-    }
     QStringList keys;
-    for (const auto &[distance, similar] : nearest)
-        keys.append(similar);
-    return keys;
+    for (const auto &record : source.tableSource())
+        keys.append(record->key);
+    return nearestNames(key, keys);
 }
 
 QString unknownKey(const ElementDataSource &source, const QString &key)

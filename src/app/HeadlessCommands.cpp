@@ -1,9 +1,10 @@
 #include "app/HeadlessCommands.h"
 
 #include "app/ElementEdits.h"
+#include "app/OpenKeeper.h"
+#include "app/StandardStreams.h"
 #include "platform/NSLog.h"
 #include "theme/ThemePackageWriter.h"
-#include "theme/WorkingCopyKeeper.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -11,31 +12,13 @@
 #include <QJsonObject>
 
 #include <cmath>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int done = 0;
 constexpr int failed = 1;
 constexpr int wrongUsage = 2;
-
-/// The exit status: a full disk behind a pipe is a failure too.
-int print(const QByteArray &text)
-{
-    const bool written =
-        std::fwrite(text.constData(), 1, size_t(text.size()), stdout) == size_t(text.size());
-    if (written && std::fflush(stdout) == 0)
-        return done;
-    std::perror("tintloom: cannot write to standard output");
-    return failed;
-}
-
-void complain(const QString &problem)
-{
-    std::fputs(u"tintloom: %1\n"_s.arg(problem).toUtf8().constData(), stderr);
-}
 
 QJsonValue jsonFromMap(const QVariantMap &map);
 
@@ -128,21 +111,6 @@ QByteArray readableList(const ElementDataSource &source)
     }
     return text.toUtf8();
 }
-
-ThemeLocations locations(const CommandLine::Options &options)
-{
-    return {options.packageRoot, options.documents};
-}
-
-/// Null when it refuses, which standard error then says.
-std::shared_ptr<WorkingCopyKeeper> openKeeper(const CommandLine::Options &options)
-{
-    auto keeper = WorkingCopyKeeper::open(locations(options));
-    if (keeper->refusal().isEmpty())
-        return keeper;
-    complain(keeper->refusal());
-    return nullptr;
-}
 } // namespace
 
 int runList(const CommandLine::Options &options)
@@ -179,7 +147,7 @@ int runSave(const CommandLine::Options &options)
     }
     NSLog(u"SAVING THEME..."_s);
     const SaveReport report =
-        writeTheme(buildTheme(source, locations(options), options.scale, std::move(keeper)));
+        writeTheme(buildTheme(source, locationsOf(options), options.scale, std::move(keeper)));
     if (!report.refusal.isEmpty()) {
         complain(report.refusal + "; nothing saved"_L1);
         return failed;
@@ -205,6 +173,6 @@ int runRestore(const CommandLine::Options &options)
     }
     return print(u"The earlier choices are back in %1\n"
                  "\"tintloom save\" puts them into the theme; a second \"tintloom restore\" undoes "
-                 "this.\n"_s.arg(locations(options).workingCopy())
+                 "this.\n"_s.arg(locationsOf(options).workingCopy())
                      .toUtf8());
 }

@@ -1,10 +1,12 @@
 #include "app/AppDelegate.h"
+#include "app/CatalogueCommands.h"
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
 #include "platform/UIApplication.h"
 #include "platform/UIScreen.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <clocale>
 #include <cstdio>
@@ -13,10 +15,14 @@ namespace
 {
 int runWindow(const CommandLine::Options &options, int &argc, char **argv)
 {
+    // By this a desktop finds the icon that belongs to the window.
+    QGuiApplication::setDesktopFileName(QStringLiteral(TINTLOOM_ID));
     UIScreen::mainScreen().setSize(options.screen);
     UIScreen::mainScreen().setScale(options.scale);
     const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};
-    return UIApplicationMain(argc, argv, [&] { return std::make_unique<AppDelegate>(folders); });
+    const auto root = options.catalogue ? AppDelegate::Root::Catalogue : AppDelegate::Root::Editor;
+    return UIApplicationMain(argc, argv,
+                             [&] { return std::make_unique<AppDelegate>(folders, root); });
 }
 } // namespace
 
@@ -40,6 +46,12 @@ int main(int argc, char **argv)
         return runSave(*outcome.options);
     case CommandLine::Command::Restore:
         return runRestore(*outcome.options);
+    case CommandLine::Command::Themes:
+        return runThemes(*outcome.options);
+    case CommandLine::Command::Install:
+        return runInstall(*outcome.options);
+    case CommandLine::Command::Edit:
+        return runEdit(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }

@@ -64,6 +64,7 @@ void CustomViewController::setDelegate(std::shared_ptr<CustomViewDelegate> deleg
 
 void CustomViewController::viewDidLoad()
 {
+    _overlays->setView(view(), engine());
     _tableView = view()->property("table").value<UITableView *>();
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
@@ -90,6 +91,7 @@ void CustomViewController::viewDidLayoutSubviews()
     if (layout == _layout)
         return;
     _layout = layout;
+    _overlays->setFrames(layout.loadingView, layout.bottomView.y());
     emit layoutChanged();
 }
 
@@ -167,11 +169,11 @@ void CustomViewController::save()
     if (isLoading())
         return;
     if (_source.status() != ElementDataSource::Status::Loaded) {
-        setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
+        _overlays->setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
         return;
     }
     NSLog("SAVING THEME...");
-    setNotice({});
+    _overlays->setNotice({});
     showLoaderWithLabel(tr("Saving theme..."));
     const auto self = std::static_pointer_cast<CustomViewController>(shared_from_this());
     _saveFileQueue->async([self, delegate = _delegate, scale = UIScreen::mainScreen().scale()] {
@@ -186,17 +188,10 @@ void CustomViewController::save()
 
 void CustomViewController::finishSave(const SaveReport &report)
 {
-    if (!report.refusal.isEmpty()) {
-        setNotice(tr("Nothing was saved.") + '\n' + report.refusal);
-        return removeLoader();
-    }
-    QStringList lines;
-    for (const SaveReport::Failure &failure : report.failures)
-        lines += tr("%1: %2").arg(failure.path, failure.reason);
-    if (!lines.isEmpty())
-        lines.prepend(tr("Not everything could be written."));
-    setNotice(lines.join('\n'));
+    _overlays->setNotice(report.notice());
     removeLoader();
+    if (!report.refusal.isEmpty())
+        return;
     UIAlertView::show(std::make_unique<UIAlertView>(
         "Saved",
         "Your theme has been saved. Check biteSMS for \"Tintloom\" under themes then select "
@@ -208,43 +203,14 @@ void CustomViewController::showLoaderWithLabel(const QString &label)
 {
     _tableView->setScrollEnabled(false);
     _tableView->setAllowsSelection(false);
-    _loadingText = label;
-    _loadingView = overlay("editor/LoaderBox.qml");
-    emit loadingChanged();
+    _overlays->showLoaderWithLabel(label);
 }
 
 void CustomViewController::removeLoader()
 {
     _tableView->setScrollEnabled(true);
     _tableView->setAllowsSelection(true);
-    _loadingView.reset();
-    emit loadingChanged();
-}
-
-void CustomViewController::setNotice(const QString &notice)
-{
-    if (_notice == notice)
-        return;
-    _notice = notice;
-    emit noticeChanged();
-    if (_notice.isEmpty())
-        _noticeStrip.reset();
-    else if (!_noticeStrip)
-        _noticeStrip = overlay("editor/NoticeStrip.qml");
-}
-
-void CustomViewController::TakeAway::operator()(QQuickItem *item) const
-{
-    item->setVisible(false);
-    item->deleteLater();
-}
-
-CustomViewController::Overlay CustomViewController::overlay(const char *file)
-{
-    Overlay item(QMLViews::create(*engine(), file, {{"controller", QVariant::fromValue(this)}}));
-    item->setParent(view());
-    item->setParentItem(view());
-    return item;
+    _overlays->removeLoader();
 }
 
 void CustomViewController::applicationShouldBecomeActive()

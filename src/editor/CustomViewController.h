@@ -21,6 +21,7 @@
 #include "platform/UIViewController.h"
 #include "theme/ElementDataSource.h"
 #include "theme/ThemePackageWriter.h"
+#include "views/ScreenOverlays.h"
 
 #include <QVariantAnimation>
 
@@ -54,10 +55,8 @@ class CustomViewController final : public UIViewController,
     QML_UNCREATABLE("Made by the program's start or by the catalogue")
     Q_PROPERTY(EditorLayout layout READ layout NOTIFY layoutChanged FINAL)
     Q_PROPERTY(bool fromMainView READ fromMainView CONSTANT FINAL)
-    Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
-    Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
     Q_PROPERTY(bool chooserOpen READ isChooserOpen NOTIFY chooserOpenChanged FINAL)
-    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(ScreenOverlays *overlays READ overlays CONSTANT FINAL)
 
 public:
     /// Both load the elements at once. Ask `source().status()` whether that went well.
@@ -77,6 +76,9 @@ public:
     void viewWillDisappear(bool animated) override;
     void viewDidLayoutSubviews() override;
     void prepareForTermination() override;
+    /// Not during a save, since below another one could begin on the same folders, nor under the
+    /// chooser.
+    bool allowsBack() const override { return !isLoading() && !isChooserOpen(); }
 
     int numberOfSectionsInTableView() const override;
     QString titleForHeaderInSection(int section) const override;
@@ -118,13 +120,12 @@ public:
     /// The box that keeps the screen still while something is going on.
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
-    bool isLoading() const { return _loadingView != nullptr; }
-    QString loadingText() const { return _loadingText; }
+    bool isLoading() const { return _overlays->isLoading(); }
 
     /// What could not be written at the last save, a path a line; empty when there is nothing to
     /// say.
-    QString notice() const { return _notice; }
-    Q_INVOKABLE void dismissNotice() { setNotice({}); }
+    QString notice() const { return _overlays->notice(); }
+    ScreenOverlays *overlays() const { return _overlays; }
 
     /// A hook for the program's return to the foreground; only logs.
     void applicationShouldBecomeActive();
@@ -134,24 +135,15 @@ public:
 
 signals:
     void layoutChanged();
-    void loadingChanged();
-    void noticeChanged();
     void chooserOpenChanged();
 
 protected:
     const char *viewFile() const override { return "editor/EditorView.qml"; }
 
 private:
-    // An overlay may be taken away by a tap on itself, so its item outlives the tap.
-    struct TakeAway {
-        void operator()(QQuickItem *item) const;
-    };
-    using Overlay = std::unique_ptr<QQuickItem, TakeAway>;
-
     CustomViewController(const EditorFolders &folders, bool fromMainView);
     void install();
     void finishSave(const SaveReport &report);
-    void setNotice(const QString &notice);
     void showChooser(const ElementRecord &record, NSIndexPath indexPath);
     void setChooserAlpha(double alpha);
     void fadeChooser();
@@ -162,8 +154,6 @@ private:
     /// Null for a row that does not exist; likewise in document order.
     ElementRecord *recordAt(NSIndexPath indexPath) const;
     ElementRecord *recordAt(std::int32_t row) const;
-    /// An item above everything in the view, drawn by a QML file that takes the controller.
-    Overlay overlay(const char *file);
 
     const EditorFolders _folders;
     const bool _fromMainView;
@@ -176,8 +166,5 @@ private:
     std::shared_ptr<UINavigationController> _colorPickerNavController;
     QVariantAnimation _fade{this}; // of the chooser's alpha
     NSIndexPath _savedIndexPath;   // the row whose option sheet is open
-    QString _loadingText;
-    Overlay _loadingView; // while the loader is up
-    QString _notice;
-    Overlay _noticeStrip; // while there is a notice
+    ScreenOverlays *const _overlays = new ScreenOverlays(this);
 };

@@ -14,7 +14,7 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
-        enabled: !root.controller.loading && !root.controller.chooserOpen
+        enabled: !root.controller.overlays.loading && !root.controller.chooserOpen
 
         UIView {
             objectName: "_bgView"

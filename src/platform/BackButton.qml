@@ -13,7 +13,7 @@ PushButton {
 
         anchors.centerIn: parent
         text: "\u2039 " + button.title
-        color: "#0A60FF"
+        color: "#003CA8" // legible on the grey bar and on the green one
         opacity: button.pressed ? 0.4 : 1
         font.pixelSize: 17
         font.underline: button.activeFocus

@@ -8,9 +8,17 @@ CALayer::CALayer(QQuickItem *parent) : QQuickItem(parent)
     setFlag(ItemHasContents);
 }
 
-void CALayer::setContents(const QImage &contents)
+void CALayer::setContents(QImage contents)
 {
-    _contents = contents;
+    const double scale = contents.devicePixelRatio();
+    contents.setDevicePixelRatio(1.0);
+    setPixels(contents, scale);
+}
+
+void CALayer::setPixels(const QImage &pixels, double scale)
+{
+    _pixels = pixels;
+    _scale = scale;
     _uploaded = false;
     update();
 }
@@ -18,7 +26,7 @@ void CALayer::setContents(const QImage &contents)
 QSGNode *CALayer::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
     auto *node = static_cast<QSGImageNode *>(oldNode);
-    if (_contents.isNull()) {
+    if (_pixels.isNull()) {
         delete node;
         return nullptr;
     }
@@ -29,11 +37,9 @@ QSGNode *CALayer::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
         _uploaded = false;
     }
     if (!_uploaded) {
-        QImage pixels = _contents;
-        pixels.setDevicePixelRatio(1.0); // or the software renderer would divide by it once more
-        node->setTexture(window()->createTextureFromImage(pixels));
-        node->setSourceRect(QRectF(pixels.rect()));
-        node->setRect({QPointF(), _contents.deviceIndependentSize()});
+        node->setTexture(window()->createTextureFromImage(_pixels));
+        node->setSourceRect(QRectF(_pixels.rect()));
+        node->setRect({QPointF(), QSizeF(_pixels.size()) / _scale});
         _uploaded = true;
     }
     return node;

@@ -16,13 +16,18 @@ public:
 
     /// Lies at the item's top left, at its own scale (the image's device pixel ratio), whatever the
     /// item's size. A null image shows nothing.
-    void setContents(const QImage &contents);
-    const QImage &contents() const { return _contents; }
+    void setContents(QImage contents);
+    /// The same for pixels that others hold too, whose scale cannot be taken off without a copy: an
+    /// image of device pixel ratio 1, and its pixels per point.
+    void setPixels(const QImage &pixels, double scale);
+    /// Pixels only: the device pixel ratio is 1.
+    const QImage &pixels() const { return _pixels; }
 
 protected:
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *) override;
 
 private:
-    QImage _contents;
+    QImage _pixels; // without a scale, by which the software renderer would divide once more
+    double _scale = 1.0;
     bool _uploaded = false;
 };

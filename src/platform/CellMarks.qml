@@ -12,7 +12,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         color: "#33000000"
-        opacity: marks.cell.selected ? 1 : 0
+        opacity: marks.cell.marked ? 1 : 0
 
         Behavior on opacity {
             NumberAnimation {

@@ -4,12 +4,14 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace fs = std::filesystem;
 using namespace Qt::StringLiterals;
@@ -140,6 +142,38 @@ NSFileManager::Names NSFileManager::contentsOfDirectoryAtPath(const QString &pat
         names.append(QFile::decodeName(item->path().filename().c_str()));
     names.sort();
     return {names, error};
+}
+
+NSFileManager::Enumeration NSFileManager::enumeratorAtPath(const QString &path)
+{
+    if (const auto fault = begin(Operation::Enumerate, path))
+        return {{}, fault};
+    Enumeration result;
+    std::vector<fs::path> found;
+    const fs::path root = native(path);
+    fs::recursive_directory_iterator entry(root, result.error);
+    while (!result.error && entry != fs::recursive_directory_iterator()) {
+        found.push_back(entry->path().lexically_relative(root));
+        entry.increment(result.error);
+    }
+    std::ranges::sort(found); // component by component: what is in a folder follows it
+    for (const fs::path &relative : found)
+        result.paths.append(QFile::decodeName(relative.c_str()));
+    return result;
+}
+
+std::error_code NSFileManager::copyItemAtPath(const QString &path, const QString &target)
+{
+    if (const auto fault = begin(Operation::Copy, target))
+        return fault;
+    const fs::path to = native(target);
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(to, error)))
+        return std::make_error_code(std::errc::file_exists);
+    // Where the folder above is missing, the copy says so itself.
+    fs::copy(native(path), to, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
+             error);
+    return error;
 }
 
 std::error_code NSFileManager::removeItemAtPath(const QString &path)

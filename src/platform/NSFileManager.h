@@ -53,6 +53,20 @@ public:
     /// The names of what is in a folder, not of what is below. An enumeration.
     static Names contentsOfDirectoryAtPath(const QString &path);
 
+    struct Enumeration {
+        QStringList paths;
+        std::error_code error;
+    };
+    /// Every file, folder and link below a folder at every depth, as paths relative to it: a folder
+    /// before what is in it, neighbours by code units. Links are not followed. After an error, what
+    /// had been found until then.
+    static Enumeration enumeratorAtPath(const QString &path);
+
+    /// Copies a file, or a folder with everything in it; links are copied as links. Refuses a
+    /// target that exists already. A folder's copy ends at the first failure and leaves what it has
+    /// copied.
+    static std::error_code copyItemAtPath(const QString &path, const QString &target);
+
     /// Removes a file, or a folder with everything in it. A symbolic link is removed itself; what
     /// it points to is never touched. Removing what is not there is an error (no such file or
     /// directory).

@@ -1,7 +1,7 @@
 import QtQuick
 import Tintloom
 
-// The bar over a stack of pages: a status strip, and a way back.
+// The bar over a stack of pages: a status strip, the page's title, and a way back.
 Rectangle {
     id: bar
 
@@ -11,7 +11,7 @@ Rectangle {
     anchors.right: parent?.right
     height: 20 + bar.controller.barHeight
     visible: !bar.controller.barHidden
-    color: "#F2F8F8F8"
+    color: bar.controller.barColor
 
     Rectangle {
         anchors.bottom: parent.bottom
@@ -19,11 +19,31 @@ Rectangle {
         height: 1
         color: "#B2B2B2"
     }
+    Text {
+        objectName: "title"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 20
+        width: parent.width - 160
+        height: bar.controller.barHeight
+        text: bar.controller.topTitle
+        textFormat: Text.PlainText
+        font.pixelSize: 17
+        font.bold: true
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 12
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
     BackButton {
+        objectName: "back"
         x: 8
         y: 20
         height: bar.controller.barHeight
         visible: bar.controller.canGoBack
-        onTouchUpInside: bar.controller.popViewController()
+        onTouchUpInside: bar.controller.goBack()
     }
 }

@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <plist/plist.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -273,7 +274,7 @@ QVariant valueFromNode(plist_t node)
 PlistOwner parse(QByteArrayView bytes)
 {
     constexpr auto byteOrderMark = "\xEF\xBB\xBF"_L1;
-    if (bytes.size() > std::numeric_limits<uint32_t>::max())
+    if (std::cmp_greater(bytes.size(), std::numeric_limits<uint32_t>::max()))
         return {};
     const PlainNumbers plainNumbers;
     plist_t node = nullptr;
@@ -369,6 +370,14 @@ std::optional<PropertyDictionary> PropertyList::readDictionary(const QByteArray 
         dictionary.setValue(key, value);
     });
     return dictionary;
+}
+
+std::optional<QVariantList> PropertyList::readArray(const QByteArray &bytes)
+{
+    const PlistOwner root = parse(bytes);
+    if (!root || plist_get_node_type(root.get()) != PLIST_ARRAY)
+        return std::nullopt;
+    return listFromNode(root.get());
 }
 
 QByteArray PropertyList::writeDictionary(const PropertyDictionary &dictionary)

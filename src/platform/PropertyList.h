@@ -54,6 +54,10 @@ QString textOf(const QVariant &value);
 /// lists that expand beyond reason are refused before libplist sees them.
 std::optional<PropertyDictionary> readDictionary(const QByteArray &bytes);
 
+/// The array in the bytes, or nothing when they are not a property list with an array on top.
+/// Guarded like the above.
+std::optional<QVariantList> readArray(const QByteArray &bytes);
+
 /// XML. Strings are written as xmlText leaves them; null values are skipped.
 QByteArray writeDictionary(const PropertyDictionary &dictionary);
 } // namespace PropertyList

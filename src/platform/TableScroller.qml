@@ -6,6 +6,7 @@ Flickable {
     id: scroller
 
     property alias table: content
+    property string title: qsTr("Theme elements")
 
     contentWidth: width
     contentHeight: content.contentHeight
@@ -29,7 +30,7 @@ Flickable {
         onScrollRequested: offset => scroller.contentY = offset
 
         Accessible.role: Accessible.List
-        Accessible.name: qsTr("Theme elements")
+        Accessible.name: scroller.title
 
         TapHandler {
             id: finger

@@ -31,6 +31,14 @@ void UINavigationController::setNavigationBarHidden(bool hidden)
     showBarIfNeeded();
 }
 
+void UINavigationController::setNavigationBarColor(const QColor &color)
+{
+    if (_barColor == color)
+        return;
+    _barColor = color;
+    emit barColorChanged();
+}
+
 void UINavigationController::showBarIfNeeded()
 {
     if (_barHidden || _bar || !view())
@@ -87,6 +95,12 @@ void UINavigationController::popViewController(bool animated)
     topViewController()->view()->setEnabled(true);
     leaving->view()->setEnabled(false);
     slide(0.0, animated ? view()->width() : 0.0, leaving);
+}
+
+void UINavigationController::goBack()
+{
+    if (topViewController()->allowsBack())
+        popViewController();
 }
 
 void UINavigationController::slide(double from, double to, std::shared_ptr<UIViewController> moving)

@@ -7,6 +7,7 @@
 
 #include "platform/UIViewController.h"
 
+#include <QColor>
 #include <QPropertyAnimation>
 
 #include <vector>
@@ -18,6 +19,8 @@ class UINavigationController : public UIViewController
     QML_UNCREATABLE("Made by the program's start")
     Q_PROPERTY(double barHeight READ navigationBarHeight CONSTANT FINAL)
     Q_PROPERTY(bool barHidden READ isNavigationBarHidden NOTIFY barHiddenChanged FINAL)
+    Q_PROPERTY(QColor barColor READ navigationBarColor NOTIFY barColorChanged FINAL)
+    Q_PROPERTY(QString topTitle READ topTitle NOTIFY stackChanged FINAL)
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stackChanged FINAL)
 
 public:
@@ -30,6 +33,11 @@ public:
     bool isNavigationBarHidden() const { return _barHidden; }
     void setNavigationBarHidden(bool hidden);
 
+    /// The bar's background; a light grey until set.
+    QColor navigationBarColor() const { return _barColor; }
+    void setNavigationBarColor(const QColor &color);
+    QString topTitle() const { return topViewController()->title(); }
+
     const std::vector<std::shared_ptr<UIViewController>> &viewControllers() const
     {
         return _viewControllers;
@@ -39,7 +47,9 @@ public:
 
     void pushViewController(const std::shared_ptr<UIViewController> &controller, bool animated);
     /// Takes the top screen off; the root stays. Its view lives until it has slid out.
-    Q_INVOKABLE void popViewController(bool animated = true);
+    void popViewController(bool animated = true);
+    /// What the bar's button does: a pop, if the top screen allows it now.
+    Q_INVOKABLE void goBack();
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
@@ -50,6 +60,7 @@ public:
 
 signals:
     void barHiddenChanged();
+    void barColorChanged();
     void stackChanged();
 
 protected:
@@ -65,6 +76,7 @@ private:
 
     std::vector<std::shared_ptr<UIViewController>> _viewControllers;
     bool _barHidden = false;
+    QColor _barColor{248, 248, 248, 242};
     QQuickItem *_bar = nullptr;      // made when it is first shown, which may be never
     QPropertyAnimation _slide{this}; // of the x of the page that comes or goes
     std::shared_ptr<UIViewController> _sliding;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace
 {
@@ -21,6 +22,33 @@ constexpr int mouse = -1;
 // The platform's own blue and grey.
 const QColor minimumTrackColor(0, 122, 255);
 const QColor maximumTrackColor(183, 183, 183);
+
+QImage picture(QSizeF size, double scale, const std::function<void(QPainter &)> &draw)
+{
+    QImage picture((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    if (picture.isNull())
+        return picture;
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    draw(painter);
+    return picture;
+}
+
+/// One knob for all sliders, drawn anew when the scale is another.
+const QImage &knobPixels(double scale)
+{
+    static QImage pixels;
+    static double drawnFor = 0.0;
+    if (drawnFor != scale) {
+        drawnFor = scale;
+        const QRectF knob(knobShadow, knobShadow, knobDiameter, knobDiameter);
+        pixels = picture(knob.size() + 2.0 * QSizeF(knobShadow, knobShadow), scale,
+                         [&](QPainter &painter) { UISlider::drawKnob(painter, knob); });
+        pixels.setDevicePixelRatio(1.0);
+    }
+    return pixels;
+}
 } // namespace
 
 UISlider::UISlider(QQuickItem *parent) : UIView(parent), _backing(this), _knob(this)
@@ -219,7 +247,7 @@ double UISlider::contentScale() const
 void UISlider::itemChange(ItemChange change, const ItemChangeData &data)
 {
     if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged) {
-        _knob.setContents({});
+        _knob.setPixels({}, 1.0);
         placeKnob();
         polish();
     }
@@ -229,27 +257,14 @@ void UISlider::itemChange(ItemChange change, const ItemChangeData &data)
 void UISlider::updatePolish()
 {
     const double scale = contentScale();
-    const auto draw = [scale](CALayer &layer, QSizeF size, const auto &drawing) {
-        QImage contents((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-        if (!contents.isNull()) {
-            contents.setDevicePixelRatio(scale);
-            contents.fill(Qt::transparent);
-            QPainter painter(&contents);
-            drawing(painter);
-        }
-        layer.setContents(contents);
-    };
-    draw(_backing, size(), [this](QPainter &painter) {
+    _backing.setContents(picture(size(), scale, [this](QPainter &painter) {
         const QImage &pattern = _backgroundColor.patternImage();
         painter.fillRect(boundingRect(), _backgroundColor.qColor());
         painter.drawTiledPixmap(boundingRect(), QPixmap::fromImage(pattern));
         drawRect(painter, boundingRect());
-    });
-    if (_knob.contents().isNull()) {
-        const QRectF knob(knobShadow, knobShadow, knobDiameter, knobDiameter);
-        draw(_knob, knob.size() + 2.0 * QSizeF(knobShadow, knobShadow),
-             [&knob](QPainter &painter) { drawKnob(painter, knob); });
-    }
+    }));
+    if (_knob.pixels().isNull())
+        _knob.setPixels(knobPixels(scale), scale);
 }
 
 void UISlider::drawRect(QPainter &, const QRectF &)

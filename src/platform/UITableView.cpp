@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 UITableView::UITableView(QQuickItem *parent) : UIView(parent)
 {
@@ -38,6 +39,7 @@ void UITableView::setContentOffset(double offset)
     if (_contentOffset == offset)
         return;
     _contentOffset = offset;
+    cancelTouches();
     emit contentOffsetChanged();
     polish();
 }
@@ -58,6 +60,7 @@ double UITableView::contentHeight() const
 
 void UITableView::reloadData()
 {
+    cancelTouches();
     for (const auto &[indexPath, cell] : _visibleCells)
         _pool[cell->reuseIdentifier()].enqueue(cell);
     _visibleCells.clear();
@@ -79,6 +82,13 @@ UITableViewCell *UITableView::cellForRowAtIndexPath(NSIndexPath indexPath) const
 {
     const auto found = _visibleCells.find(indexPath);
     return found == _visibleCells.end() ? nullptr : found->second;
+}
+
+NSIndexPath UITableView::indexPathForCell(const UITableViewCell *cell) const
+{
+    const auto found =
+        std::ranges::find(_visibleCells, cell, [](const auto &entry) { return entry.second; });
+    return found == _visibleCells.end() ? NSIndexPath{} : found->first;
 }
 
 UITableViewCell *UITableView::dequeueReusableCellWithIdentifier(const QString &identifier)
@@ -244,20 +254,39 @@ void UITableView::deselectRow(NSIndexPath indexPath, bool animated)
         cell->setSelected(false, animated);
 }
 
+NSIndexPath UITableView::touchable(NSIndexPath indexPath) const
+{
+    const UITableViewCell *cell = cellForRowAtIndexPath(indexPath);
+    return cell && !cell->isUserInteractionEnabled() ? NSIndexPath{} : indexPath;
+}
+
 void UITableView::setPressed(bool pressed, QPointF point)
 {
-    const NSIndexPath row = pressed && _allowsSelection ? rowAt(point.y()) : NSIndexPath{};
+    const NSIndexPath row =
+        pressed && _allowsSelection ? touchable(rowAt(point.y())) : NSIndexPath{};
+    if (UITableViewCell *cell = std::exchange(_touchedCell, nullptr))
+        cell->touchesEnded();
     if (row == _pressedRow)
         return;
     if (UITableViewCell *cell = cellForRowAtIndexPath(_pressedRow))
         cell->setSelected(_pressedRow == _selectedRow, true);
     _pressedRow = row;
-    if (UITableViewCell *cell = cellForRowAtIndexPath(row))
+    if (UITableViewCell *cell = cellForRowAtIndexPath(row)) {
         cell->setSelected(true, false);
+        _touchedCell = cell;
+        cell->touchesBegan();
+    }
+}
+
+void UITableView::cancelTouches()
+{
+    if (UITableViewCell *cell = std::exchange(_touchedCell, nullptr))
+        cell->touchesCancelled();
 }
 
 void UITableView::tap(QPointF point)
 {
     setCurrentRow({});
-    selectRow(rowAt(point.y()));
+    if (!_touchedCell || !_touchedCell->isLongPressed())
+        selectRow(touchable(rowAt(point.y())));
 }

@@ -78,6 +78,8 @@ public:
     void reloadData();
     /// The cell that shows a row, or null when the row is out of sight.
     UITableViewCell *cellForRowAtIndexPath(NSIndexPath indexPath) const;
+    /// The row that a cell shows now; invalid when it shows none.
+    NSIndexPath indexPathForCell(const UITableViewCell *cell) const;
     /// A cell that has left the screen, oldest first, as it was; null when there is none.
     UITableViewCell *dequeueReusableCellWithIdentifier(const QString &identifier);
     /// Header of a section in sight, or null.
@@ -96,8 +98,9 @@ public:
     void selectRow(NSIndexPath indexPath);
     void deselectRow(NSIndexPath indexPath, bool animated);
 
-    /// Follow a finger or the mouse: pressed rows are highlighted, a tapped row is selected. Points
-    /// are in content coordinates; places without a row are ignored.
+    /// Follow a finger or the mouse: pressed rows are highlighted and may be long-pressed, a tapped
+    /// row is selected unless a long press has begun. Points are in content coordinates; places
+    /// without a row are ignored, and rows whose cells take no interaction.
     Q_INVOKABLE void setPressed(bool pressed, QPointF point);
     Q_INVOKABLE void tap(QPointF point);
 
@@ -133,6 +136,10 @@ private:
     int numberOfSections() const { return int(_sectionTops.size()) - 1; }
     int numberOfRows(int section) const;
     NSIndexPath rowAt(double y) const;
+    /// The row itself, or none when its cell takes no interaction.
+    NSIndexPath touchable(NSIndexPath indexPath) const;
+    void cancelTouches();
+    void pressCurrentRow(bool longPress);
     int sectionAt(double y) const;
     /// Rows of a section that touch the stretch from top to bottom: first, and one past the last.
     std::pair<int, int> rowsBetween(int section, double top, double bottom) const;
@@ -161,5 +168,6 @@ private:
     QQueue<UITableViewHeader *> _headerPool;
     NSIndexPath _selectedRow;
     NSIndexPath _pressedRow;
-    NSIndexPath _currentRow; // the keyboard's; none until a key has been used
+    UITableViewCell *_touchedCell = nullptr; // while a finger rests on it
+    NSIndexPath _currentRow;                 // the keyboard's; none until a key has been used
 };

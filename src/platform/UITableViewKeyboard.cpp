@@ -1,5 +1,5 @@
 // The table under the keyboard: arrows, Page, Home and End move a current row, which Enter and
-// Space select.
+// Space select. Shift+Enter and the Menu key press the row long.
 #include "platform/UITableView.h"
 
 #include <QKeyEvent>
@@ -34,8 +34,10 @@ void UITableView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
+    case Qt::Key_Menu:
         if (!event->isAutoRepeat())
-            selectRow(_currentRow);
+            pressCurrentRow(event->key() == Qt::Key_Menu ||
+                            event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     default:
         event->ignore();
@@ -46,6 +48,18 @@ void UITableView::keyPressEvent(QKeyEvent *event)
     const NSIndexPath from = _currentRow.isValid() ? _currentRow : rowMovedBy({}, 0);
     setCurrentRow(_currentRow.isValid() || std::abs(rows) > 1 ? rowMovedBy(from, rows) : from);
     scrollToRow(_currentRow);
+}
+
+void UITableView::pressCurrentRow(bool longPress)
+{
+    scrollToRow(_currentRow); // the wheel may have moved it out of sight, where rows have no cells
+    layoutIfNeeded();
+    const NSIndexPath row = touchable(_currentRow);
+    UITableViewCell *cell = cellForRowAtIndexPath(row);
+    if (!longPress)
+        selectRow(row);
+    else if (cell && _allowsSelection)
+        cell->longPress();
 }
 
 void UITableView::focusInEvent(QFocusEvent *event)

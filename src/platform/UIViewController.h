@@ -33,6 +33,13 @@ public:
         _navigationController = controller;
     }
 
+    /// What the navigation bar says over this screen. Set it before the screen is pushed.
+    QString title() const { return _title; }
+    void setTitle(const QString &title) { _title = title; }
+
+    /// False while leaving the screen by the bar's way back would do harm.
+    virtual bool allowsBack() const { return true; }
+
     virtual void viewDidLoad() {}
     virtual void viewWillAppear(bool animated) { Q_UNUSED(animated) }
     virtual void viewDidAppear(bool animated) { Q_UNUSED(animated) }
@@ -63,4 +70,5 @@ private:
     std::unique_ptr<QQuickItem> _view;
     QQmlEngine *_engine = nullptr;
     UINavigationController *_navigationController = nullptr;
+    QString _title;
 };

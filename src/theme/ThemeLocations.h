@@ -6,6 +6,7 @@
 //   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
 //   <documents>/Tintloom/Info.saving.plist                  the old one, only during a save
 //   <documents>/Tintloom/Info.previous.plist                the one before, for "restore"
+//   <documents>/Preferences.plist                           which theme is installed
 #pragma once
 
 #include <QString>
@@ -26,6 +27,7 @@ struct ThemeLocations {
         return indicatorFolder() + QLatin1String("/UnreadIndicator@2x.png");
     }
     QString workingCopyFolder() const { return documents + QLatin1String("/Tintloom"); }
+    QString preferences() const { return documents + QLatin1String("/Preferences.plist"); }
     QString workingCopy() const { return workingCopyFolder() + QLatin1String("/Info.plist"); }
     QString workingCopyAside() const
     {

@@ -151,6 +151,16 @@ void SaveReport::addFailure(const QString &path, const std::error_code &error)
         failures.push_back({path, QString::fromStdString(error.message())});
 }
 
+QString SaveReport::notice() const
+{
+    if (!refusal.isEmpty())
+        return u"Nothing was saved.\n"_s + refusal;
+    QString text;
+    for (const Failure &failure : failures)
+        text += u"\n%1: %2"_s.arg(failure.path, failure.reason);
+    return text.isEmpty() ? text : u"Not everything could be written."_s + text;
+}
+
 PropertyDictionary themeDictionary(const ElementDataSource &source)
 {
     PropertyDictionary dictionary = source.predefinedDict();

@@ -29,6 +29,9 @@ struct SaveReport {
     std::vector<Failure> failures;
     QString refusal; // why nothing was touched, for people; else empty
 
+    /// What a person should know, a line each: why nothing was touched, or what could not be
+    /// written. Empty when all went well.
+    QString notice() const;
     /// Ignored when the path already has a reason, or when the error is none.
     void addFailure(const QString &path, const std::error_code &error);
 };

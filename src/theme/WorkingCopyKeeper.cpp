@@ -58,6 +58,7 @@ std::shared_ptr<WorkingCopyKeeper> WorkingCopyKeeper::open(const ThemeLocations 
     keeper->lock(locations.documents);
     if (!keeper->_refusal.isEmpty())
         return keeper;
+    removeTemporaryFiles(locations.documents);
     if (isRealFolder(locations.packageFolder())) {
         removeTemporaryFiles(locations.packageFolder());
         if (isRealFolder(locations.indicatorFolder()))
@@ -137,7 +138,7 @@ void WorkingCopyKeeper::refuseStrangeFolders()
         _refusal = u"%1 lies in the theme's own folder, which every save empties"_s.arg(folder);
 }
 
-bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
+bool WorkingCopyKeeper::claim()
 {
     if (!_refusal.isEmpty())
         return false;
@@ -148,7 +149,12 @@ bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
     lock(_locations.documents);
     if (_refusal.isEmpty())
         refuseStrangeFolders();
-    if (!_refusal.isEmpty())
+    return _refusal.isEmpty();
+}
+
+bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
+{
+    if (!claim())
         return false;
     if (willReplace)
         willReplace();

@@ -50,10 +50,13 @@ public:
     /// Why neither package nor working copy may be touched, for people; else empty.
     const QString &refusal() const { return _refusal; }
 
-    /// Begins a replacement: locks the folders for it, making them first, calls `willReplace`, and
-    /// moves the old working copy aside. Call it before anything is removed. False with a refusal()
-    /// when nothing may be touched. When the old one cannot be kept, it stays where it is, and
-    /// write() and copy() fail for that reason.
+    /// Locks the folders to change the package, making them first. False with a refusal() when
+    /// nothing may be touched.
+    bool claim();
+    /// Begins a replacement: claims the folders, calls `willReplace`, and moves the old working
+    /// copy aside. Call it before anything is removed. False with a refusal() when nothing may be
+    /// touched. When the old one cannot be kept, it stays where it is, and write() and copy() fail
+    /// for that reason.
     bool begin(const std::function<void()> &willReplace = {});
     /// Writes the new working copy, or copies a file; atomically.
     std::error_code write(const QByteArray &bytes);

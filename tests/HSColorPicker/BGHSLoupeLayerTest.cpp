@@ -156,11 +156,11 @@ TEST_F(BGHSLoupeLayerTest, DrawsOnlyWhenACellChanges)
     loupe.setContentsScale(2.0);
     show();
     canvas.draw();
-    qint64 shown = loupe.contents().cacheKey();
+    qint64 shown = loupe.pixels().cacheKey();
     const auto isRedrawn = [&] {
         loupe.setNeedsDisplay();
         canvas.draw();
-        return std::exchange(shown, loupe.contents().cacheKey()) != shown;
+        return std::exchange(shown, loupe.pixels().cacheKey()) != shown;
     };
     EXPECT_FALSE(isRedrawn());
     wheel.setSelection({100, 90});
@@ -171,7 +171,7 @@ TEST_F(BGHSLoupeLayerTest, DrawsOnlyWhenACellChanges)
     EXPECT_FALSE(isRedrawn()) << "black is black everywhere";
     loupe.setContentsScale(3.0);
     EXPECT_TRUE(isRedrawn());
-    EXPECT_EQ(loupe.contents().size(), QSize(291, 291));
+    EXPECT_EQ(loupe.pixels().size(), QSize(291, 291));
 }
 
 // The loupe at work: the wheel's own, under a real mouse.

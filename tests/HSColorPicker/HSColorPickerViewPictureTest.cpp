@@ -51,7 +51,7 @@ TEST(HSColorPickerViewPictureTest, AMoveIsDrawnAtOnceAndLeavesTheWheelAlone)
     const auto pictures = [view] {
         QList<qint64> keys;
         for (const char *name : {"_gradientLayer", "_brightnessLayer", "_opacityLayer"})
-            keys += view->findChild<CALayer *>(name)->contents().cacheKey();
+            keys += view->findChild<CALayer *>(name)->pixels().cacheKey();
         return keys;
     };
     const QList<qint64> before = pictures();

@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +80,10 @@ TEST_F(CommandLineTest, WrongUsageNamesTheCulprit)
         {{u"--package-root"_s, u""_s}, u"package-root"_s},
         {{u"--json"_s}, u"json"_s},
         {{u"save"_s, u"--json"_s}, u"json"_s},
+        {{u"list"_s, u"--catalogue"_s}, u"catalogue"_s},
+        {{u"install"_s}, u"install"_s},
+        {{u"edit"_s, u"Paper"_s, u"Plum"_s}, u"Plum"_s},
+        {{u"themes"_s, u"Paper"_s}, u"Paper"_s},
         {{u"list"_s, u"--set"_s, u"a=b"_s}, u"set"_s},
         {{u"save"_s, u"--set"_s, u"novalue"_s}, u"novalue"_s},
     };
@@ -212,4 +217,27 @@ TEST_F(CommandLineTest, WhatCannotBeWrittenIsNamed)
     EXPECT_TRUE(result.err.contains("tintloom: cannot write " +
                                     locations.listBackground().toUtf8() + ": Not a directory\n"))
         << result.err.toStdString();
+}
+
+TEST_F(CommandLineTest, AMovedInstallationFindsItsData)
+{
+    const QTemporaryDir prefix;
+    const QDir folder(prefix.path());
+    ASSERT_TRUE(folder.mkpath(u"bin"_s) && folder.mkpath(u"share"_s));
+    const QString program = folder.filePath(u"bin/tintloom"_s);
+    ASSERT_TRUE(QFile::copy(QStringLiteral(TINTLOOM_EXECUTABLE), program));
+    ASSERT_TRUE(QFile::link(resources, folder.filePath(u"share/tintloom"_s)));
+    const QString link = folder.filePath(u"a link"_s);
+    ASSERT_TRUE(QFile::link(program, link));
+
+    const QString expected = QString::fromUtf8(run({u"list"_s}).out);
+    ASSERT_TRUE(expected.contains("list-background-image"_L1));
+    for (const QString &called : {program, link}) {
+        const Finished moved = run({u"list"_s}, {{u"TINTLOOM_RESOURCES"_s, {}}}, called);
+        EXPECT_EQ(QString::fromUtf8(moved.out), expected) << moved.err.toStdString();
+    }
+    // A shell looks for a bare name in PATH.
+    const QStringList byName{u"-c"_s, u"PATH=$0:$PATH; tintloom list"_s, folder.filePath(u"bin"_s)};
+    EXPECT_EQ(QString::fromUtf8(run(byName, {{u"TINTLOOM_RESOURCES"_s, {}}}, u"sh"_s).out),
+              expected);
 }

@@ -51,6 +51,11 @@ const std::vector<Flow> flows = {
      {u"restore"_s},
      {u"#00B"_s, u"#0A0"_s, {}},
      {{u"#00B"_s, u"#0A0"_s, {}}, {u"#0A0"_s, u"#00B"_s, {}}}},
+    {"install", {u"install"_s, u"Sea"_s}, {u"#00B"_s, u"#0A0"_s, {}}, {{u"#00B"_s, u"#0A0"_s, {}}}},
+    {"edit",
+     {u"edit"_s, u"Sea"_s},
+     {u"#00B"_s, u"#0A0"_s, {}},
+     {{u"#00B"_s, u"#0A0"_s, {}}, {u"#C00"_s, u"#00B"_s, {}}}},
     {"recovery of the old choices",
      {u"list"_s},
      {{}, u"#0A0"_s, u"#00B"_s},
@@ -66,6 +71,12 @@ struct InterruptionTest : ProgramFixture, testing::WithParamInterface<size_t> {
     {
         putElements({element(color.toUtf8(), "\"#FFF\""), element("other", "\"#123\""),
                      element("unread-indicator-image", "\"#0A0\"")});
+        put(resources + "/themes.plist"_L1,
+            "<plist><array><dict><key>section</key><string>Quiet</string><key>name</key>"
+            "<string>Sea</string><key>details</key><string/><key>active</key><string>Yes</string>"
+            "</dict></array></plist>");
+        putChoices(resources + "/Sea/Info.plist"_L1, u"#C00"_s);
+        put(resources + "/Sea/UIKit/UnreadIndicator@2x.png"_L1, "a picture");
     }
 
     /// The dictionary that the program itself would save.

@@ -234,7 +234,7 @@ TEST_F(RoundTripTest, OptionsComeInAlphabeticalOrderAndCancelLast)
     EXPECT_EQ(editor().source().record(2, 0).value, 3);
 
     tapRow({2, 0});
-    grab(); // the frame with the buttons
+    grab();                         // the frame with the buttons
     tap({160, 568 - 8 - 3.5 * 44}); // the first of four
     EXPECT_EQ(editor().source().record(2, 0).value, 1);
     EXPECT_EQ(cell({2, 0})->colorLabel()->text(), "Alpha");

@@ -77,7 +77,7 @@ TEST_F(NSFileManagerTest, FailuresCarryTheSystemsReason)
     put(path("file"), "text");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
     put(path("hole"), "");
-    ASSERT_EQ(::truncate(QFile::encodeName(path("hole")), 1LL << 40), 0);
+    ASSERT_EQ(::truncate(QFile::encodeName(path("hole")), NSFileManager::largestReadable + 1), 0);
     const QString below = path("file/below/deep");
     const QString missing = path("missing/file");
     using FM = NSFileManager;
@@ -147,4 +147,36 @@ TEST_F(NSFileManagerTest, FaultHookStopsAnOperationBeforeItActs)
     EXPECT_EQ(calls, 5);
     NSFileManager::setFaultHook({});
     EXPECT_EQ(contents(path("file")), "old");
+}
+
+TEST_F(NSFileManagerTest, EnumeratesAndCopiesTreesWithoutFollowingLinks)
+{
+    put(path("from/b/2"), "two");
+    put(path("from/b-file"), "");
+    put(path("from/a"), "one");
+    QDir().mkpath(path("from/empty"));
+    ASSERT_TRUE(QFile::link(path(""), path("from/loop")));
+    ASSERT_TRUE(QFile::link("nowhere", path("from/b/dangling")));
+    const auto found = NSFileManager::enumeratorAtPath(path("from"));
+    EXPECT_FALSE(found.error);
+    EXPECT_EQ(found.paths, (QStringList{"a", "b", "b/2", "b/dangling", "b-file", "empty", "loop"}));
+    EXPECT_EQ(NSFileManager::enumeratorAtPath(path("none")).error,
+              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(NSFileManager::enumeratorAtPath(path("from/a")).error, std::errc::not_a_directory);
+
+    EXPECT_FALSE(NSFileManager::copyItemAtPath(path("from"), path("to")));
+    EXPECT_EQ(tree(path("to")), tree(path("from")));
+    EXPECT_EQ(contents(path("to/b/2")), "two");
+    using Kind = NSFileManager::Kind;
+    EXPECT_EQ(NSFileManager::itemAtPath(path("to/loop")).kind, Kind::Link);
+    EXPECT_EQ(NSFileManager::itemAtPath(path("to/b")).kind, Kind::Folder);
+    EXPECT_EQ(NSFileManager::itemAtPath(path("to/none")).kind, Kind::Nothing);
+
+    // A target that stands already is kept, even a dangling link, and even under a folder.
+    put(path("to/b/2"), "mine");
+    EXPECT_EQ(NSFileManager::copyItemAtPath(path("from/b"), path("to/b")), std::errc::file_exists);
+    EXPECT_EQ(NSFileManager::copyItemAtPath(path("from/a"), path("to/b/dangling")),
+              std::errc::file_exists);
+    EXPECT_EQ(contents(path("to/b/2")), "mine");
+    EXPECT_TRUE(NSFileManager::copyItemAtPath(path("from/a"), path("none/below")));
 }

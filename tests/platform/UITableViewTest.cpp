@@ -201,3 +201,67 @@ TEST_F(UITableViewTest, StandsEmptyTables)
         EXPECT_EQ(table.numberOfCells(), 0);
     }
 }
+
+TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
+{
+    using State = UILongPressGestureRecognizer::State;
+    show({5});
+    UITableViewCell *cell = table.cellForRowAtIndexPath({0, 1});
+    std::vector<State> heard;
+    for (int i = 0; i < 3; ++i)
+        cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
+            [&](const UILongPressGestureRecognizer &gesture) {
+                heard.push_back(gesture.state());
+            }));
+    const QPointF point = table.rectForRow({0, 1}).center();
+    const auto waiting = [&] {
+        int count = 0;
+        for (const auto &recognizer : cell->gestureRecognizers())
+            count += recognizer->findChild<QTimer *>("minimumPressDuration")->isActive();
+        return count;
+    };
+    const auto wait = [&] { // as long as it takes, at once
+        for (const auto &recognizer : cell->gestureRecognizers())
+            recognizer->setMinimumPressDuration(0.0);
+        while (waiting() > 0)
+            QCoreApplication::processEvents();
+    };
+    const struct {
+        const char *what;
+        std::function<void()> leave;
+    } ways[] = {
+        {"lifts", [&] { table.setPressed(false, point); }},
+        {"scrolls", [&] { scrollTo(10.0); }},
+        {"reload", [&] { table.reloadData(); }},
+    };
+    for (const auto &[what, leave] : ways) {
+        SCOPED_TRACE(what);
+        table.setPressed(true, point);
+        EXPECT_EQ(waiting(), 3);
+        leave();
+        EXPECT_EQ(waiting(), 0);
+        table.setPressed(false, point);
+        table.layoutIfNeeded();
+    }
+    EXPECT_TRUE(heard.empty());
+
+    table.setPressed(true, point);
+    wait();
+    EXPECT_EQ(heard, std::vector{State::Began});
+    table.tap(point); // the finger lifts, which is no tap any more
+    table.setPressed(false, point);
+    EXPECT_EQ(heard, (std::vector{State::Began, State::Ended}));
+    EXPECT_TRUE(rows->selected.empty());
+
+    // Rows that take no interaction are neither pressed nor tapped.
+    cell->setUserInteractionEnabled(false);
+    table.setPressed(true, point);
+    EXPECT_FALSE(cell->isSelected());
+    EXPECT_EQ(waiting(), 0);
+    table.tap(point);
+    EXPECT_TRUE(rows->selected.empty());
+    cell->setUserInteractionEnabled(true);
+    table.setPressed(false, point);
+    table.tap(point);
+    EXPECT_EQ(rows->selected, (std::vector<NSIndexPath>{{0, 1}}));
+}

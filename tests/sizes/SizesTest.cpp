@@ -1,5 +1,6 @@
 // Documents far beyond what anybody writes by hand: they load or are refused with a reason, and
 // what loads can be saved and is the same after a restart.
+#include "catalogue/ThemeList.h"
 #include "fuzz/FuzzTargets.h"
 #include "support/ThemeFixture.h"
 #include "theme/ThemePackageWriter.h"
@@ -75,6 +76,22 @@ TEST(SizesTest, AHundredThousandSectionsAreSorted)
     const auto source = parse(document(elements));
     ASSERT_EQ(source.numberOfSections(), count);
     EXPECT_TRUE(std::ranges::is_sorted(source.sortedSections()));
+}
+
+TEST(SizesTest, AHundredThousandSectionsOfThemesAreSorted)
+{
+    constexpr int count = 100'000;
+    QByteArray records;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray number = QByteArray::number(count + i * 7919 % count);
+        records += "<dict><key>section</key><string>" + number +
+                   "</string><key>name</key><string>" + number + "</string></dict>";
+    }
+    const ThemeList list = ThemeList::parse(
+        "<plist version=\"1.0\"><array>" + records + "</array></plist>", u"list"_s);
+    ASSERT_EQ(list.numberOfSections(), count);
+    EXPECT_EQ(list.titleForSection(0), QString::number(count));
+    EXPECT_EQ(list.titleForSection(count - 1), QString::number(2 * count - 1));
 }
 
 TEST(SizesTest, WhatNestsTooDeepIsRefusedAndTheRestIsKept)

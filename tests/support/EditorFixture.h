@@ -58,11 +58,11 @@ protected:
     }
 
     /// Starts the program, or starts it again, as after a restart.
-    void start(QSize size = {320, 568})
+    void start(QSize size = {320, 568}, AppDelegate::Root root = AppDelegate::Root::Editor)
     {
         stop();
         UIScreen::mainScreen().setSize(size);
-        _app = std::make_unique<AppDelegate>(folders());
+        _app = std::make_unique<AppDelegate>(folders(), root);
         ASSERT_TRUE(_app->didFinishLaunchingWithOptions());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
         settle();
@@ -78,8 +78,10 @@ protected:
     {
         return *static_cast<CustomViewController *>(navigation().topViewController());
     }
-    UITableView &table() { return *editor().view()->property("table").value<UITableView *>(); }
-    QQuickItem *item(const char *name) { return editor().view()->findChild<QQuickItem *>(name); }
+    /// The screen on top, whichever it is.
+    QQuickItem &screen() { return *navigation().topViewController()->view(); }
+    UITableView &table() { return *screen().property("table").value<UITableView *>(); }
+    QQuickItem *item(const char *name) { return screen().findChild<QQuickItem *>(name); }
 
     /// Where an item is, in the window.
     static QRectF sceneFrame(const QQuickItem *item)
@@ -91,6 +93,7 @@ protected:
         QTest::mouseClick(&window(), Qt::LeftButton, {}, point.toPoint());
         settle();
     }
+    void tap(const QQuickItem *item) { tap(sceneFrame(item).center()); }
     void tapSave() { tap(sceneFrame(item("_saveButton")).center()); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {

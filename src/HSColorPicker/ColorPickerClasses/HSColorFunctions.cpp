@@ -88,11 +88,10 @@ void HSGetComponentsForColor(double (&components)[4], const UIColor &color)
     }
 }
 
-QImage HSUIImageWithScale(const QImage &image, double scale)
+QImage HSUIImageWithScale(QImage image, double scale)
 {
-    QImage result = image;
-    result.setDevicePixelRatio(scale > 0.0 ? scale : 1.0);
-    return result;
+    image.setDevicePixelRatio(scale > 0.0 ? scale : 1.0);
+    return image;
 }
 
 QImage HSOpacityBackgroundImage(double length, double scale, const UIColor &color)
@@ -115,7 +114,7 @@ QImage HSOpacityBackgroundImage(double length, double scale, const UIColor &colo
         painter.fillRect(QRectF(0.0, half, half, half), Qt::white);
         painter.fillRect(QRectF(half, 0.0, half, half), Qt::white);
     }
-    return HSUIImageWithScale(image, scale);
+    return HSUIImageWithScale(std::move(image), scale);
 }
 
 HSRandomSource HSSystemRandomSource()

@@ -19,7 +19,7 @@ BMPixel HSPixelFromHSV(double hue, double saturation, double brightness);
 void HSGetComponentsForColor(double (&components)[4], const UIColor &color);
 
 /// The same pixels at another scale (pixels per point). A scale that is not above 0 counts as 1.
-QImage HSUIImageWithScale(const QImage &image, double scale);
+QImage HSUIImageWithScale(QImage image, double scale);
 
 /// A tile of four squares, the colour at the top left and bottom right, white in the other two: the
 /// ground under translucent colours. `length` is the tile's side in points, `scale` in pixels per

@@ -184,6 +184,24 @@ void HSColorPickerView::genBitmap()
     _bitmapNeedsUpdate = false;
 }
 
+const HSColorPickerView::Pictures &HSColorPickerView::picturesFor(const PictureKey &key) const
+{
+    static std::optional<Pictures> last;
+    if (last && last->key == key)
+        return *last;
+    const double radius = key.isCircle ? key.size.width() * 0.5 : 0.0;
+    const QImage wheel = _rep ? _rep->image() : QImage();
+    const QImage tile =
+        HSOpacityBackgroundImage(tileSide, key.scale, UIColor::colorWithWhite(0.5, 1.0));
+    const auto filledWith = [&](const QBrush &paint) {
+        return HSLayerPicture(paint, key.size, key.scale, radius);
+    };
+    last =
+        Pictures{key, HSLayerPicture(wheel, key.size, key.scale, radius),
+                 filledWith(QBrush(Qt::black)), filledWith(QBrush(HSUIImageWithScale(tile, 1.0)))};
+    return *last;
+}
+
 void HSColorPickerView::drawPictures()
 {
     const PictureKey wanted{size(), _scale, _cropToCircle};
@@ -191,14 +209,10 @@ void HSColorPickerView::drawPictures()
         return;
     _drawnPictures = wanted;
     _drawnSelectionColor.reset();
-    const double radius = _cropToCircle ? paletteDiameter() * 0.5 : 0.0;
-    const QImage wheel = _rep ? _rep->image() : QImage();
-    const QImage tile =
-        HSOpacityBackgroundImage(tileSide, _scale, UIColor::colorWithWhite(0.5, 1.0));
-    _gradientLayer->setContents(HSLayerPicture(wheel, size(), _scale, radius));
-    _brightnessLayer->setContents(HSLayerPicture(QBrush(Qt::black), size(), _scale, radius));
-    _opacityLayer->setContents(
-        HSLayerPicture(QBrush(HSUIImageWithScale(tile, 1.0)), size(), _scale, radius));
+    const Pictures &pictures = picturesFor(wanted);
+    _gradientLayer->setPixels(pictures.wheel, _scale);
+    _brightnessLayer->setPixels(pictures.black, _scale);
+    _opacityLayer->setPixels(pictures.checkerboard, _scale);
 }
 
 void HSColorPickerView::generateBezierPaths()
@@ -220,8 +234,9 @@ void HSColorPickerView::drawSelectionColor()
     if (_scale == 0.0 || _drawnSelectionColor == color)
         return;
     _drawnSelectionColor = color;
-    _selectionColorLayer->setContents(
-        HSLayerPicture(QBrush(color), _selectionColorLayer->size(), _scale, markSide * 0.5));
+    _selectionColorLayer->setPixels(
+        HSLayerPicture(QBrush(color), _selectionColorLayer->size(), _scale, markSide * 0.5),
+        _scale);
 }
 
 void HSColorPickerView::handleStateChanged()

@@ -194,6 +194,12 @@ private:
         bool isCircle;
         bool operator==(const PictureKey &) const = default;
     };
+    /// The last ones are kept for the next wheel: a page that is opened again finds them ready.
+    struct Pictures {
+        PictureKey key;
+        QImage wheel, black, checkerboard;
+    };
+    const Pictures &picturesFor(const PictureKey &key) const;
     std::optional<PictureKey> _drawnPictures;
     std::optional<QColor> _drawnSelectionColor;
 

@@ -1,9 +1,8 @@
 #include "HSColorPicker/ColorPickerClasses/HSLayerPicture.h"
 
-#include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
-
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -12,6 +11,16 @@ QSize pixelSize(QSizeF points, double scale)
 {
     const QSizeF pixels = points * scale;
     return {int(std::ceil(pixels.width())), int(std::ceil(pixels.height()))};
+}
+
+bool isOpaque(const QImage &picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        if (!std::all_of(row, row + picture.width(), [](QRgb p) { return qAlpha(p) == 255; }))
+            return false;
+    }
+    return true;
 }
 } // namespace
 
@@ -28,7 +37,10 @@ QImage HSLayerPicture(const QBrush &paint, QSizeF size, double scale, double cor
     painter.drawRoundedRect(QRectF(QPointF(), size * scale), cornerRadius * scale,
                             cornerRadius * scale);
     painter.end();
-    return HSUIImageWithScale(picture, scale);
+    // What is opaque is drawn by copying instead of blending.
+    if (cornerRadius == 0.0 && isOpaque(picture))
+        picture.reinterpretAsFormat(QImage::Format_RGB32);
+    return picture;
 }
 
 QImage HSLayerPicture(const QImage &image, QSizeF size, double scale, double cornerRadius)

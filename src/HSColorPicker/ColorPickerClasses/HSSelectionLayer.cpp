@@ -45,5 +45,5 @@ void HSSelectionLayer::updatePolish()
         QPainter painter(&picture);
         drawInContext(painter, boundingRect());
     }
-    setContents(picture);
+    setContents(std::move(picture));
 }

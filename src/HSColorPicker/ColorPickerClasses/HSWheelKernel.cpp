@@ -62,15 +62,12 @@ HWY_INLINE V hueFromDiagonal(D d, V t)
     return hn::Mul(sum, t);
 }
 
-// The pixels at (X, +-Y) and (-X, +-Y), each vector in the order of growing X.
-template <class V>
-struct Quadruple {
-    V rightUpper, rightLower, leftUpper, leftLower;
-};
-
-// `saturationScale` takes a distance in pixels to a saturation of 255.
-template <class D, class V = hn::Vec<D>, class DU = hn::RebindToUnsigned<D>>
-HWY_INLINE Quadruple<hn::Vec<DU>> pixelsAt(D d, V x, V y, V saturationScale)
+// The pixels at (X, +-Y) and (-X, +-Y), each vector in the order of growing X. They are no struct
+// to be returned because a vector whose length is known only as the program runs can be no member
+// of one. `saturationScale` takes a distance in pixels to a saturation of 255.
+template <class D, class V = hn::Vec<D>, class DU = hn::RebindToUnsigned<D>, class U = hn::Vec<DU>>
+HWY_INLINE void pixelsAt(D d, V x, V y, V saturationScale, U &rightUpper, U &rightLower,
+                         U &leftUpper, U &leftLower)
 {
     const V white = hn::Set(d, 255.0f);
     const V distance = hn::Sqrt(hn::MulAdd(x, x, hn::Mul(y, y)));
@@ -92,10 +89,10 @@ HWY_INLINE Quadruple<hn::Vec<DU>> pixelsAt(D d, V x, V y, V saturationScale)
     // Memory holds alpha, red, green, blue.
     const auto right = hn::Or(hn::ShiftLeft<8>(a), hn::Set(du, 0x000000FFu));
     const auto left = hn::ShiftLeft<8>(m);
-    return {hn::Or3(right, hn::ShiftLeft<16>(b), hn::ShiftLeft<24>(c)),
-            hn::Or3(right, hn::ShiftLeft<16>(c), hn::ShiftLeft<24>(b)),
-            hn::Or3(left, hn::ShiftLeft<24>(n), hn::Set(du, 0x00FF00FFu)),
-            hn::Or3(left, hn::ShiftLeft<16>(n), hn::Set(du, 0xFF0000FFu))};
+    rightUpper = hn::Or3(right, hn::ShiftLeft<16>(b), hn::ShiftLeft<24>(c));
+    rightLower = hn::Or3(right, hn::ShiftLeft<16>(c), hn::ShiftLeft<24>(b));
+    leftUpper = hn::Or3(left, hn::ShiftLeft<24>(n), hn::Set(du, 0x00FF00FFu));
+    leftLower = hn::Or3(left, hn::ShiftLeft<16>(n), hn::Set(du, 0xFF0000FFu));
 }
 
 // The two rows at distance Y above and below the centre. Needs at least one vector's worth of
@@ -111,31 +108,33 @@ void fillRows(D d, std::uint32_t *upper, std::uint32_t *lower, int side, const V
     const auto yVector = hn::Set(d, y);
     const auto scaleVector = hn::Set(d, scale);
 
-    const auto pixelsFrom = [&](int k) HWY_ATTR {
-        return pixelsAt(d, hn::Add(firstX, hn::Set(d, float(k))), yVector, scaleVector);
+    hn::Vec<decltype(du)> rightUpper, rightLower, leftUpper, leftLower;
+    const auto computeFrom = [&](int k) HWY_ATTR {
+        pixelsAt(d, hn::Add(firstX, hn::Set(d, float(k))), yVector, scaleVector, rightUpper,
+                 rightLower, leftUpper, leftLower);
     };
-    const auto storeLeft = [&](const auto &pixels, int k) HWY_ATTR {
+    const auto storeLeft = [&](int k) HWY_ATTR {
         const int column = side / 2 - k - (lanes - 1);
-        hn::StoreU(hn::Reverse(du, pixels.leftLower), du, lower + column);
-        hn::StoreU(hn::Reverse(du, pixels.leftUpper), du, upper + column);
+        hn::StoreU(hn::Reverse(du, leftLower), du, lower + column);
+        hn::StoreU(hn::Reverse(du, leftUpper), du, upper + column);
     };
     int k = 0;
     for (; k + lanes < distances; k += lanes) {
-        const auto pixels = pixelsFrom(k);
-        hn::StoreU(pixels.rightLower, du, lower + firstRight + k);
-        hn::StoreU(pixels.rightUpper, du, upper + firstRight + k);
-        storeLeft(pixels, k);
+        computeFrom(k);
+        hn::StoreU(rightLower, du, lower + firstRight + k);
+        hn::StoreU(rightUpper, du, upper + firstRight + k);
+        storeLeft(k);
     }
     // The last vector ends at the full radius, which on the right is one pixel too far.
     k = distances - lanes;
-    const auto pixels = pixelsFrom(k);
+    computeFrom(k);
     HWY_ALIGN std::uint32_t row[hn::MaxLanes(d)];
     const std::size_t size = std::size_t(lanes - 1) * sizeof(std::uint32_t);
-    hn::Store(pixels.rightLower, du, row);
+    hn::Store(rightLower, du, row);
     std::memcpy(lower + firstRight + k, row, size);
-    hn::Store(pixels.rightUpper, du, row);
+    hn::Store(rightUpper, du, row);
     std::memcpy(upper + firstRight + k, row, size);
-    storeLeft(pixels, k);
+    storeLeft(k);
 }
 
 template <class D>

@@ -5,14 +5,14 @@ import Tintloom
 Rectangle {
     id: strip
 
-    required property CustomViewController controller
+    required property ScreenOverlays overlays
 
     objectName: "notice"
     anchors.left: parent?.left
     anchors.right: parent?.right
-    y: controller.layout.bottomView.y - height
+    y: overlays.noticeBottom - height
     height: Math.min(message.implicitHeight + 16, 160)
-    enabled: !controller.loading
+    enabled: !overlays.loading
     color: "#B3261E"
 
     Accessible.role: Accessible.Note
@@ -29,7 +29,7 @@ Rectangle {
             id: message
 
             width: parent.width
-            text: strip.controller.notice
+            text: strip.overlays.notice
             textFormat: Text.PlainText
             color: "white"
             font.pixelSize: 12
@@ -42,7 +42,7 @@ Rectangle {
         width: 44
         height: 44
         title: qsTr("Dismiss")
-        onTouchUpInside: strip.controller.dismissNotice()
+        onTouchUpInside: strip.overlays.dismissNotice()
 
         Text {
             anchors.centerIn: parent

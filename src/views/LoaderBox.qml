@@ -5,7 +5,7 @@ import Tintloom
 MouseArea {
     id: root
 
-    required property CustomViewController controller
+    required property ScreenOverlays overlays
 
     anchors.fill: parent
     hoverEnabled: true
@@ -14,10 +14,10 @@ MouseArea {
 
     UIView {
         objectName: "_loadingView"
-        frame: root.controller.layout.loadingView
+        frame: root.overlays.loadingFrame
 
         Accessible.role: Accessible.ProgressBar
-        Accessible.name: root.controller.loadingText
+        Accessible.name: root.overlays.loadingText
 
         Rectangle {
             anchors.fill: parent
@@ -28,7 +28,7 @@ MouseArea {
             objectName: "_loadingLabel"
             width: 150
             height: 80
-            text: root.controller.loadingText
+            text: root.overlays.loadingText
             textFormat: Text.PlainText
             color: "white"
             font.pixelSize: 16

@@ -1,0 +1,157 @@
+#include "app/CatalogueCommands.h"
+
+#include "app/NearestNames.h"
+#include "app/OpenKeeper.h"
+#include "app/StandardStreams.h"
+#include "catalogue/SelectedTheme.h"
+#include "catalogue/ThemeInstallation.h"
+#include "catalogue/ThemeList.h"
+#include "platform/NSFileManager.h"
+#include "platform/NSLog.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+
+/// Calls `take(record)` for each row of the table.
+template <typename Take>
+void forEachRow(const ThemeList &list, Take take)
+{
+    for (int section = 0; section < list.numberOfSections(); ++section)
+        for (int row = 0; row < list.numberOfRowsInSection(section); ++row)
+            take(list.record(section, row));
+}
+
+QByteArray jsonThemes(const ThemeList &list, const std::optional<QString> &installed)
+{
+    QJsonArray array;
+    forEachRow(list, [&](const ThemeRecord &record) {
+        array.append(QJsonObject{{"section"_L1, record.section},
+                                 {"name"_L1, record.name},
+                                 {"details"_L1, record.details},
+                                 {"active"_L1, record.active},
+                                 {"installed"_L1, installed == record.name}});
+    });
+    return QJsonDocument(array).toJson();
+}
+
+QByteArray readableThemes(const ThemeList &list, const std::optional<QString> &installed)
+{
+    qsizetype nameWidth = 0;
+    forEachRow(list, [&](const ThemeRecord &record) {
+        nameWidth = std::max(nameWidth, record.name.size());
+    });
+    QString text;
+    for (int section = 0; section < list.numberOfSections(); ++section) {
+        text += (section == 0 ? ""_L1 : "\n"_L1) + list.titleForSection(section) + u'\n';
+        for (int row = 0; row < list.numberOfRowsInSection(section); ++row) {
+            const ThemeRecord &record = list.record(section, row);
+            const auto mark = installed == record.name ? "*"_L1 : " "_L1;
+            QString line = mark + u' ' + record.name;
+            if (const QString subtitle = record.subtitle(); !subtitle.isEmpty())
+                line = line.leftJustified(nameWidth + 4) + subtitle;
+            text += line + u'\n';
+        }
+    }
+    return text.toUtf8();
+}
+
+/// The exit status when the theme cannot be installed, told why.
+std::optional<int> refusal(const CommandLine::Options &options)
+{
+    const ThemeList list = ThemeList::load(options.resources);
+    if (!list.problem().isEmpty()) {
+        complain(u"no catalogue: %1"_s.arg(list.problem()));
+        return failed;
+    }
+    const QStringList names = list.installableNames();
+    if (!names.contains(options.theme)) {
+        const ThemeRecord *record = list.find(options.theme);
+        const QString problem = !record ? u"there is no theme '%1'"_s
+                                : record->isCustom() || record->isOwnTheme()
+                                    ? u"'%1' is made in the editor, not installed"_s
+                                    : u"'%1' is coming soon, not there yet"_s;
+        const QStringList near = nearestNames(options.theme, names);
+        complain(problem.arg(options.theme) + "; "_L1 +
+                 (near.isEmpty() ? u"'tintloom themes' shows the names"_s
+                                 : u"near it: "_s + near.join(", "_L1)));
+        return wrongUsage;
+    }
+    const auto folder = themeResourceFolder(options.resources, options.theme);
+    const auto error = folder ? NSFileManager::enumeratorAtPath(*folder).error
+                              : std::make_error_code(std::errc::no_such_file_or_directory);
+    if (error) {
+        complain(u"the folder of '%1' cannot be read: %2: %3"_s.arg(
+            options.theme, folder.value_or(options.theme),
+            QString::fromStdString(error.message())));
+        return failed;
+    }
+    return std::nullopt;
+}
+
+/// Copies, remembers what is installed now, and tells.
+int finish(const CommandLine::Options &options, const ThemeInstallation &installation,
+           const QString &selected)
+{
+    const ThemeLocations locations = locationsOf(options);
+    SaveReport report = copyTheme(installation);
+    if (!report.refusal.isEmpty()) {
+        complain(report.refusal + "; nothing installed"_L1);
+        return failed;
+    }
+    report.addFailure(locations.preferences(),
+                      SelectedTheme(locations.preferences()).set(selected));
+    for (const auto &failure : report.failures)
+        complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
+    if (!report.failures.empty())
+        return failed;
+    QString text = u"%1 has been installed in %2\n"_s.arg(options.theme, locations.packageFolder());
+    if (installation.asWorkingCopy)
+        text += u"%1 has been saved as your custom theme in %2\n"_s.arg(options.theme,
+                                                                        locations.workingCopy());
+    return print(text.toUtf8());
+}
+} // namespace
+
+int runThemes(const CommandLine::Options &options)
+{
+    if (!openKeeper(options))
+        return failed;
+    const ThemeList list = ThemeList::load(options.resources);
+    if (!list.problem().isEmpty()) {
+        complain(u"no catalogue: %1"_s.arg(list.problem()));
+        return failed;
+    }
+    const auto installed = SelectedTheme(locationsOf(options).preferences()).name();
+    return print(options.json ? jsonThemes(list, installed) : readableThemes(list, installed));
+}
+
+int runInstall(const CommandLine::Options &options)
+{
+    if (const auto status = refusal(options))
+        return *status;
+    const ThemeLocations locations = locationsOf(options);
+    if (SelectedTheme(locations.preferences()).name() == options.theme)
+        return print(u"%1 is already your chosen theme.\n"_s.arg(options.theme).toUtf8());
+    NSLog(u"SAVING THEME... %@"_s, {options.theme});
+    return finish(options, beginInstalling(options.resources, options.theme, locations),
+                  options.theme);
+}
+
+int runEdit(const CommandLine::Options &options)
+{
+    if (const auto status = refusal(options))
+        return *status;
+    NSLog(u"SAVING PREDEFINED THEME... %@"_s, {options.theme});
+    return finish(options, beginEditing(options.resources, options.theme, locationsOf(options)),
+                  ThemeRecord::ownTheme());
+}

@@ -1,0 +1,230 @@
+#include "catalogue/MainViewController.h"
+
+#include "platform/NSLog.h"
+#include "platform/UIColor.h"
+#include "platform/UINavigationController.h"
+#include "platform/UITableViewSubtitleCell.h"
+
+#include <QThread>
+
+namespace
+{
+const QColor themeGreen = UIColor::colorWithRed(0.0, 214.0 / 255.0, 68.0 / 255.0, 1.0).qColor();
+const QColor installedYellow = UIColor::colorWithRed(1.0, 1.0, 210.0 / 255.0, 1.0).qColor();
+} // namespace
+
+std::shared_ptr<MainViewController> MainViewController::init(const EditorFolders &folders)
+{
+    const auto catalogue = own(new MainViewController(folders));
+    catalogue->install();
+    return catalogue;
+}
+
+MainViewController::MainViewController(const EditorFolders &folders)
+    : _folders(folders), _selectedTheme(folders.theme.preferences())
+{
+}
+
+MainViewController::~MainViewController()
+{
+    NSLog("%s", {"-[MainViewController dealloc]"});
+}
+
+void MainViewController::install()
+{
+    NSLog("%s", {"-[MainViewController install]"});
+    _saveFileQueue = std::make_unique<DispatchQueue>("io.tintloom.savefilequeue1");
+    _tableSource = ThemeList::load(_folders.resources);
+}
+
+std::shared_ptr<MainViewController> MainViewController::self()
+{
+    return std::static_pointer_cast<MainViewController>(shared_from_this());
+}
+
+void MainViewController::viewDidLoad()
+{
+    _overlays->setView(view(), engine());
+    _hiddenView = view()->findChild<UIView *>("hiddenView");
+    _appVersion = view()->findChild<UIView *>("appVersion");
+    _tableFrame = view()->findChild<UIView *>("tableView");
+    _tableView = view()->property("table").value<UITableView *>();
+    _tableView->setDelegate(this);
+    _tableView->setDataSource(this);
+    _tableView->setContentInset(0.0, 0.0);
+}
+
+void MainViewController::viewWillAppear(bool)
+{
+    navigationController()->setNavigationBarHidden(true);
+    _hiddenView->setOpacity(1.0);
+    _tableFrame->setOpacity(1.0);
+}
+
+void MainViewController::viewDidLayoutSubviews()
+{
+    constexpr double status = 20.0;
+    constexpr QSizeF loader(150.0, 130.0);
+    const double w = view()->width();
+    const double h = view()->height();
+    _appVersion->setFrame({0.0, 0.0, w, status});
+    _hiddenView->setFrame({0.0, status, w, status});
+    _tableFrame->setFrame({0.0, status, w, h}); // its end lies below the screen's
+    _overlays->setFrames({{(w - loader.width()) * 0.5, (h - loader.height()) * 0.5}, loader}, h);
+}
+
+void MainViewController::prepareForTermination()
+{
+    // Work that has begun is finished: its first step on the queue, its second on this thread.
+    _saveFileQueue->sync([] {});
+    MainQueue::drain();
+    if (const auto editor = std::exchange(_customViewController, nullptr))
+        editor->prepareForTermination();
+}
+
+void MainViewController::applicationShouldBecomeActive()
+{
+    NSLog("%s", {"-[MainViewController applicationShouldBecomeActive]"});
+}
+
+int MainViewController::numberOfSectionsInTableView() const
+{
+    return _tableSource.numberOfSections();
+}
+
+QString MainViewController::titleForHeaderInSection(int section) const
+{
+    return _tableSource.titleForSection(section);
+}
+
+int MainViewController::numberOfRowsInSection(int section) const
+{
+    return _tableSource.numberOfRowsInSection(section);
+}
+
+double MainViewController::heightForRowAtIndexPath(NSIndexPath) const
+{
+    return 44.0;
+}
+
+void MainViewController::willDisplayHeaderView(UITableViewHeader &header, int)
+{
+    header.textLabel()->setTextColor(Qt::white);
+    header.setTintColor(themeGreen);
+}
+
+UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
+                                                           NSIndexPath indexPath)
+{
+    const QString identifier = "CustomTableCell";
+    auto *cell = qobject_cast<UITableViewSubtitleCell *>(
+        table.dequeueReusableCellWithIdentifier(identifier));
+    if (!cell)
+        cell = UITableViewSubtitleCell::initWithReuseIdentifier(identifier, *engine());
+
+    const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
+    // Of all that a cell collects over its rows one recogniser fires, so nobody notices the others.
+    if (!record.isCustom())
+        cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
+            [this](const UILongPressGestureRecognizer &gesture) { handleLongCellPress(gesture); }));
+    const bool isInstalled = selectedTheme() == record.name;
+    cell->textLabel()->setText(record.name);
+    cell->detailTextLabel()->setText(record.subtitle());
+    cell->setBackgroundColor(isInstalled ? installedYellow : QColor(Qt::white));
+    using enum UITableViewCell::AccessoryType;
+    cell->setAccessoryType(isInstalled           ? Checkmark
+                           : record.isOwnTheme() ? DisclosureIndicator
+                                                 : None);
+    // The user's own row takes over both of these from the row that the cell showed before.
+    if (isInstalled && !record.isOwnTheme())
+        cell->setSelectionStyle(UITableViewCell::SelectionStyle::None);
+    if (!record.isOwnTheme())
+        cell->setUserInteractionEnabled(record.active);
+    return cell;
+}
+
+void MainViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
+{
+    _tableView->deselectRow(indexPath, true);
+    const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
+    if (record.isCustom()) {
+        openEditor(true);
+        return;
+    }
+    _clickedTheme = record.name;
+    if (selectedTheme() == _clickedTheme) {
+        showAlert(std::make_unique<UIAlertView>(
+            QString("%1 is already your chosen theme.").arg(_clickedTheme), QString(),
+            std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
+        return;
+    }
+    auto alert = std::make_unique<UIAlertView>("Selecting this will overwrite your current theme.",
+                                               "Are you sure you want to continue?", self(),
+                                               QStringList{"Cancel", "OK"});
+    alert->setTag(InstallTag);
+    showAlert(std::move(alert));
+}
+
+void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer &gesture)
+{
+    const NSIndexPath indexPath = _tableView->indexPathForCell(gesture.view());
+    if (gesture.state() != UILongPressGestureRecognizer::State::Began || !indexPath.isValid())
+        return;
+    _clickedTheme = _tableSource.record(indexPath.section, indexPath.row).name;
+    _tableView->deselectRow(indexPath, true);
+    auto alert = std::make_unique<UIAlertView>(
+        "Would you like to send this theme to the editor to edit?",
+        "Doing so will overwrite your current custom theme.", self(), QStringList{"No", "Yes"});
+    alert->setTag(EditTag);
+    showAlert(std::move(alert));
+}
+
+void MainViewController::clickedButtonAtIndex(UIAlertView &alertView, int buttonIndex)
+{
+    if (alertView.tag() == EditedTag)
+        openEditor(false);
+    else if (alertView.tag() == EditTag && buttonIndex == 1)
+        editPredefinedTheme();
+    else if (alertView.tag() == InstallTag && buttonIndex == 1)
+        save();
+}
+
+/// The bar keeps the colour that it has when an edit flow opens the editor.
+void MainViewController::openEditor(bool colorsBar)
+{
+    _hiddenView->setOpacity(0.0);
+    _tableFrame->setOpacity(0.0);
+    if (!_customViewController)
+        _customViewController = CustomViewController::initFromMainView(_folders);
+    _customViewController->loadViewIfNeeded(*engine());
+    _customViewController->view()->setPosition(view()->position());
+    _customViewController->view()->setSize(view()->size());
+    _customViewController->setDelegate(self());
+    _customViewController->setTitle("Custom Theme");
+    navigationController()->setNavigationBarHidden(false);
+    if (colorsBar)
+        navigationController()->setNavigationBarColor(themeGreen);
+    navigationController()->pushViewController(_customViewController, true);
+}
+
+std::error_code MainViewController::setSelectedTheme(const QString &name)
+{
+    const std::error_code error = _selectedTheme.set(name);
+    if (error)
+        NSLog("Error saving the selected theme %@", {QString::fromStdString(error.message())});
+    const auto redraw = [weak = weak_from_this()] {
+        const auto catalogue = std::static_pointer_cast<MainViewController>(weak.lock());
+        if (catalogue && catalogue->_tableView)
+            catalogue->_tableView->reloadData();
+    };
+    if (QThread::currentThread() == thread())
+        redraw();
+    else
+        MainQueue::async(redraw);
+    return error;
+}
+
+void MainViewController::setCustomTheme()
+{
+    setSelectedTheme(ThemeRecord::ownTheme());
+}

@@ -1,0 +1,162 @@
+#include "catalogue/ThemeInstallation.h"
+
+#include "catalogue/ThemeList.h"
+#include "platform/NSFileManager.h"
+#include "theme/WorkingCopyKeeper.h"
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using Kind = NSFileManager::Kind;
+
+namespace
+{
+constexpr unsigned everybodyMayDoEverything = 0777;
+
+/// Nothing is touched before the keeper has agreed.
+ThemeInstallation begin(const QString &resources, const QString &name,
+                        const ThemeLocations &locations, bool asWorkingCopy)
+{
+    ThemeInstallation installation;
+    installation.locations = locations;
+    installation.asWorkingCopy = asWorkingCopy;
+    installation.keeper = WorkingCopyKeeper::open(locations);
+    WorkingCopyKeeper &keeper = *installation.keeper;
+    if (!(asWorkingCopy ? keeper.begin() : keeper.claim())) {
+        installation.report.refusal = keeper.refusal();
+        return installation;
+    }
+    if (const auto folder = themeResourceFolder(resources, name))
+        installation.source = *folder;
+    else
+        installation.report.addFailure(name,
+                                       std::make_error_code(std::errc::no_such_file_or_directory));
+    const QString target = locations.packageFolder();
+    const auto old = NSFileManager::itemAtPath(target);
+    installation.report.addFailure(target, old.error);
+    if (old.kind != Kind::Nothing)
+        installation.report.addFailure(target, NSFileManager::removeItemAtPath(target));
+    installation.report.addFailure(target, NSFileManager::createDirectoryAtPath(target));
+    return installation;
+}
+
+/// Why the target does not stand for the source; none when it does. What is in a folder is compared
+/// by itself.
+std::error_code differenceOf(const QString &source, const QString &target)
+{
+    const auto differs = std::make_error_code(std::errc::io_error);
+    const auto from = NSFileManager::itemAtPath(source);
+    const auto to = NSFileManager::itemAtPath(target);
+    if (from.error || to.error)
+        return from.error ? from.error : to.error;
+    if (from.kind != to.kind)
+        return differs;
+    if (from.kind != Kind::File)
+        return from.kind == Kind::Folder || from.kind == Kind::Link ? std::error_code() : differs;
+    const auto original = NSFileManager::contentsAtPath(source);
+    const auto copy = NSFileManager::contentsAtPath(target);
+    if (original.error || copy.error)
+        return original.error ? original.error : copy.error;
+    return original.bytes == copy.bytes ? std::error_code() : differs;
+}
+
+class Copying
+{
+public:
+    explicit Copying(SaveReport report) : _report(std::move(report)) {}
+
+    void copy(const QString &source, const QString &target)
+    {
+        note(source, target, NSFileManager::copyItemAtPath(source, target));
+    }
+
+    void note(const QString &source, const QString &target, const std::error_code &fault)
+    {
+        _copies.push_back({source, target, fault, {}});
+    }
+
+    void openLastToEverybody()
+    {
+        Copy &copy = _copies.back();
+        copy.openFault = NSFileManager::setPosixPermissions(copy.target, everybodyMayDoEverything);
+    }
+
+    /// Looked at when all is done: what fails because its folder was copied whole is no failure.
+    SaveReport report()
+    {
+        for (const Copy &copy : _copies) {
+            const std::error_code difference = differenceOf(copy.source, copy.target);
+            const bool copied = !difference;
+            const Kind type = NSFileManager::itemAtPath(copy.target).kind;
+            // That the target exists tells nothing of what is wrong with it.
+            if (!copied)
+                _report.addFailure(copy.target, copy.fault && copy.fault != std::errc::file_exists
+                                                    ? copy.fault
+                                                    : difference);
+            else if (type != Kind::Link) // a link has no permissions of its own
+                _report.addFailure(copy.target, copy.openFault);
+            if (copied && type == Kind::File)
+                _report.written.append(copy.target);
+        }
+        return _report;
+    }
+
+private:
+    struct Copy {
+        QString source, target;
+        std::error_code fault, openFault;
+    };
+
+    SaveReport _report;
+    std::vector<Copy> _copies;
+};
+
+SaveReport copyEntries(const ThemeInstallation &installation)
+{
+    SaveReport report = installation.report;
+    if (installation.source.isEmpty())
+        return report;
+    const auto [entries, error] = NSFileManager::enumeratorAtPath(installation.source);
+    report.addFailure(installation.source, error);
+    const QString folder = installation.locations.packageFolder();
+    if (NSFileManager::itemAtPath(folder).kind == Kind::Link) {
+        report.addFailure(folder, std::make_error_code(std::errc::not_a_directory));
+        return report;
+    }
+    Copying copying(report);
+    for (const QString &entry : entries) {
+        const QString source = installation.source + u'/' + entry;
+        if (installation.asWorkingCopy && entry == "Info.plist"_L1)
+            copying.note(source, installation.locations.workingCopy(),
+                         installation.keeper->copy(source));
+        copying.copy(source, folder + u'/' + entry);
+        copying.openLastToEverybody();
+    }
+    return copying.report();
+}
+} // namespace
+
+ThemeInstallation beginInstalling(const QString &resources, const QString &name,
+                                  const ThemeLocations &locations)
+{
+    return begin(resources, name, locations, false);
+}
+
+ThemeInstallation beginEditing(const QString &resources, const QString &name,
+                               const ThemeLocations &locations)
+{
+    ThemeInstallation installation = begin(resources, name, locations, true);
+    const QString folder = locations.workingCopyFolder();
+    if (installation.report.refusal.isEmpty()) // else nothing may be touched
+        installation.report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
+    return installation;
+}
+
+SaveReport copyTheme(const ThemeInstallation &installation)
+{
+    if (!installation.report.refusal.isEmpty())
+        return installation.report;
+    SaveReport report = copyEntries(installation);
+    report.addFailure(installation.locations.workingCopy(), installation.keeper->end());
+    return report;
+}

@@ -1,0 +1,41 @@
+// Installing a ready-made theme: its package files are copied as they are, never generated.
+//
+// Like a save it has two steps, so that a window can empty folders on its queue and copy on the
+// main thread; the command line does both in a row. Neither stops at a failure. The package is not
+// rolled back; the working copy that is replaced stays as the earlier generation.
+#pragma once
+
+#include "theme/ThemeLocations.h"
+#include "theme/ThemePackageWriter.h"
+
+#include <QString>
+
+#include <memory>
+
+/// Everything that the copying needs, by value: it crosses from the queue to the main thread.
+struct ThemeInstallation {
+    ThemeLocations locations;
+    QString source;             // the theme resource folder
+    bool asWorkingCopy = false; // its Info.plist becomes the editor's working copy too
+    SaveReport report;          // what the first step could not do
+    std::shared_ptr<WorkingCopyKeeper> keeper; // shuts other programs out until the last copy dies
+};
+
+/// First step of installing the theme `name`; any thread but a window's main one, because it may
+/// wait for another Tintloom. Leaves an empty theme folder, or nothing touched with a refusal in
+/// the report.
+ThemeInstallation beginInstalling(const QString &resources, const QString &name,
+                                  const ThemeLocations &locations);
+
+/// First step of sending it to the editor; the same, and leaves a working folder without
+/// Info.plist, whose other files stay. Drop what this returns without copying, and the old working
+/// copy is back.
+ThemeInstallation beginEditing(const QString &resources, const QString &name,
+                               const ThemeLocations &locations);
+
+/// Second step: copies every entry of the theme resource folder, a folder before what is in it, and
+/// opens each copy to everybody (0777). A failure is a target that then is absent, differs from its
+/// source or could not be opened; a missing source is one as well. `written` names the files that
+/// are right. Writes nothing where the theme folder is a symbolic link, or after a refusal. Once
+/// for each installation.
+SaveReport copyTheme(const ThemeInstallation &installation);

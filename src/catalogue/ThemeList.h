@@ -1,0 +1,68 @@
+// The list of ready-made themes, `themes.plist` in the resource folder: an array of records, each a
+// dictionary of strings.
+//
+//   section   title of the table's section
+//   name      the row's title, and the name of the folder in the resource folder that holds the
+//             ready-made package
+//   details   the small line under the name
+//   active    "Yes" when the theme can be chosen; anything else announces it for later
+//
+// The section "Custom" is special: its rows open the editor instead of installing something.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+struct ThemeRecord {
+    QString section;
+    QString name;
+    QString details;
+    bool active = false;
+
+    bool isCustom() const { return section == QLatin1String("Custom"); }
+    /// The row that stands for the user's own theme.
+    bool isOwnTheme() const { return name == ownTheme(); }
+    static QString ownTheme() { return QStringLiteral("Build Your Own!"); }
+    /// What stands under the name.
+    QString subtitle() const;
+};
+
+class ThemeList
+{
+public:
+    /// Never throws. A missing or unreadable list is an empty one; a record that is no dictionary,
+    /// or has no section or name of type string, is left out and logged by its index.
+    static ThemeList load(const QString &resources);
+    /// The same from a list's bytes; the path is for messages.
+    static ThemeList parse(const QByteArray &bytes, const QString &path);
+    /// Why the list could not be read, for people; else empty.
+    const QString &problem() const { return _problem; }
+
+    /// Titles without regard to case, in the user's locale; those that compare equal by code units.
+    int numberOfSections() const { return int(_sections.size()); }
+    /// Indexes must be in range, here and below.
+    const QString &titleForSection(int section) const { return _sections[size_t(section)].title; }
+    int numberOfRowsInSection(int section) const;
+    /// In a section, records stand in the order of the file.
+    const ThemeRecord &record(int section, int row) const;
+    /// The first record of that name, or null.
+    const ThemeRecord *find(const QString &name) const;
+    /// Names that can be installed.
+    QStringList installableNames() const;
+
+private:
+    struct Section {
+        QString title;
+        std::vector<ThemeRecord> records;
+    };
+
+    QString _problem;
+    std::vector<Section> _sections;
+};
+
+/// Path of the folder that holds a theme's package, whether there is one or not. Nothing, and a log
+/// line, when the name would lead out of the resource folder.
+std::optional<QString> themeResourceFolder(const QString &resources, const QString &name);

@@ -1,0 +1,160 @@
+// The themes that ship: made from the palettes as they stand, complete, and legible.
+#include "catalogue/ThemeList.h"
+#include "support/Files.h"
+#include "support/Jpeg.h"
+#include "theme/ColorText.h"
+#include "theme/ElementDataSource.h"
+
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString resources = QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
+
+PropertyDictionary themeInfo(const QString &folder, const QString &name)
+{
+    const auto info =
+        PropertyList::readDictionary(contents(folder + u'/' + name + "/Info.plist"_L1));
+    EXPECT_TRUE(info) << name.toStdString();
+    return info.value_or(PropertyDictionary());
+}
+
+QStringList themeNames()
+{
+    QStringList names;
+    const ThemeList list = ThemeList::load(resources);
+    for (int section = 0; section < list.numberOfSections(); ++section)
+        for (int row = 0; row < list.numberOfRowsInSection(section); ++row)
+            if (!list.record(section, row).isCustom())
+                names.append(list.record(section, row).name);
+    return names;
+}
+
+// Relative luminance and contrast ratio of WCAG 2.1.
+double luminance(const UIColor &color)
+{
+    const auto linear = [](double c) {
+        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const auto [red, green, blue, alpha] = color.components();
+    EXPECT_EQ(alpha, 1.0);
+    return 0.2126 * linear(red) + 0.7152 * linear(green) + 0.0722 * linear(blue);
+}
+
+double contrast(const UIColor &one, const UIColor &other)
+{
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+} // namespace
+
+TEST(ShippedThemes, FillACatalogue)
+{
+    const ThemeList list = ThemeList::load(resources);
+    EXPECT_EQ(list.problem(), "");
+    EXPECT_GE(list.numberOfSections(), 4);
+    EXPECT_GE(list.installableNames().size(), 10);
+    EXPECT_GT(themeNames().size(), list.installableNames().size()); // one is coming soon
+    ASSERT_TRUE(list.find(ThemeRecord::ownTheme()));
+    EXPECT_TRUE(list.find(ThemeRecord::ownTheme())->isCustom());
+    const QStringList names = themeNames();
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    for (const QString &name : names)
+        EXPECT_FALSE(list.find(name)->details.isEmpty()) << name.toStdString();
+}
+
+TEST(ShippedThemes, AreWhatThePalettesMake)
+{
+    const QTemporaryDir made;
+    QProcess maker;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"TINTLOOM"_s, QStringLiteral(TINTLOOM_EXECUTABLE));
+    maker.setProcessEnvironment(environment);
+    maker.start(resources + "/../tools/make-themes"_L1, {made.path()});
+    ASSERT_TRUE(maker.waitForFinished(100'000));
+    ASSERT_EQ(maker.exitCode(), 0) << maker.readAllStandardError().toStdString();
+
+    EXPECT_EQ(contents(made.filePath(u"themes.plist"_s)), contents(resources + "/themes.plist"_L1));
+    for (const QString &name : themeNames()) {
+        SCOPED_TRACE(name.toStdString());
+        const PropertyDictionary info = themeInfo(resources, name);
+        EXPECT_EQ(info, themeInfo(made.path(), name));
+        EXPECT_EQ(tree(resources + u'/' + name), tree(made.filePath(name)));
+        const struct {
+            QString file, key;
+            QSize size;
+        } pictures[] = {
+            {u"/ListBackground@2x.jpg"_s, u"list-background-image"_s, {1280, 2272}},
+            {u"/UIKit/UnreadIndicator@2x.png"_s, u"unread-indicator-image"_s, {48, 48}},
+        };
+        for (const auto &[file, key, size] : pictures) {
+            const QImage picture = decodedJpeg(contents(resources + u'/' + name + file));
+            EXPECT_EQ(picture.size(), size);
+            expectSolid(picture, colorFromHexString(info.find(key)->toString()).qColor(), 3);
+        }
+    }
+}
+
+TEST(ShippedThemes, SetEveryElement)
+{
+    const QTemporaryDir nothingSaved;
+    testing::internal::CaptureStderr();
+    const auto source = ElementDataSource::load(resources, nothingSaved.path());
+    testing::internal::GetCapturedStderr();
+    ASSERT_FALSE(source.tableSource().empty());
+    for (const QString &name : themeNames()) {
+        const PropertyDictionary info = themeInfo(resources, name);
+        for (const auto &record : source.tableSource()) {
+            SCOPED_TRACE((name + ", " + record->key).toStdString());
+            const QVariant *value = info.find(record->key);
+            ASSERT_TRUE(value);
+            if (record->isChoice())
+                EXPECT_TRUE(record->options->values().contains(*value));
+            else
+                EXPECT_EQ(normalizedColorText(value->toString()), value->toString());
+        }
+    }
+}
+
+TEST(ShippedThemes, AreLegible)
+{
+    const QStringList balloons{u"green-balloon-colors_1"_s, u"green-balloon-colors_2"_s,
+                               u"blue-balloon-colors_1"_s,  u"blue-balloon-colors_2"_s,
+                               u"gray-balloon-colors_1"_s,  u"gray-balloon-colors_2"_s};
+    QList<std::pair<QString, QString>> texts{
+        {u"composer-text-color"_s, u"composer-background-color"_s},
+        {u"sender-name-color"_s, u"conversation-background-color"_s},
+        {u"timestamp-color"_s, u"conversation-background-color"_s},
+        {u"list-name-color"_s, u"list-background-image"_s},
+        {u"list-preview-color"_s, u"list-background-image"_s},
+        {u"unread-name-color"_s, u"list-background-image"_s},
+        {u"navigation-title-color"_s, u"navigation-bar-color"_s},
+    };
+    for (const QString &balloon : balloons)
+        texts.append({u"balloon-text-color"_s, balloon});
+    constexpr double textMinimum = 4.5; // WCAG 2.1, level AA; 3.0 for what is no text
+    for (const QString &name : themeNames()) {
+        const PropertyDictionary info = themeInfo(resources, name);
+        const auto color = [&](const QString &key) {
+            return colorFromHexString(info.find(key)->toString());
+        };
+        for (const QString &balloon : balloons) {
+            const UIColor ground = color(balloon);
+            const UIColor text =
+                prefersBlackText(ground) ? UIColor::blackColor() : UIColor::whiteColor();
+            EXPECT_GE(contrast(ground, text), textMinimum) << (name + ", " + balloon).toStdString();
+        }
+        for (const auto &[text, ground] : texts)
+            EXPECT_GE(contrast(color(text), color(ground)), textMinimum)
+                << (name + ", " + text + " on " + ground).toStdString();
+        EXPECT_GE(contrast(color(u"unread-indicator-image"_s), color(u"list-background-image"_s)),
+                  3.0)
+            << name.toStdString();
+    }
+}

@@ -1,0 +1,69 @@
+#include "catalogue/ThemeList.h"
+
+#include "catalogue/SelectedTheme.h"
+#include "support/Files.h"
+
+#include <QTemporaryDir>
+
+TEST(ThemeList, LeavesOutWhatIsNoRecordAndSurvivesWhatIsNoList)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("themes.plist");
+    EXPECT_EQ(ThemeList::load(folder.path()).numberOfSections(), 0);
+    for (const QByteArray bytes : {"", "no list", "<plist><dict/></plist>",
+                                   "<plist><string>s</string></plist>", "bplist00"}) {
+        put(file, bytes);
+        const ThemeList list = ThemeList::load(folder.path());
+        EXPECT_EQ(list.numberOfSections(), 0);
+        EXPECT_TRUE(list.problem().contains(file));
+    }
+    put(file, "<plist><array>"
+              "<string>s</string><dict/>"
+              "<dict><key>section</key><integer>1</integer><key>name</key><string>n</string></dict>"
+              "<dict><key>section</key><string>b</string><key>name</key><string>1</string></dict>"
+              "<dict><key>section</key><string>B</string><key>name</key><string>2</string>"
+              "<key>active</key><true/><key>details</key><integer>3</integer></dict>"
+              "<dict><key>section</key><string>a</string><key>name</key><string>3</string>"
+              "<key>active</key><string>yes</string></dict>"
+              "<dict><key>section</key><string>b</string><key>name</key><string>0</string>"
+              "<key>active</key><string>Yes</string></dict>"
+              "</array></plist>");
+    testing::internal::CaptureStderr();
+    const ThemeList list = ThemeList::load(folder.path());
+    const std::string log = testing::internal::GetCapturedStderr();
+    for (const char *index : {"Theme 0 of", "Theme 1 of", "Theme 2 of"})
+        EXPECT_NE(log.find(index), std::string::npos);
+    ASSERT_EQ(list.numberOfSections(), 3);
+    EXPECT_EQ(list.titleForSection(0) + list.titleForSection(1) + list.titleForSection(2), "aBb");
+    ASSERT_EQ(list.numberOfRowsInSection(2), 2);
+    EXPECT_EQ(list.record(2, 0).name, "1"); // in the order of the file
+    for (const QString name : {"1", "2", "3"})
+        EXPECT_EQ(list.find(name)->subtitle(), "Coming soon!");
+    EXPECT_EQ(list.installableNames(), QStringList{"0"});
+}
+
+TEST(ThemeList, NoNameLeadsOutOfTheResourceFolder)
+{
+    testing::internal::CaptureStderr();
+    for (const QString name : {"", ".", "..", "../x", "a/b", "/etc"})
+        EXPECT_FALSE(themeResourceFolder("/resources", name)) << name.toStdString();
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("\"../x\""), std::string::npos);
+    EXPECT_EQ(themeResourceFolder("/resources", "..a b"), "/resources/..a b");
+}
+
+TEST(SelectedTheme, OutlivesTheProgramAndDistrustsWhatItReads)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("documents/Preferences.plist");
+    EXPECT_FALSE(SelectedTheme(file).name());
+    put(file,
+        "<plist><dict><key>selectedTheme</key><array/><key>other</key><true/></dict></plist>");
+    EXPECT_EQ(SelectedTheme(file).name(), ""); // no name, so no row is marked
+    EXPECT_FALSE(SelectedTheme(file).set("Mine"));
+    EXPECT_EQ(SelectedTheme(file).name(), "Mine");
+    EXPECT_TRUE(contents(file).contains("other")); // what others have stored stays
+
+    SelectedTheme nowhere(file + "/below a file/Preferences.plist");
+    EXPECT_TRUE(nowhere.set("Mine"));
+    EXPECT_EQ(nowhere.name(), "Mine"); // for this run
+}

@@ -1,0 +1,126 @@
+// The program started into the catalogue, on a list and themes of a test's own.
+#pragma once
+
+#include "catalogue/MainViewController.h"
+#include "platform/UITableViewSubtitleCell.h"
+#include "support/EditorFixture.h"
+#include "support/Files.h"
+
+class CatalogueFixture : public EditorFixture
+{
+protected:
+    void SetUp() override
+    {
+        writeDocument(QJsonArray{element("plain", "A", "#111111FF"),
+                                 element("list-background-image", "A", "#222222FF"),
+                                 element("unread-indicator-image", "A", "#333333FF")});
+        record("Zebra", "Stripes", "Black and white");
+        record("Custom", "Build Your Own!", "not shown");
+        record("alpha", "Later", "not shown", "No");
+        record("alpha", "Red", "Warm");
+        record("alpha", "Blue", "Cold");
+        // A property list in a folder that comes before the package's own is not the package's.
+        put(theme("Red", "Info.plist"), info("#FF0000FF"));
+        put(theme("Red", "Extra/Info.plist"), "inner");
+        put(theme("Red", "UIKit/image.png"), "picture");
+        put(theme("Blue", "Info.plist"), info("#0000FFFF"));
+    }
+    void TearDown() override
+    {
+        stop(); // while a hook that the program's threads may call still stands
+        NSFileManager::setFaultHook({});
+    }
+
+    QString theme(const QString &name, const QString &file) const
+    {
+        return _resources + '/' + name + '/' + file;
+    }
+    static QByteArray info(const QString &color)
+    {
+        PropertyDictionary dictionary;
+        dictionary.setValue("plain", color);
+        return PropertyList::writeDictionary(dictionary);
+    }
+    void record(const QByteArray &section, const QByteArray &name, const QByteArray &details,
+                const QByteArray &active = "Yes")
+    {
+        const auto entry = [](const QByteArray &key, const QByteArray &value) {
+            return "<key>" + key + "</key><string>" + value + "</string>";
+        };
+        _records += "<dict>" + entry("section", section) + entry("name", name) +
+                    entry("details", details) + entry("active", active) + "</dict>";
+    }
+    void open(QSize size = {320, 568})
+    {
+        put(_resources + "/themes.plist", "<plist><array>" + _records + "</array></plist>");
+        start(size, AppDelegate::Root::Catalogue);
+    }
+
+    MainViewController &catalogue()
+    {
+        return *static_cast<MainViewController *>(navigation().viewControllers().front().get());
+    }
+    NSIndexPath rowOf(const QString &name)
+    {
+        for (int section = 0; section < catalogue().numberOfSectionsInTableView(); ++section)
+            for (int row = 0; row < catalogue().numberOfRowsInSection(section); ++row)
+                if (cell({section, row})->textLabel()->text() == name)
+                    return {section, row};
+        return {};
+    }
+    UITableViewSubtitleCell *cell(NSIndexPath indexPath)
+    {
+        return qobject_cast<UITableViewSubtitleCell *>(table().cellForRowAtIndexPath(indexPath));
+    }
+    UITableViewSubtitleCell *row(const QString &name) { return cell(rowOf(name)); }
+
+    /// A finger that rests on a row until its press counts as long.
+    void longPress(const QString &name) { longPress(row(name)); }
+    void longPress(UITableViewCell *pressed)
+    {
+        const QPoint point = sceneFrame(pressed).center().toPoint();
+        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
+        for (const auto &recognizer : pressed->gestureRecognizers()) {
+            auto *timer = recognizer->findChild<QTimer *>("minimumPressDuration");
+            if (timer->isActive()) {
+                EXPECT_EQ(timer->interval(), 500);
+                timer->setInterval(0); // for this press
+            }
+        }
+        QTest::qWait(1); // timers run
+        for (const auto &recognizer : pressed->gestureRecognizers())
+            recognizer->setMinimumPressDuration(0.5);
+        settle();
+        QTest::mouseRelease(&window(), Qt::LeftButton, {}, point);
+        settle();
+    }
+    void answer(int button)
+    {
+        window().alert()->click(button);
+        settle();
+    }
+    bool waitForSaved()
+    {
+        const bool saved = QTest::qWaitFor(
+            [this] { return window().alert() && window().alert()->title() == "Saved"; });
+        settle();
+        return saved;
+    }
+    void finishSlide()
+    {
+        auto *slide = navigation().findChild<QPropertyAnimation *>("slide");
+        slide->setCurrentTime(slide->duration());
+        settle();
+    }
+    void goBack()
+    {
+        tap(navigation().view()->findChild<QQuickItem *>("back"));
+        finishSlide();
+    }
+    QString installed(const QString &file) const
+    {
+        return folders().theme.packageFolder() + '/' + file;
+    }
+
+    QByteArray _records;
+};
