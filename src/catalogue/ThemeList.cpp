@@ -5,6 +5,7 @@
 #include "platform/PropertyList.h"
 
 #include <QCollator>
+#include <QHash>
 
 #include <algorithm>
 
@@ -40,21 +41,35 @@ QString ThemeRecord::subtitle() const
 
 ThemeList ThemeList::load(const QString &resources)
 {
-    ThemeList list;
     const QString path = resources + "/themes.plist"_L1;
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    const auto items = error ? std::nullopt : PropertyList::readArray(bytes);
+    if (!error)
+        return parse(bytes, path);
+    ThemeList list;
+    list._problem = path + ": "_L1 + QString::fromStdString(error.message());
+    return list;
+}
+
+ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path)
+{
+    ThemeList list;
+    const auto items = PropertyList::readArray(bytes);
     if (!items) {
-        list._problem = path + ": "_L1 +
-                        (error ? QString::fromStdString(error.message())
-                               : u"it is not a property list with an array on top"_s);
+        list._problem = path + ": it is not a property list with an array on top"_L1;
         return list;
     }
+    QHash<QString, size_t> places;
     for (qsizetype index = 0; index < items->size(); ++index) {
-        if (const auto record = themeRecord(items->at(index)))
-            list.add(*record);
-        else
+        const auto record = themeRecord(items->at(index));
+        if (!record) {
             NSLog(u"Theme %@ of %@ has no section or no name"_s, {QString::number(index), path});
+            continue;
+        }
+        if (!places.contains(record->section)) {
+            places.insert(record->section, list._sections.size());
+            list._sections.push_back({record->section, {}});
+        }
+        list._sections[places[record->section]].records.push_back(*record);
     }
     QCollator collator; // the user's locale; plain case folding where there is none
     collator.setCaseSensitivity(Qt::CaseInsensitive);
@@ -63,14 +78,6 @@ ThemeList ThemeList::load(const QString &resources)
         return order != 0 ? order < 0 : left.title < right.title;
     });
     return list;
-}
-
-void ThemeList::add(const ThemeRecord &record)
-{
-    auto section = std::ranges::find(_sections, record.section, &Section::title);
-    if (section == _sections.end())
-        section = _sections.insert(section, {record.section, {}});
-    section->records.push_back(record);
 }
 
 int ThemeList::numberOfRowsInSection(int section) const

@@ -36,6 +36,8 @@ public:
     /// Never throws. A missing or unreadable list is an empty one; a record that is no dictionary,
     /// or has no section or name of type string, is left out and logged by its index.
     static ThemeList load(const QString &resources);
+    /// The same from a list's bytes; the path is for messages.
+    static ThemeList parse(const QByteArray &bytes, const QString &path);
     /// Why the list could not be read, for people; else empty.
     const QString &problem() const { return _problem; }
 
@@ -56,8 +58,6 @@ private:
         QString title;
         std::vector<ThemeRecord> records;
     };
-
-    void add(const ThemeRecord &record);
 
     QString _problem;
     std::vector<Section> _sections;

@@ -112,7 +112,7 @@ int CustomViewController::numberOfSectionsInTableView() const
 
 QString CustomViewController::titleForHeaderInSection(int section) const
 {
-    return _source.sortedSections().at(section);
+    return _source.titleForSection(section);
 }
 
 int CustomViewController::numberOfRowsInSection(int section) const

@@ -209,6 +209,8 @@ NSFileManager::Contents NSFileManager::contentsAtPath(const QString &path)
         return {{},
                 std::make_error_code(S_ISDIR(status.st_mode) ? std::errc::is_a_directory
                                                              : std::errc::invalid_argument)};
+    if (status.st_size > largestReadable)
+        return {{}, std::make_error_code(std::errc::file_too_large)};
     QByteArray bytes(status.st_size, Qt::Uninitialized);
     qsizetype done = 0;
     while (done < bytes.size()) {

@@ -79,7 +79,10 @@ public:
         QByteArray bytes;
         std::error_code error;
     };
-    /// The whole file.
+    /// No file of the program comes near 1 GiB; one that has holes may claim any size, and memory
+    /// would not hold it.
+    static constexpr qint64 largestReadable = 1LL << 30;
+    /// The whole file. One above largestReadable bytes is an error (file too large).
     static Contents contentsAtPath(const QString &path);
 
     /// Writes a file so that, at every moment, the path holds either the old bytes or all of the

@@ -1,6 +1,7 @@
 #include "platform/PropertyList.h"
 
 #include "platform/PropertyListGuard.h"
+#include "platform/XmlText.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -16,9 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Seconds from 1970 to 2001, where the dates of property lists begin.
-constexpr qint64 referenceDate = 978307200;
-
 struct PlistDeleter {
     void operator()(void *node) const { plist_free(node); }
 };
@@ -73,31 +71,76 @@ bool isNull(const QVariant &value)
     return !value.isValid() || value.typeId() == QMetaType::Nullptr;
 }
 
+bool isSigned(const QVariant &whole)
+{
+    return whole.typeId() != QMetaType::ULongLong ||
+           whole.toULongLong() <= quint64(std::numeric_limits<qint64>::max());
+}
+
+bool isSameWhole(const QVariant &left, const QVariant &right)
+{
+    return isSigned(left) == isSigned(right) && left.toULongLong() == right.toULongLong();
+}
+
 /// Without rounding on the way: 2^53 + 1 is no double.
-bool isSameNumber(qint64 whole, double real)
+bool isSameNumber(const QVariant &whole, double real)
 {
     constexpr double limit = 9223372036854775808.0; // 2^63
-    return real >= -limit && real < limit && qint64(real) == whole && double(qint64(real)) == real;
+    if (!isSigned(whole))
+        return real >= limit && real < 2.0 * limit && quint64(real) == whole.toULongLong();
+    return real >= -limit && real < limit && qint64(real) == whole.toLongLong() &&
+           double(qint64(real)) == real;
 }
 
-bool isXmlCharacter(char16_t unit)
+/// The XML of a single value.
+QByteArray xmlOf(plist_t node)
 {
-    return unit >= 0x20 ? unit < 0xfffe : unit == '\t' || unit == '\n' || unit == '\r';
+    const PlainNumbers plainNumbers;
+    char *xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(node, &xml, &length);
+    const std::unique_ptr<char, decltype(&plist_to_xml_free)> owner(xml, &plist_to_xml_free);
+    return {xml, qsizetype(length)};
 }
 
-QByteArray xmlText(QString text)
+// Through libplist's functions, whole numbers above 2^63 - 1 and negative ones look alike, and
+// dates end in 1932 and 2069. What it reads and writes as text knows no such limits.
+
+PlistOwner nodeFromXml(const QByteArray &xml)
 {
-    if (!std::all_of(text.cbegin(), text.cend(),
-                     [](QChar c) { return isXmlCharacter(c.unicode()); }))
-        text.removeIf([](QChar c) { return !isXmlCharacter(c.unicode()); });
-    return text.toUtf8();
+    plist_t node = nullptr;
+    plist_from_xml(xml.constData(), uint32_t(xml.size()), &node);
+    return PlistOwner(node);
+}
+
+/// What stands between the tags of a single value without markup.
+QByteArray textOfNode(plist_t node)
+{
+    const QByteArray xml = xmlOf(node);
+    const qsizetype end = xml.lastIndexOf("</", xml.lastIndexOf("</plist>") - 1);
+    const qsizetype start = end < 0 ? -1 : xml.lastIndexOf('>', end) + 1;
+    return end < 0 ? QByteArray() : xml.sliced(start, end - start);
+}
+
+PlistOwner nodeFromWhole(const QVariant &value)
+{
+    if (isSigned(value))
+        return PlistOwner(plist_new_uint(uint64_t(value.toLongLong()))); // keeps the bits of a sign
+    return nodeFromXml("<integer>" + QByteArray::number(value.toULongLong()) + "</integer>");
+}
+
+QVariant wholeFromNode(plist_t node)
+{
+    uint64_t value = 0;
+    plist_get_uint_val(node, &value);
+    if (qint64(value) >= 0 || textOfNode(node).startsWith('-'))
+        return qint64(value);
+    return quint64(value);
 }
 
 PlistOwner nodeFromDate(const QDateTime &date)
 {
-    const qint64 seconds = date.toSecsSinceEpoch() - referenceDate;
-    constexpr qint64 limit = std::numeric_limits<int32_t>::max();
-    return PlistOwner(plist_new_date(int32_t(std::clamp(seconds, -limit, limit)), 0));
+    return nodeFromXml("<date>" + date.toUTC().toString(Qt::ISODate).toLatin1() + "</date>");
 }
 
 /// Null for a null value.
@@ -106,7 +149,7 @@ PlistOwner nodeFromValue(const QVariant &value)
     if (isNull(value))
         return {};
     if (isWhole(value))
-        return PlistOwner(plist_new_uint(uint64_t(value.toLongLong()))); // keeps the bits of a sign
+        return nodeFromWhole(value);
     if (isReal(value))
         return PlistOwner(plist_new_real(value.toDouble()));
     switch (value.typeId()) {
@@ -131,12 +174,12 @@ PlistOwner nodeFromValue(const QVariant &value)
         const QVariantMap map = value.toMap();
         for (auto item = map.begin(); item != map.end(); ++item) {
             if (PlistOwner node = nodeFromValue(item.value()))
-                plist_dict_set_item(dictionary.get(), xmlText(item.key()), node.release());
+                plist_dict_set_item(dictionary.get(), xmlText(item.key()).toUtf8(), node.release());
         }
         return dictionary;
     }
     default:
-        return PlistOwner(plist_new_string(xmlText(PropertyList::textOf(value))));
+        return PlistOwner(plist_new_string(xmlText(PropertyList::textOf(value)).toUtf8()));
     }
 }
 
@@ -156,7 +199,7 @@ void forEachEntry(plist_t dictionary, Take take)
         const MallocOwner<char> keyOwner(key);
         if (!item)
             return;
-        take(QString::fromUtf8(key), valueFromNode(item));
+        take(xmlText(QString::fromUtf8(key)), valueFromNode(item));
     }
 }
 
@@ -175,13 +218,13 @@ QVariantList listFromNode(plist_t array)
     }
 }
 
+/// A date of four-digit years; what else libplist takes for a date, comes as its text.
 QVariant dateFromNode(plist_t node)
 {
-    int32_t seconds = 0;
-    int32_t microseconds = 0;
-    plist_get_date_val(node, &seconds, &microseconds);
-    return QDateTime::fromSecsSinceEpoch(referenceDate + seconds, Qt::UTC)
-        .addMSecs(microseconds / 1000);
+    const QString text = QString::fromLatin1(textOfNode(node));
+    const QDateTime date =
+        QDateTime::fromString(text.rightJustified(20, u'0'), Qt::ISODate); // years below 1000
+    return date.isValid() ? QVariant(date) : QVariant(text);
 }
 
 QVariant valueFromNode(plist_t node)
@@ -193,11 +236,8 @@ QVariant valueFromNode(plist_t node)
         plist_get_bool_val(node, &value);
         return value != 0;
     }
-    case PLIST_UINT: {
-        uint64_t value = 0;
-        plist_get_uint_val(node, &value);
-        return qint64(value); // a negative number comes back as its bits
-    }
+    case PLIST_UINT:
+        return wholeFromNode(node);
     case PLIST_UID: {
         uint64_t value = 0;
         plist_get_uid_val(node, &value);
@@ -210,7 +250,7 @@ QVariant valueFromNode(plist_t node)
     }
     case PLIST_STRING: {
         const char *text = plist_get_string_ptr(node, &length);
-        return QString::fromUtf8(text ? text : "", qsizetype(length));
+        return xmlText(QString::fromUtf8(text ? text : "", qsizetype(length)));
     }
     case PLIST_DATA: {
         const char *data = plist_get_data_ptr(node, &length);
@@ -280,11 +320,11 @@ bool PropertyList::isEqual(const QVariant &left, const QVariant &right)
     if (isNull(left) || isNull(right))
         return isNull(left) && isNull(right);
     if (isWhole(left) && isWhole(right))
-        return left.toLongLong() == right.toLongLong();
+        return isSameWhole(left, right);
     if (isWhole(left) && isReal(right))
-        return isSameNumber(left.toLongLong(), right.toDouble());
+        return isSameNumber(left, right.toDouble());
     if (isReal(left) && isWhole(right))
-        return isSameNumber(right.toLongLong(), left.toDouble());
+        return isSameNumber(right, left.toDouble());
     if (isReal(left) && isReal(right))
         return left.toDouble() == right.toDouble();
     if (left.typeId() != right.typeId())
@@ -345,12 +385,7 @@ QByteArray PropertyList::writeDictionary(const PropertyDictionary &dictionary)
     const PlistOwner root(plist_new_dict());
     for (const auto &[key, value] : dictionary.entries()) {
         if (PlistOwner node = nodeFromValue(value))
-            plist_dict_set_item(root.get(), xmlText(key), node.release());
+            plist_dict_set_item(root.get(), xmlText(key).toUtf8(), node.release());
     }
-    const PlainNumbers plainNumbers;
-    char *xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root.get(), &xml, &length);
-    const std::unique_ptr<char, decltype(&plist_to_xml_free)> owner(xml, &plist_to_xml_free);
-    return {xml, qsizetype(length)};
+    return xmlOf(root.get());
 }

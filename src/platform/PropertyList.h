@@ -3,8 +3,8 @@
 // A property list is read from its XML or binary form and written as XML, both by libplist. Values
 // are QVariants of these types; an invalid QVariant is the null marker and has no written form:
 //
-//   string QString · boolean bool · whole number qint64 (QMetaType::LongLong) · real double ·
-//   data QByteArray · date QDateTime · array QVariantList · dictionary QVariantMap
+//   string QString · boolean bool · whole number qint64, from 2^63 on quint64 · real double ·
+//   data QByteArray · date QDateTime, whole seconds · array QVariantList · dictionary QVariantMap
 //
 // Only the top level keeps the order of its entries, because there the order is visible in the file
 // that people open.
@@ -48,14 +48,16 @@ bool isEqual(const QVariant &left, const QVariant &right);
 QString textOf(const QVariant &value);
 
 /// The dictionary in the bytes, or nothing when they are not a property list with a dictionary on
-/// top. Never crashes on hostile bytes: nesting deeper than 512 and binary lists that expand beyond
-/// reason are refused before libplist sees them.
+/// top. Strings come as xmlText leaves them, so that what was read can be written and is the same
+/// when read again; fractions of seconds are dropped, and a whole number beyond 64 bits is not
+/// kept. Never crashes on hostile bytes: what nests too deep (see PropertyListGuard.h) and binary
+/// lists that expand beyond reason are refused before libplist sees them.
 std::optional<PropertyDictionary> readDictionary(const QByteArray &bytes);
 
 /// The array in the bytes, or nothing when they are not a property list with an array on top.
 /// Guarded like the above.
 std::optional<QVariantList> readArray(const QByteArray &bytes);
 
-/// XML. Control characters that XML cannot carry are left out; null values are skipped.
+/// XML. Strings are written as xmlText leaves them; null values are skipped.
 QByteArray writeDictionary(const PropertyDictionary &dictionary);
 } // namespace PropertyList

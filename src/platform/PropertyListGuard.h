@@ -10,8 +10,9 @@
 
 namespace PropertyListGuard
 {
-/// How deep arrays and dictionaries may nest.
-constexpr int maximumDepth = 512;
+/// How deep arrays and dictionaries may nest: deeper than Qt's JSON reader goes (1024), so that
+/// every value of a data source can be read back once it is saved.
+constexpr int maximumDepth = 1536;
 
 /// False for XML that nests too deep, or that holds something in which a tag could hide from this
 /// check but not from libplist (or the other way round): markup inside a tag or declaration,

@@ -2,6 +2,7 @@
 
 #include "platform/NSFileManager.h"
 #include "platform/NSLog.h"
+#include "platform/XmlText.h"
 #include "theme/ThemeLocations.h"
 
 #include <QCollator>
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+/// Strings come as they can be saved, so that what a save writes is found again at the next start.
 QVariant valueFromJson(const QJsonValue &json)
 {
     if (json.isArray()) {
@@ -28,15 +30,17 @@ QVariant valueFromJson(const QJsonValue &json)
         QVariantMap map;
         const QJsonObject object = json.toObject();
         for (auto item = object.begin(); item != object.end(); ++item)
-            map.insert(item.key(), valueFromJson(item.value()));
+            map.insert(xmlText(item.key()), valueFromJson(item.value()));
         return map;
     }
+    if (json.isString())
+        return xmlText(json.toString());
     return json.isNull() ? QVariant() : json.toVariant(); // whole numbers come as qint64
 }
 
 QString textFromJson(const QJsonValue &json)
 {
-    return json.isString() ? json.toString() : PropertyList::textOf(valueFromJson(json));
+    return PropertyList::textOf(valueFromJson(json));
 }
 
 /// Nothing when the item lacks a key, whose name then stands in `missing`.
@@ -137,19 +141,32 @@ QString ElementRecord::shownOption() const
 
 ElementDataSource ElementDataSource::load(const QString &resources, const QString &documents)
 {
-    ElementDataSource source;
-    source._predefinedDict = fixedHead();
     const auto saved = savedDictionary(ThemeLocations{{}, documents}.workingCopy());
-    source.readDocument(resources + "/initialDatasource.txt"_L1, saved ? &*saved : nullptr);
+    const QString path = resources + "/initialDatasource.txt"_L1;
+    const auto [text, error] = NSFileManager::contentsAtPath(path);
+    if (!error)
+        return parse(text, path, saved ? &*saved : nullptr);
+    ElementDataSource source;
+    source.fail(Status::Unusable, path, QString::fromStdString(error.message()));
+    return source;
+}
+
+ElementDataSource ElementDataSource::parse(const QByteArray &text, const QString &path,
+                                           const PropertyDictionary *saved)
+{
+    ElementDataSource source;
+    source.readDocument(text, path, saved);
     source.groupIntoSections();
     return source;
 }
 
-void ElementDataSource::readDocument(const QString &path, const PropertyDictionary *saved)
+ElementDataSource::ElementDataSource() : _predefinedDict(fixedHead())
 {
-    const auto [text, error] = NSFileManager::contentsAtPath(path);
-    if (error)
-        return fail(Status::Unusable, path, QString::fromStdString(error.message()));
+}
+
+void ElementDataSource::readDocument(const QByteArray &text, const QString &path,
+                                     const PropertyDictionary *saved)
+{
     if (!text.isValidUtf8())
         return fail(Status::Unusable, path, u"it is not UTF-8 text"_s);
     QJsonParseError parseError;

@@ -50,6 +50,13 @@ public:
     /// the log names the document, and the index and missing key of the item.
     static ElementDataSource load(const QString &resources, const QString &documents);
 
+    /// The same from a document's bytes and what was saved, if anything; the path is for messages.
+    static ElementDataSource parse(const QByteArray &text, const QString &path,
+                                   const PropertyDictionary *saved);
+
+    /// The fixed head and no element.
+    ElementDataSource();
+
     Status status() const { return _status; }
     /// Why the status is not Loaded, for people; else empty.
     const QString &problem() const { return _problem; }
@@ -76,7 +83,7 @@ private:
         std::vector<std::shared_ptr<ElementRecord>> records;
     };
 
-    void readDocument(const QString &path, const PropertyDictionary *saved);
+    void readDocument(const QByteArray &text, const QString &path, const PropertyDictionary *saved);
     void fail(Status status, const QString &path, const QString &reason);
     void groupIntoSections();
 

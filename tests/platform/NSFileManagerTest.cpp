@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -75,6 +76,8 @@ TEST_F(NSFileManagerTest, FailuresCarryTheSystemsReason)
 {
     put(path("file"), "text");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
+    put(path("hole"), "");
+    ASSERT_EQ(::truncate(QFile::encodeName(path("hole")), NSFileManager::largestReadable + 1), 0);
     const QString below = path("file/below/deep");
     const QString missing = path("missing/file");
     using FM = NSFileManager;
@@ -92,11 +95,12 @@ TEST_F(NSFileManagerTest, FailuresCarryTheSystemsReason)
         {"read", FM::contentsAtPath(missing).error, std::errc::no_such_file_or_directory},
         {"read a folder", FM::contentsAtPath(folder.path()).error, std::errc::is_a_directory},
         {"read a pipe", FM::contentsAtPath(path("pipe")).error, std::errc::invalid_argument},
+        {"read a hole", FM::contentsAtPath(path("hole")).error, std::errc::file_too_large},
     };
     for (const auto &[name, error, expected] : cases)
         EXPECT_EQ(error, expected) << name << ": " << error.message();
     EXPECT_EQ(FM::createDirectoryAtPath(below).message(), "Not a directory");
-    EXPECT_EQ(tree(folder.path()), QStringList({"file", "pipe"}));
+    EXPECT_EQ(tree(folder.path()), QStringList({"file", "hole", "pipe"}));
 }
 
 TEST_F(NSFileManagerTest, NeverTouchesWhatALinkPointsTo)

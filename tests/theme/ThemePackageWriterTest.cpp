@@ -1,5 +1,6 @@
 #include "theme/ThemePackageWriter.h"
 
+#include "platform/DispatchQueue.h"
 #include "support/Jpeg.h"
 #include "support/ThemeFixture.h"
 
@@ -265,4 +266,34 @@ TEST_F(ThemePackageWriterTest, EveryOperationMayFail)
         EXPECT_EQ(contents(locations.workingCopy()), contents(locations.packageInfo())) << failing;
     }
     EXPECT_GT(operations, 15);
+}
+
+// As the editor does it. The thread sanitizer watches what crosses.
+TEST_F(ThemePackageWriterTest, IsBuiltOnAQueueAndWrittenOnTheMainThread)
+{
+    putElements({element("list-background-image", "\"#112233\""),
+                 element("unread-indicator-image", "\"#445566\""),
+                 element("choice", "null", "{\"A\":1,\"B\":2}", "1")});
+    const auto source = std::make_shared<ElementDataSource>(load());
+    std::vector<SaveReport> reports;
+    testing::internal::CaptureStderr();
+    {
+        DispatchQueue queue("test.save");
+        for (qint64 choice = 1; choice <= 2; ++choice) {
+            source->tableSource()[2]->value = choice;
+            auto *written = &reports;
+            queue.async([source, locations = locations, written] {
+                auto theme = std::make_shared<BuiltTheme>(buildTheme(*source, locations, 1.0));
+                MainQueue::async([theme = std::move(theme), written] {
+                    written->push_back(writeTheme(*theme));
+                });
+            });
+            queue.sync([] {});
+            MainQueue::drain(); // the next save waits until the first has let go of its lock
+        }
+    }
+    testing::internal::GetCapturedStderr();
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_TRUE(reports[0].failures.empty() && reports[1].failures.empty());
+    EXPECT_EQ(load().tableSource()[2]->value, QVariant(2LL));
 }

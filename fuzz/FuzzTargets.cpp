@@ -1,0 +1,19 @@
+#include "fuzz/FuzzTargets.h"
+
+#include <stdexcept>
+
+const std::map<std::string, Fuzz::Target> &Fuzz::targets()
+{
+    static const std::map<std::string, Target> targets = {
+        {"ColorText", colorText}, {"ElementDataSource", elementDataSource},
+        {"HexField", hexField},   {"PropertyList", propertyList},
+        {"ThemeList", themeList},
+    };
+    return targets;
+}
+
+void Fuzz::require(bool condition, const char *what)
+{
+    if (!condition)
+        throw std::logic_error(what);
+}

@@ -1,0 +1,88 @@
+// The chooser's hex field under a sequence of edits. Each edit takes three bytes for where, how
+// much and what, and a pasted text as many more as it is long.
+#include "chooser/HexFieldRules.h"
+#include "fuzz/FuzzTargets.h"
+#include "theme/ColorText.h"
+
+#include <algorithm>
+
+namespace
+{
+/// The field's text as the field and its delegate change it (UITextField::ask and
+/// ColorPickerViewController::shouldChangeCharactersInRange), without a window.
+class Field
+{
+public:
+    const QString &text() const { return _text; }
+
+    void edit(qsizetype location, qsizetype length, const QString &replacement)
+    {
+        const HexFieldAnswer answer = answerHexFieldEdit(_text.size(), length, replacement);
+        QString supplied = _text;
+        if (answer.suppliesHash)
+            supplied.replace(location, length, u'#');
+        if (!answer.allowed)
+            _text = supplied;
+        else if (answer.suppliesHash && !replacement.isEmpty())
+            _text = supplied + replacement;
+        else
+            _text.replace(location, length, replacement);
+    }
+
+private:
+    QString _text = QStringLiteral("#FFFFFFFF");
+};
+
+class Edits
+{
+public:
+    explicit Edits(const QByteArray &bytes) : _bytes(bytes) {}
+    bool atEnd() const { return _position >= _bytes.size(); }
+    uchar byte() { return atEnd() ? 0 : uchar(_bytes[_position++]); }
+    QString text(qsizetype length)
+    {
+        const QByteArray part = _bytes.mid(_position, length);
+        _position += length;
+        return QString::fromLatin1(part);
+    }
+
+private:
+    const QByteArray &_bytes;
+    qsizetype _position = 0;
+};
+
+bool isDigit(QChar c)
+{
+    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+}
+} // namespace
+
+void Fuzz::hexField(const QByteArray &bytes)
+{
+    constexpr qsizetype wholeText = 9;
+    Edits edits(bytes);
+    Field field;
+    bool wasPastedWhole = false; // which goes in whatever it spells
+    while (!edits.atEnd()) {
+        const QString before = field.text();
+        const qsizetype location = edits.byte() % (before.size() + 1);
+        const qsizetype length = edits.byte() % (before.size() - location + 1);
+        const uchar what = edits.byte(); // up to 12: the length of a paste; else a key
+        const QString replacement = what <= 12 ? edits.text(what) : QString(QChar(what));
+        field.edit(location, length, replacement);
+        const QString &after = field.text();
+        wasPastedWhole |= replacement.size() == wholeText && after == replacement;
+
+        require(after.size() <= wholeText, "the field holds nine characters at most");
+        if (replacement.isEmpty())
+            require(after == QString(before).remove(location, length), "a deletion deletes");
+        if (before.isEmpty() && replacement.size() == 1)
+            require(after.startsWith(u'#'), "the sign supplies itself");
+        if (!wasPastedWhole)
+            require(after.count(u'#') <= 1 &&
+                        std::ranges::all_of(after, [](QChar c) { return c == u'#' || isDigit(c); }),
+                    "only digits are typed, behind one sign");
+        require(hexStringForColor(colorFromHexString(after)).size() == wholeText,
+                "whatever stands there is a colour");
+    }
+}
