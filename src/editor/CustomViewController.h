@@ -107,8 +107,8 @@ public:
     void dismissWithNoColorAndRow(std::int32_t selectedRow) override;
 
     /// The option sheet's answer: the label's value goes into the first element that bears the
-    /// sheet's title as its name. "Cancel" leaves everything, so an option of that label cannot be
-    /// chosen.
+    /// sheet's title as its name, if that has such an option. "Cancel" leaves everything, so an
+    /// option of that label cannot be chosen.
     void clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex) override;
 
     Q_INVOKABLE void saveButtonTap();

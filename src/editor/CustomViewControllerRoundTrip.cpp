@@ -178,8 +178,8 @@ void CustomViewController::clickedButtonAtIndex(UIActionSheet &actionSheet, int 
     const auto &records = _source.tableSource();
     const auto record = std::ranges::find_if(
         records, [&](const auto &element) { return element->name == actionSheet.title(); });
-    if (record != records.end())
-        (*record)->value = (*record)->options ? (*record)->options->value(label) : QVariant();
+    if (record != records.end() && (*record)->options && (*record)->options->contains(label))
+        (*record)->value = (*record)->options->value(label);
     if (auto *cell =
             qobject_cast<CustomTableCell *>(_tableView->cellForRowAtIndexPath(_savedIndexPath)))
         cell->colorLabel()->setText(label);

@@ -256,6 +256,9 @@ TEST_F(RoundTripTest, OptionsFindTheirElementByNameAndCancelIsNoOption)
     EXPECT_EQ(editor().source().record(0, 0).value, 2); // goes to the first of that name
     EXPECT_EQ(editor().source().record(1, 0).value, 3);
     EXPECT_EQ(cell({1, 0})->colorLabel()->text(), "On"); // though the tapped row shows it
+    tapRow({1, 0});
+    window().actionSheet()->click(0); // "Off", which the first has not
+    EXPECT_EQ(editor().source().record(0, 0).value, 2);
 }
 
 TEST_F(RoundTripTest, ASheetOfManyOptionsScrolls)
