@@ -14,18 +14,6 @@ bool isNotANumber(const QVariant &value)
     return value.typeId() == QMetaType::Double && std::isnan(value.toDouble());
 }
 
-QVariantList withoutNulls(QVariantList list)
-{
-    list.removeIf([](const QVariant &item) { return !item.isValid(); });
-    return list;
-}
-
-QVariantMap withoutNulls(QVariantMap map)
-{
-    map.removeIf([](auto item) { return !item.value().isValid(); });
-    return map;
-}
-
 bool isWellFormed(const QByteArray &xml)
 {
     QXmlStreamReader reader(xml);
@@ -42,11 +30,10 @@ bool Fuzz::isSame(const QVariant &left, const QVariant &right)
     if (left.typeId() != right.typeId())
         return PropertyList::isEqual(left, right);
     if (left.typeId() == QMetaType::QVariantList)
-        return std::ranges::equal(withoutNulls(left.toList()), withoutNulls(right.toList()),
-                                  isSame);
+        return std::ranges::equal(left.toList(), right.toList(), isSame);
     if (left.typeId() == QMetaType::QVariantMap) {
-        const QVariantMap leftMap = withoutNulls(left.toMap());
-        const QVariantMap rightMap = withoutNulls(right.toMap());
+        const QVariantMap leftMap = left.toMap();
+        const QVariantMap rightMap = right.toMap();
         return leftMap.keys() == rightMap.keys() &&
                std::equal(leftMap.begin(), leftMap.end(), rightMap.begin(), isSame);
     }

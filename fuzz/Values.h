@@ -5,8 +5,7 @@
 
 namespace Fuzz
 {
-/// Like PropertyList::isEqual, but "not a number" equals itself and null values are left out of
-/// lists and dictionaries: a null value has no written form.
+/// Like PropertyList::isEqual, but "not a number" equals itself.
 bool isSame(const QVariant &left, const QVariant &right);
 
 /// Like isSame, whatever the order of the keys.

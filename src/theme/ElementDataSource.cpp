@@ -17,20 +17,31 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Strings come as they can be saved, so that what a save writes is found again at the next start.
+QVariant valueFromJson(const QJsonValue &json);
+
+QVariantMap mapFromJson(const QJsonObject &object)
+{
+    QVariantMap map;
+    for (auto item = object.begin(); item != object.end(); ++item)
+        map.insert(xmlText(item.key()), valueFromJson(item.value()));
+    return map;
+}
+
+/// Values come as they can be saved, without nulls in lists and with text that XML can carry, so
+/// that what a save writes is found again at the next start.
 QVariant valueFromJson(const QJsonValue &json)
 {
     if (json.isArray()) {
         QVariantList list;
-        for (const QJsonValue item : json.toArray())
-            list.append(valueFromJson(item));
+        for (const QJsonValue item : json.toArray()) {
+            if (!item.isNull())
+                list.append(valueFromJson(item));
+        }
         return list;
     }
     if (json.isObject()) {
-        QVariantMap map;
-        const QJsonObject object = json.toObject();
-        for (auto item = object.begin(); item != object.end(); ++item)
-            map.insert(xmlText(item.key()), valueFromJson(item.value()));
+        QVariantMap map = mapFromJson(json.toObject());
+        map.removeIf([](auto item) { return !item.value().isValid(); });
         return map;
     }
     if (json.isString())
@@ -58,7 +69,7 @@ std::shared_ptr<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1St
     record->description = textFromJson(take("description"_L1));
     record->color = valueFromJson(take("color"_L1));
     if (const QJsonValue options = take("options"_L1); !options.isNull())
-        record->options = valueFromJson(options).toMap();
+        record->options = mapFromJson(options.toObject()); // a label may stand for null
     record->value = valueFromJson(take("value"_L1));
     if (const QJsonValue section = take("section"_L1); !section.isNull())
         record->section = textFromJson(section);
