@@ -96,7 +96,8 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
     EXPECT_EQ(tree(folders().theme.packageFolder()),
               (QStringList{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"}));
     EXPECT_EQ(contents(folders().theme.workingCopy()), info("#FF0000FF"));
-    EXPECT_EQ(tree(folders().theme.workingCopyFolder()), (QStringList{"Info.plist", "Info.previous.plist", "other.txt"}));
+    EXPECT_EQ(tree(folders().theme.workingCopyFolder()),
+              (QStringList{"Info.plist", "Info.previous.plist", "other.txt"}));
     EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!");
     EXPECT_EQ(row("Build Your Own!")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
 
