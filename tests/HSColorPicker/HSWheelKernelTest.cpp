@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 #include <vector>
 
 namespace
@@ -31,10 +30,11 @@ bool mayDiffer(double unrounded)
     return std::abs(unrounded - std::floor(unrounded) - 0.5) <= 0.001;
 }
 
-void expectWheel(const std::vector<std::uint8_t> &expected, int side, double padding)
+void expectWheel(const std::vector<std::uint8_t> &expected, int side, double padding,
+                 const HSWheelVectors &vectors)
 {
     std::vector<std::uint8_t> actual(expected.size() + guardSize, guardByte);
-    HSFillWheel(actual.data(), side, padding);
+    HSFillWheel(actual.data(), side, padding, vectors);
     const std::size_t rowSize = std::size_t(side) * 4;
     for (std::size_t i = 0; i < expected.size(); ++i) {
         // Almost every row is equal as a whole, which is quick to see.
@@ -64,13 +64,6 @@ class HSWheelKernelTest : public testing::TestWithParam<SizeRange>
 {
 };
 
-// 0 brings back the machine's own choice.
-void choose(std::int64_t target)
-{
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-}
-
 std::vector<SizeRange> sizeRanges()
 {
     std::vector<SizeRange> ranges;
@@ -85,12 +78,10 @@ void expectWheels(int side, double padding)
 {
     std::vector<std::uint8_t> expected(std::size_t(side) * side * 4);
     HSFillWheelScalar(expected.data(), side, side, padding);
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+    for (const HSWheelVectors &vectors : HSWheelVectorsOfThisMachine()) {
         SCOPED_TRACE(testing::Message() << "side " << side << ", padding " << padding << ", "
-                                        << hwy::TargetName(target));
-        choose(target);
-        expectWheel(expected, side, padding);
-        choose(0);
+                                        << vectors.instructionSet);
+        expectWheel(expected, side, padding, vectors);
     }
 }
 

@@ -33,6 +33,13 @@
 #include <cstring>
 #include <limits>
 
+// Compiled for the machines between which the choice below is made. The choice is ours because a
+// program that links Highway's library for it waits 5 ms at each start while that measures a clock.
+#ifdef __x86_64__
+#define HWY_DISABLED_TARGETS (HWY_SSSE3 | HWY_AVX3_DL)
+#else
+#define HWY_COMPILE_ONLY_STATIC
+#endif
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "HSColorPicker/ColorPickerClasses/HSWheelKernel.cpp"
 #include <hwy/foreach_target.h>
@@ -165,15 +172,36 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace wheel_kernel
 {
-HWY_EXPORT(fill);
+std::vector<HSWheelVectors> findVectors()
+{
+    std::vector<HSWheelVectors> found;
+#ifdef __x86_64__
+    const bool hasAVX2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") &&
+                         __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2");
+    if (hasAVX2 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl") &&
+        __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512bw"))
+        found.push_back({"AVX-512", N_AVX3::fill});
+    if (hasAVX2)
+        found.push_back({"AVX2", N_AVX2::fill});
+    if (__builtin_cpu_supports("sse4.2"))
+        found.push_back({"SSE4", N_SSE4::fill});
+#endif
+    found.push_back({"any of its kind", HWY_STATIC_DISPATCH(fill)});
+    return found;
+}
 } // namespace wheel_kernel
 
-void HSFillWheel(std::uint8_t *pixels, int side, double padding)
+const std::vector<HSWheelVectors> &HSWheelVectorsOfThisMachine()
+{
+    static const std::vector<HSWheelVectors> vectors = wheel_kernel::findVectors();
+    return vectors;
+}
+
+void HSFillWheel(std::uint8_t *pixels, int side, double padding, const HSWheelVectors &vectors)
 {
     const double rim = side * 0.5 - padding;
     const double scale = rim > 0.0 ? 255.0 / rim : std::numeric_limits<double>::infinity();
-    HWY_DYNAMIC_DISPATCH(wheel_kernel::fill)
-    (reinterpret_cast<std::uint32_t *>(pixels), side, float(scale));
+    vectors.fill(reinterpret_cast<std::uint32_t *>(pixels), side, float(scale));
     if (side % 2 == 0) {
         // The centre has no direction, and the division above gave it none.
         const int middle = side / 2;
