@@ -6,6 +6,10 @@
 CALayer::CALayer(QQuickItem *parent) : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
+    // Pixel for pixel, which the software renderer copies instead of interpolating; smooth only in
+    // the frames in which the layer is scaled.
+    setSmooth(false);
+    connect(this, &QQuickItem::scaleChanged, this, [this] { setSmooth(scale() != 1.0); });
 }
 
 void CALayer::setContents(QImage contents)
@@ -33,9 +37,9 @@ QSGNode *CALayer::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
     if (!node) {
         node = window()->createImageNode();
         node->setOwnsTexture(true);
-        node->setFiltering(QSGTexture::Linear); // for the frames in which the item is scaled
         _uploaded = false;
     }
+    node->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
     if (!_uploaded) {
         node->setTexture(window()->createTextureFromImage(_pixels));
         node->setSourceRect(QRectF(_pixels.rect()));
