@@ -25,13 +25,11 @@ PushButton {
         }
     }
     Text {
-        anchors.fill: parent
+        anchors.centerIn: parent
+        scale: Math.min(1, (button.width - 12) / width) // for fonts wider than the phone's
         text: button.title
         color: button.titleColor
         font.pixelSize: button.titleSize
-        fontSizeMode: Text.HorizontalFit
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
     }
 }
