@@ -10,6 +10,8 @@ ColorPickerViewController::ColorPickerViewController(const UIColor &color, std::
                                                      std::int32_t row)
     : _color(color), _selectedSection(section), _selectedRow(row), _initialColor(color)
 {
+    const QSizeF screen = UIScreen::mainScreen().size();
+    _layout = ChooserLayout::make(screen.width(), screen.height());
 }
 
 ColorPickerViewController::~ColorPickerViewController()
@@ -48,7 +50,6 @@ void ColorPickerViewController::setDelegate(std::shared_ptr<ColorPickerViewDeleg
 void ColorPickerViewController::viewDidLoad()
 {
     view()->setWidth(UIScreen::mainScreen().size().width());
-    viewDidLayoutSubviews();
     const auto self = std::static_pointer_cast<ColorPickerViewController>(shared_from_this());
     _hexTextField = view()->property("hexTextField").value<UITextField *>();
     _hexTextField->setText("#FFFFFFFF");

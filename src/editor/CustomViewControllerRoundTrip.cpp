@@ -51,11 +51,11 @@ void CustomViewController::showChooser(const ElementRecord &record, NSIndexPath 
         navigationController()->setNavigationBarHidden(true);
 
     _colorPickerNavController->loadViewIfNeeded(*engine());
-    _colorPickerNavController->viewWillAppear(false);
     QQuickItem *page = _colorPickerNavController->view();
-    setChooserAlpha(1.0);
-    page->setSize(view()->size());
+    page->setSize(view()->size()); // first, or the chooser lays itself out for nothing
     page->setParentItem(view());
+    _colorPickerNavController->viewWillAppear(false);
+    setChooserAlpha(1.0);
     page->setEnabled(true);
     page->setFocus(true);
     _colorPickerNavController->viewDidAppear(false);
