@@ -24,14 +24,36 @@ protected:
     BGHSLoupeLayer loupe;
 };
 
-QImage drawnAtScale(double scale, const std::function<void(QPainter &)> &draw)
+/// The pane, with another picture over it.
+QImage paneAtScale(double scale, BGHSLoupeLayer &loupe, const QImage &over = {})
 {
     QImage picture((QSizeF(97, 97) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    draw(painter);
+    loupe.drawInContext(painter, {0, 0, 97, 97});
+    painter.drawImage(0, 0, over);
     return picture;
+}
+
+/// Looks at opposite corners of each of the pane's squares, that far inside, as far as they are
+/// inside the circle.
+void expectSquares(const QImage &pane, int perSide, double margin,
+                   const std::function<QRgb(int, int)> &expected)
+{
+    const double side = 85.0 / perSide;
+    for (int row = 0; row < perSide; ++row) {
+        for (int column = 0; column < perSide; ++column) {
+            for (const double inset : {margin, side - margin}) {
+                const double x = side * column - 42.5 + inset;
+                const double y = side * row - 42.5 + inset;
+                if (std::hypot(x, y) < 39.0) {
+                    EXPECT_EQ(pixelAt(pane, x, y), expected(row, column))
+                        << row << ", " << column << " at scale " << pane.devicePixelRatio();
+                }
+            }
+        }
+    }
 }
 
 /// Of any two bytes; pictures of the same premultiplied format and size.
@@ -47,50 +69,24 @@ TEST_F(BGHSLoupeLayerDrawingTest, MagnifiesTheColoursAroundTheSelection)
 {
     wheel.setSelection({90, 150});
     for (const double scale : {1.0, 2.0, 3.0}) {
-        const QImage picture = drawnAtScale(scale, [this](QPainter &painter) {
-            loupe.drawInContext(painter, {0, 0, 97, 97});
+        const QImage pane = paneAtScale(scale, loupe);
+        expectSquares(pane, 5, 0.1, [this](int row, int column) {
+            return rgbOf(wheel.colorAtPoint({90.0 - 37 + 15 * column, 150.0 - 37 + 15 * row}));
         });
-        // The first and the last pixel of each cell, as far as they are inside the circle.
-        for (int row = 0; row < 5; ++row) {
-            for (int column = 0; column < 5; ++column) {
-                const QPointF sample(90 - 37 + 15 * column, 150 - 37 + 15 * row);
-                for (const double inset : {0.1, 16.9}) {
-                    const double x = 17 * column - 42.5 + inset;
-                    const double y = 17 * row - 42.5 + inset;
-                    if (std::hypot(x, y) < 39.0) {
-                        EXPECT_EQ(pixelAt(picture, x, y), rgbOf(wheel.colorAtPoint(sample)))
-                            << row << ", " << column << " at scale " << scale;
-                    }
-                }
-            }
-        }
-        EXPECT_EQ(qAlpha(pixelAt(picture, 0, -42.4)), 0);
-        EXPECT_EQ(qAlpha(pixelAt(picture, 30, 30)), 0);
+        EXPECT_EQ(qAlpha(pixelAt(pane, 0, -42.4)), 0);
+        EXPECT_EQ(qAlpha(pixelAt(pane, 30, 30)), 0);
     }
 }
 
 TEST_F(BGHSLoupeLayerDrawingTest, ShowsACheckerboardThroughTransparency)
 {
     wheel.setOpacity(0.0);
-    const QImage picture = drawnAtScale(2.0, [this](QPainter &painter) {
-        loupe.drawInContext(painter, {0, 0, 97, 97});
+    const QImage pane = paneAtScale(2.0, loupe);
+    expectSquares(pane, 6, 1.0, [](int row, int column) {
+        return (row + column) % 2 ? qRgb(128, 128, 128) : qRgb(255, 255, 255);
     });
-    for (int row = 0; row < 6; ++row) {
-        for (int column = 0; column < 6; ++column) {
-            for (const double inset : {1.0, 13.2}) {
-                const double x = 85.0 / 6.0 * column - 42.5 + inset;
-                const double y = 85.0 / 6.0 * row - 42.5 + inset;
-                if (std::hypot(x, y) < 39.0) {
-                    EXPECT_EQ(qRed(pixelAt(picture, x, y)), (row + column) % 2 ? 128 : 255)
-                        << row << ", " << column;
-                }
-            }
-        }
-    }
-    const QImage empty = drawnAtScale(2.0, [](QPainter &painter) {
-        BGHSLoupeLayer().drawInContext(painter, {0, 0, 97, 97});
-    });
-    EXPECT_EQ(empty, picture) << "without a wheel there are no cells";
+    BGHSLoupeLayer lone;
+    EXPECT_EQ(paneAtScale(2.0, lone), pane) << "without a wheel there are no cells";
 }
 
 TEST_F(BGHSLoupeLayerDrawingTest, TheRimIsGlass)
@@ -109,7 +105,6 @@ TEST_F(BGHSLoupeLayerDrawingTest, TheRimIsGlass)
         for (const double at : {-9.6, -8.4, 7.4, 8.6})
             EXPECT_EQ(qAlpha(pixelAt(rim, at, -4)), 0) << at;
     }
-    loupe.setContentsScale(3.0);
     const QImage rim = loupe.loupeImage();
     EXPECT_GT(qAlpha(pixelAt(rim, 0, 44)), 150) << "the shadow falls downward";
     EXPECT_GT(qAlpha(pixelAt(rim, 0, 44)), qAlpha(pixelAt(rim, 0, 47)));
@@ -139,10 +134,7 @@ TEST_F(BGHSLoupeLayerDrawingTest, TheWindowShowsPaneAndRim)
             wheel.setOpacity(opacity);
             layer.appearInColorPicker(wheel);
             canvas.draw();
-            const QImage expected = drawnAtScale(scale, [&](QPainter &painter) {
-                layer.drawInContext(painter, {0, 0, 97, 97});
-                painter.drawImage(0, 0, rim);
-            });
+            const QImage expected = paneAtScale(scale, layer, rim);
             EXPECT_EQ(layer.pixels().size(), expected.size());
             EXPECT_LE(largestDifference(layer.pixels(), expected), 2)
                 << "at scale " << scale << ", opacity " << opacity;

@@ -13,12 +13,9 @@ using Bitmap = std::shared_ptr<ANImageBitmapRep>;
 TEST(HSBitmapCacheTest, SizesBelowAPixelGiveNothingAtOnce)
 {
     HSBitmapCache cache;
-    const struct {
-        double diameter, scale;
-    } cases[] = {
-        {0, 2}, {-240, 2}, {240, -2}, {0.4, 2}, {std::numeric_limits<double>::quiet_NaN(), 2}};
-    for (const auto &[diameter, scale] : cases)
-        EXPECT_EQ(cache.bitmapForDiameter(diameter, scale, 11, true), nullptr) << diameter;
+    for (const double diameter : {0.0, -240.0, 0.4, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(cache.bitmapForDiameter(diameter, 2, 11, true), nullptr) << diameter;
+    EXPECT_EQ(cache.bitmapForDiameter(240, -2, 11, true), nullptr);
 }
 
 TEST(HSBitmapCacheTest, SharesByPixelSizeAndPadding)
@@ -62,14 +59,12 @@ TEST(HSBitmapCacheTest, HeavyEntriesPushOutOldOnes)
     const Bitmap first = cache.bitmapForDiameter(40, 1, 11, true);
     const Bitmap second = cache.bitmapForDiameter(50, 1, 11, true);
     EXPECT_EQ(cache.bitmapForDiameter(40, 1, 11, true), first) << "90 fit; now 50 is the older";
-    const Bitmap third = cache.bitmapForDiameter(60, 1, 11, true);
+    cache.bitmapForDiameter(60, 1, 11, true);
     EXPECT_EQ(cache.bitmapForDiameter(40, 1, 11, true), first);
-    EXPECT_EQ(cache.bitmapForDiameter(60, 1, 11, true), third);
     EXPECT_NE(cache.bitmapForDiameter(50, 1, 11, true), second) << "generated anew";
     EXPECT_EQ(second->image().pixel(25, 25), 0xFFFFFFFF) << "who holds a bitmap keeps it";
 
     const Bitmap heavy = cache.bitmapForDiameter(101, 1, 11, true);
-    ASSERT_NE(heavy, nullptr);
     EXPECT_NE(cache.bitmapForDiameter(101, 1, 11, true), heavy) << "above the limit";
 }
 
@@ -99,11 +94,4 @@ TEST(HSBitmapCacheTest, PreparesWhatAViewWillAskFor)
     }
 }
 
-TEST(HSBitmapCacheTest, ViewsShareOneCache)
-{
-    HSBitmapCache &cache = HSBitmapCache::shared();
-    EXPECT_EQ(&cache, &HSBitmapCache::shared());
-    const Bitmap bitmap = cache.bitmapForDiameter(240, 2, 11, true);
-    EXPECT_EQ(cache.bitmapForDiameter(240, 2, 11, true), bitmap);
-}
 } // namespace

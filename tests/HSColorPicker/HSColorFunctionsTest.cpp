@@ -1,20 +1,12 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
 
-#include <cmath>
+#include <array>
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>
 
 namespace
 {
-void expectPixel(const BMPixel &actual, double red, double green, double blue)
-{
-    EXPECT_NEAR(actual.red, red, 1e-12);
-    EXPECT_NEAR(actual.green, green, 1e-12);
-    EXPECT_NEAR(actual.blue, blue, 1e-12);
-    EXPECT_EQ(actual.alpha, 1.0);
-}
-
 TEST(HSColorFunctionsTest, PixelFromHSVWalksTheSixSectors)
 {
     const struct {
@@ -37,7 +29,11 @@ TEST(HSColorFunctionsTest, PixelFromHSVWalksTheSixSectors)
     };
     for (const auto &[hue, saturation, brightness, red, green, blue] : cases) {
         SCOPED_TRACE(hue);
-        expectPixel(HSPixelFromHSV(hue, saturation, brightness), red, green, blue);
+        const BMPixel pixel = HSPixelFromHSV(hue, saturation, brightness);
+        EXPECT_NEAR(pixel.red, red, 1e-12);
+        EXPECT_NEAR(pixel.green, green, 1e-12);
+        EXPECT_NEAR(pixel.blue, blue, 1e-12);
+        EXPECT_EQ(pixel.alpha, 1.0);
     }
     for (const double hue : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(HSPixelFromHSV(hue, 1, 1).red, 1.0) << "the last sector";
@@ -55,22 +51,19 @@ TEST(HSColorFunctionsTest, ComponentsOfEveryKindOfColour)
     fine.setDevicePixelRatio(2.0);
     const struct {
         UIColor colour;
-        double red, green, blue, alpha;
+        std::array<double, 4> expected;
     } cases[] = {
-        {UIColor::colorWithRed(0.1, 0.2, 0.3, 0.4), 0.1, 0.2, 0.3, 0.4},
-        {UIColor::colorWithWhite(0.7, 0.5), 0.7, 0.7, 0.7, 0.5},
-        {UIColor::colorWithPatternImage(tile), 0, 1, 0, 128 / 255.0},
-        {UIColor::colorWithPatternImage(fine), 0, 0, 1, 1},
-        {UIColor::colorWithPatternImage(clear), 0, 0, 0, 0},
-        {UIColor::colorWithPatternImage(QImage()), 0, 0, 0, 0},
+        {UIColor::colorWithRed(0.1, 0.2, 0.3, 0.4), {0.1, 0.2, 0.3, 0.4}},
+        {UIColor::colorWithWhite(0.7, 0.5), {0.7, 0.7, 0.7, 0.5}},
+        {UIColor::colorWithPatternImage(tile), {0, 1, 0, 128 / 255.0}},
+        {UIColor::colorWithPatternImage(fine), {0, 0, 1, 1}},
+        {UIColor::colorWithPatternImage(clear), {0, 0, 0, 0}},
+        {UIColor::colorWithPatternImage(QImage()), {0, 0, 0, 0}},
     };
-    for (const auto &[colour, red, green, blue, alpha] : cases) {
+    for (const auto &[colour, expected] : cases) {
         double components[4] = {9, 9, 9, 9};
         HSGetComponentsForColor(components, colour);
-        EXPECT_EQ(components[0], red);
-        EXPECT_EQ(components[1], green);
-        EXPECT_EQ(components[2], blue);
-        EXPECT_EQ(components[3], alpha);
+        EXPECT_EQ(std::to_array(components), expected);
     }
 }
 
@@ -81,6 +74,7 @@ TEST(HSColorFunctionsTest, BackgroundTileIsACheckerboard)
         const int side = int(20 * scale);
         ASSERT_EQ(tile.size(), QSize(side, side));
         EXPECT_EQ(tile.devicePixelRatio(), scale);
+        EXPECT_EQ(HSUIImageWithScale(tile, 0.0).devicePixelRatio(), 1.0);
         for (const int y : {0, side / 2 - 1, side / 2, side - 1}) {
             for (const int x : {0, side / 2 - 1, side / 2, side - 1}) {
                 const bool grey = (x < side / 2) == (y < side / 2);
@@ -93,21 +87,9 @@ TEST(HSColorFunctionsTest, BackgroundTileIsACheckerboard)
 TEST(HSColorFunctionsDeathTest, BackgroundTileNeedsASizeInEveryBuild)
 {
     const UIColor white = UIColor::whiteColor();
-    const double nothing = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_DEATH(HSOpacityBackgroundImage(0, 2, white), "length > 0");
-    EXPECT_DEATH(HSOpacityBackgroundImage(nothing, 2, white), "length > 0");
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_DEATH(HSOpacityBackgroundImage(notANumber, 2, white), "length > 0");
     EXPECT_DEATH(HSOpacityBackgroundImage(20, -1, white), "scale > 0");
-}
-
-TEST(HSColorFunctionsTest, ImageWithScaleKeepsPixels)
-{
-    QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::red);
-    const QImage scaled = HSUIImageWithScale(image, 2.0);
-    EXPECT_EQ(scaled.devicePixelRatio(), 2.0);
-    EXPECT_EQ(image.devicePixelRatio(), 1.0);
-    EXPECT_EQ(scaled.pixel(3, 3), image.pixel(3, 3));
-    EXPECT_EQ(HSUIImageWithScale(scaled, 0.0).devicePixelRatio(), 1.0);
 }
 
 TEST(HSColorFunctionsTest, RandomColoursDrawInOrder)

@@ -1,10 +1,12 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 
+#include "platform/CALayer.h"
 #include "support/Canvas.h"
+#include "support/WheelChecks.h"
 
-#include <cmath>
+#include <QTest>
+
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -26,8 +28,6 @@ class HSColorPickerViewTest : public testing::Test
 protected:
     HSColorPickerViewTest() { view->setDelegate(recorder); }
 
-    QQuickItem *layer(const char *name) { return view->findChild<QQuickItem *>(name); }
-
     Canvas canvas{{400, 400}, 2.0};
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
     std::unique_ptr<HSColorPickerView> view{HSColorPickerView::initWithFrame({5, 7, 200, 300})};
@@ -46,28 +46,8 @@ TEST_F(HSColorPickerViewTest, StartsWhiteAndSquare)
     EXPECT_EQ(view->selectionColor().components(), (UIColor::RGBA{1, 1, 1, 1}));
     EXPECT_TRUE(view->showLoupe());
     EXPECT_FALSE(view->cropToCircle());
-    HSColorPickerView unsquared;
-    unsquared.setFrame({0, 0, 300, 200});
-    EXPECT_EQ(unsquared.size(), QSizeF(300, 200));
-}
-
-TEST_F(HSColorPickerViewTest, StacksItsLayers)
-{
-    QStringList names;
-    for (const QQuickItem *child : layer("_contentsLayer")->childItems())
-        names += child->objectName();
-    EXPECT_EQ(names, (QStringList{"_gradientLayer", "_brightnessLayer", "_selectionColorLayer",
-                                  "_opacityLayer", "_selectionLayer"}));
-    EXPECT_TRUE(layer("_contentsLayer")->clip());
-    view->setParentItem(canvas.contentItem());
-    view->setSelection({150, 60});
-    view->setBrightness(0.25);
-    view->setOpacity(0.5);
-    EXPECT_EQ(layer("_brightnessLayer")->opacity(), 0.75);
-    EXPECT_EQ(layer("_opacityLayer")->opacity(), 0.5);
-    for (const char *ring : {"_selectionLayer", "_selectionColorLayer"})
-        EXPECT_EQ(layer(ring)->mapRectToItem(view.get(), layer(ring)->boundingRect()),
-                  QRectF(139, 49, 22, 22));
+    view->setFrame({0, 0, 300, 200});
+    EXPECT_EQ(view->size(), QSizeF(300, 200)) << "only the first frame is made square";
 }
 
 TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
@@ -91,13 +71,16 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
     };
     for (const auto &[touch, inSquare, inCircle] : cases) {
         SCOPED_TRACE(testing::Message() << touch.x() << ", " << touch.y());
-        for (const bool circle : {false, true}) {
-            view->setCropToCircle(circle);
-            expectNear(view->validPointForTouch(touch), circle ? inCircle : inSquare);
-            view->setSelection(touch);
-            expectNear(view->selection(), circle ? inCircle : inSquare);
-        }
+        view->setSelection(touch);
+        expectNear(view->selection(), inSquare);
+        view->setCropToCircle(true); // which pulls the selection in
+        expectNear(view->selection(), inCircle);
+        view->setSelection(touch);
+        expectNear(view->selection(), inCircle);
+        view->setCropToCircle(false); // which does not put it back
+        expectNear(view->selection(), inCircle);
     }
+    view->setCropToCircle(true);
     view->setFrame({0, 0, 300, 200}); // below the middle but above the half width: mirrored
     const double far = 139 / std::hypot(140, 40);
     expectNear(view->validPointForTouch({290, 140}), {150 + 140 * far, 100 - 40 * far});
@@ -132,54 +115,33 @@ TEST_F(HSColorPickerViewTest, KeepsBrightnessAndOpacityWhereverThePointGoes)
     EXPECT_EQ(view->selection(), QPointF(189, 100));
 }
 
-TEST_F(HSColorPickerViewTest, RoundingTheShapePullsTheSelectionIn)
-{
-    view->setSelection({11, 11});
-    view->setCropToCircle(true);
-    const double rim = 100 - 89 * std::sqrt(0.5);
-    expectNear(view->selection(), {rim, rim});
-    view->setCropToCircle(false);
-    expectNear(view->selection(), {rim, rim});
-}
-
 TEST_F(HSColorPickerViewTest, ReportsEachChangeOnceItIsDrawn)
 {
+    const QRectF large(0, 0, 210, 210), small(3, 4, 150, 150);
+    const auto ask = [this] {
+        view->colorAtPoint({20, 20});
+        view->stateForPoint({20, 20});
+        view->validPointForTouch({0, 0});
+    };
     const struct {
         const char *what;
         int reports;
         std::function<void()> act;
     } cases[] = {
-        {"frame without a window", 0,
-         [&] {
-             view->setFrame({0, 0, 210, 210});
-         }},
+        {"frame without a window", 0, [&] { view->setFrame(large); }},
         {"window", 1, [&] { view->setParentItem(canvas.contentItem()); }},
-        {"frame", 1,
-         [&] {
-             view->setFrame({3, 4, 150, 150});
-         }},
-        {"same frame", 1,
-         [&] {
-             view->setFrame({3, 4, 150, 150});
-         }},
+        {"frame", 1, [&] { view->setFrame(small); }},
+        {"same frame", 1, [&] { view->setFrame(small); }},
         {"width alone", 1, [&] { view->setWidth(160); }},
         {"brightness", 1, [&] { view->setBrightness(0.5); }},
         {"same brightness", 1, [&] { view->setBrightness(0.5); }},
         {"opacity", 1, [&] { view->setOpacity(0.5); }},
         {"colour", 1, [&] { view->setSelectionColor(UIColor::blackColor()); }},
-        {"point", 1,
-         [&] {
-             view->setSelection({40, 50});
-         }},
+        {"point", 1, [&] { view->setSelection(QPointF(40, 50)); }},
         {"circle", 1, [&] { view->setCropToCircle(true); }},
         {"square", 1, [&] { view->setCropToCircle(false); }},
         {"loupe", 0, [&] { view->setShowLoupe(false); }},
-        {"questions", 0,
-         [&] {
-             view->colorAtPoint({20, 20});
-             view->stateForPoint({20, 20});
-             view->validPointForTouch({0, 0});
-         }},
+        {"questions", 0, ask},
         {"another window's child", 0, [&] { view->setParentItem(nullptr); }},
         {"change without a window", 1, [&] { view->setBrightness(1.0); }},
     };
@@ -204,9 +166,70 @@ TEST_F(HSColorPickerViewTest, TakesItsScaleAndPictureFromTheWindow)
     EXPECT_EQ(view->rep(), HSColorPickerView::bitmapForDiameter(200, 2, 11, true)) << "shared";
     Canvas sharper({400, 400}, 3.0);
     view->setParentItem(sharper.contentItem());
-    EXPECT_EQ(view->scale(), 3.0);
     EXPECT_EQ(view->rep()->bitmapSize(), (BMPoint{600, 600}));
     view->setParentItem(nullptr);
     EXPECT_EQ(view->scale(), 0.0);
+}
+
+// The wheel as the software renderer draws it: a view of 120 points that fills its window.
+struct Picture {
+    explicit Picture(double scale) : canvas({120, 120}, scale) {}
+
+    Canvas canvas;
+    HSColorPickerView &view =
+        *HSColorPickerView::initWithFrame({0, 0, 120, 120}, canvas.contentItem());
+};
+
+TEST(HSColorPickerViewPictureTest, ShowsTheReferencePixels)
+{
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        Picture picture(scale);
+        WheelChecks::expectWheels(picture.canvas.window(), picture.view,
+                                  [&] { return picture.canvas.draw(); });
+    }
+}
+
+TEST(HSColorPickerViewPictureTest, ShowsTransparencyAsACheckerboardOverTheDiscAsWell)
+{
+    Picture shown(2.0);
+    shown.view.setSelection({60, 60});
+    shown.view.setOpacity(0.0);
+    const QImage &picture = shown.canvas.draw();
+    for (const QPoint point : {QPoint(3, 5), {57, 57}, {63, 63}, {13, 11}}) // grey squares
+        EXPECT_TRUE(WheelChecks::isNear(picture.pixel(point * 2), qRgb(128, 128, 128)));
+    for (const QPoint point : {QPoint(13, 5), {63, 57}, {57, 63}, {3, 11}})
+        EXPECT_EQ(picture.pixel(point * 2), qRgb(255, 255, 255));
+    EXPECT_EQ(picture.pixel(120 - 16, 120), qRgb(0, 0, 0)) << "the ring stays on top";
+}
+
+TEST(HSColorPickerViewPictureTest, AMoveIsDrawnAtOnceAndLeavesTheWheelAlone)
+{
+    Picture shown(2.0);
+    HSColorPickerView &view = shown.view;
+    view.setBrightness(0.5);
+    view.setShowLoupe(false);
+    const auto pictures = [&view] {
+        QList<qint64> keys;
+        for (const char *name : {"_gradientLayer", "_brightnessLayer", "_opacityLayer"})
+            keys += view.findChild<CALayer *>(name)->pixels().cacheKey();
+        return keys;
+    };
+    const QList<qint64> before = pictures();
+    shown.canvas.draw();
+    QTest::mousePress(&shown.canvas.window(), Qt::LeftButton, {}, {30, 30});
+    for (const QPoint point : {QPoint(30, 30), {40, 80}, {90, 60}}) {
+        QTest::mouseMove(&shown.canvas.window(), point);
+        const QImage &picture = shown.canvas.draw();
+        EXPECT_EQ(picture.pixel(point * 2), view.selectionColor().qColor().rgb())
+            << "the disc lies above the blackness";
+        EXPECT_EQ(picture.pixel(point * 2 + QPoint(16, 0)), qRgb(0, 0, 0));
+        view.setPosition(view.position() + QPointF(1, 0)); // neither does moving the view
+        view.setPosition(view.position() - QPointF(1, 0));
+    }
+    QTest::mouseRelease(&shown.canvas.window(), Qt::LeftButton, {}, {90, 60});
+    EXPECT_EQ(pictures(), before);
+    view.setCropToCircle(true);
+    EXPECT_NE(pictures(), before);
 }
 } // namespace

@@ -168,33 +168,4 @@ TEST_F(HSColorPickerViewTouchesTest, ACancelledTouchLeavesTheSelection)
     EXPECT_EQ(view->selection(), QPointF(20, 30));
 }
 
-TEST_F(HSColorPickerViewTouchesTest, ShowsTheLoupeOverTheFinger)
-{
-    ASSERT_TRUE(waitForWindow());
-    view->setShowLoupe(false);
-    mouse(QTest::mousePress, {40, 50});
-    EXPECT_EQ(loupe(), nullptr);
-    mouse(QTest::mouseRelease, {40, 50});
-
-    view->setShowLoupe(true);
-    mouse(QTest::mousePress, {40, 50});
-    ASSERT_TRUE(loupe());
-    EXPECT_EQ(loupe()->parentItem(), view);
-    EXPECT_EQ(view->childItems().last(), loupe()) << "above all layers";
-    EXPECT_EQ(loupe()->position(), QPointF(-9, -47)) << "from -8.5, away from zero";
-    moveMouse({100, 150});
-    EXPECT_EQ(loupe()->position(), QPointF(52, 53)) << "from 51.5";
-    EXPECT_FALSE(loupe()->isReadyToDismiss());
-    mouse(QTest::mouseRelease, {100, 150});
-    EXPECT_TRUE(loupe()->isReadyToDismiss());
-
-    view->setShowLoupe(false);
-    auto &popUp = *loupe()->findChild<QAbstractAnimation *>("cp_l_appear");
-    popUp.setCurrentTime(popUp.duration());
-    mouse(QTest::mousePress, {40, 50});
-    EXPECT_TRUE(loupe()->isReadyToDismiss()) << "no longer wanted";
-    mouse(QTest::mouseRelease, {40, 50});
-    page->setParentItem(nullptr);
-    EXPECT_EQ(loupe()->parentItem(), nullptr) << "gone at once without a window";
-}
 } // namespace

@@ -16,31 +16,19 @@ QImage drawn(HSSelectionLayer &layer, double scale)
     return picture.convertToFormat(QImage::Format_ARGB32);
 }
 
-UIColor::RGBA rgba(const std::optional<UIColor> &color)
-{
-    return color->components();
-}
-
 TEST(HSSelectionLayerTest, ColoursAreKeptOnlyAsAPair)
 {
-    const UIColor::RGBA defaultOuter{1, 1, 1, 0.4}, defaultInner{0, 0, 0, 1};
-    const UIColor red = UIColor::colorWithRed(1, 0, 0, 1);
-    const UIColor blue = UIColor::colorWithRed(0, 0, 1, 0.5);
+    constexpr QRgb outer = 0x66FFFFFF, inner = 0xFF000000, red = 0xFFFF0000, blue = 0xFF0000FF;
     for (const int set : {0, 1, 2, 3}) {
         HSSelectionLayer layer;
-        EXPECT_FALSE(layer.outerRingColor() || layer.innerRingColor());
         if (set & 1)
-            layer.setOuterRingColor(red);
+            layer.setOuterRingColor(UIColor::colorWithRed(1, 0, 0, 1));
         if (set & 2)
-            layer.setInnerRingColor(blue);
-        drawn(layer, 1.0);
-        EXPECT_EQ(rgba(layer.outerRingColor()), set == 3 ? red.components() : defaultOuter);
-        EXPECT_EQ(rgba(layer.innerRingColor()), set == 3 ? blue.components() : defaultInner);
+            layer.setInnerRingColor(UIColor::colorWithRed(0, 0, 1, 1));
+        const QImage picture = drawn(layer, 3.0);
+        EXPECT_EQ(picture.pixel(33, 1), set == 3 ? red : outer) << set;
+        EXPECT_EQ(picture.pixel(33, 9), set == 3 ? blue : inner) << set;
     }
-    HSSelectionLayer layer;
-    layer.setOuterRingColor(red);
-    layer.setInnerRingColor(blue);
-    EXPECT_EQ(drawn(layer, 3.0).pixel(33, 1), qRgb(255, 0, 0));
 }
 
 // From the outside: white at 0.4 from radius 11 to 9, black from 9 to 7; nothing within.

@@ -50,29 +50,6 @@ void expectWheel(const std::vector<std::uint8_t> &expected, int side, double pad
         ASSERT_EQ(actual[i], guardByte) << "written beyond the picture";
 }
 
-struct SizeRange {
-    int first, last;
-    double padding;
-};
-
-void PrintTo(const SizeRange &range, std::ostream *out)
-{
-    *out << "sides " << range.first << " to " << range.last << ", padding " << range.padding;
-}
-
-class HSWheelKernelTest : public testing::TestWithParam<SizeRange>
-{
-};
-
-std::vector<SizeRange> sizeRanges()
-{
-    std::vector<SizeRange> ranges;
-    for (const double padding : {0.0, 11.0, 22.0})
-        for (int first = 1; first <= 700; first += 50)
-            ranges.push_back({first, first + 49, padding});
-    return ranges;
-}
-
 // All instruction sets, one size.
 void expectWheels(int side, double padding)
 {
@@ -85,10 +62,15 @@ void expectWheels(int side, double padding)
     }
 }
 
+// A first side and a padding.
+class HSWheelKernelTest : public testing::TestWithParam<std::tuple<int, double>>
+{
+};
+
 TEST_P(HSWheelKernelTest, MatchesTheReferenceOnEveryInstructionSet)
 {
-    const auto [first, last, padding] = GetParam();
-    for (int side = first; side <= last && !HasFatalFailure(); ++side)
+    const auto [first, padding] = GetParam();
+    for (int side = first; side < first + 50 && !HasFatalFailure(); ++side)
         expectWheels(side, padding);
 }
 
@@ -101,9 +83,7 @@ TEST(HSWheelKernelRimTest, RimsAnywhere)
     expectWheels(2048, 22);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, HSWheelKernelTest, testing::ValuesIn(sizeRanges()),
-                         [](const auto &info) {
-                             return "from" + std::to_string(info.param.first) + "padding" +
-                                    std::to_string(int(info.param.padding));
-                         });
+INSTANTIATE_TEST_SUITE_P(Sizes, HSWheelKernelTest,
+                         testing::Combine(testing::Range(1, 700, 50),
+                                          testing::Values(0.0, 11.0, 22.0)));
 } // namespace

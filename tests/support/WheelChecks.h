@@ -4,6 +4,8 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 #include "HSColorPicker/ColorPickerClasses/HSWheelReference.h"
 
+#include <QQuickWindow>
+
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -58,5 +60,21 @@ inline void expectWheel(const QImage &picture, const HSColorPickerView &view, QR
         EXPECT_GT(smoothed, picture.width()) << "of about " << 6 * picture.width() / 2;
     else
         EXPECT_EQ(smoothed, 0);
+}
+
+/// The same for every shape and brightness, over a coloured ground; `draw` gives the window's
+/// picture.
+inline void expectWheels(QQuickWindow &window, HSColorPickerView &view, const auto &draw)
+{
+    constexpr QRgb ground = qRgb(250, 120, 10);
+    window.setColor(ground);
+    for (const bool circle : {false, true}) {
+        view.setCropToCircle(circle);
+        for (const double brightness : {1.0, 0.0}) {
+            SCOPED_TRACE(testing::Message() << "circle " << circle << ", " << brightness);
+            view.setBrightness(brightness);
+            expectWheel(draw(), view, ground);
+        }
+    }
 }
 } // namespace WheelChecks
