@@ -10,12 +10,11 @@ using namespace Pictures;
 
 TEST(BitmapScaleManipulatorTest, StretchesToAnySize)
 {
-    for (const BMPoint size :
-         {BMPoint{5, 5}, BMPoint{100, 40}, BMPoint{250, 333}, BMPoint{30, 300}}) {
+    for (const BMPoint size : {BMPoint{5, 5}, {100, 40}, {250, 333}, {30, 300}}) {
         const auto rep = quartersRep(100, 100);
         rep->setSize(size);
         EXPECT_EQ(rep->bitmapSize(), size);
-        EXPECT_EQ(corners(rep->CGImage()), (std::array<QRgb, 4>{red, green, blue, white}));
+        EXPECT_EQ(corners(rep->CGImage()), coloured);
     }
 }
 
@@ -25,7 +24,7 @@ TEST(BitmapScaleManipulatorTest, FitsOrFillsInProportion)
     const struct {
         Kind kind;
         BMPoint picture, frame;
-        QRect shown; // the picture on the canvas, measured from the bottom left
+        QRect shown; // the whole picture, on the canvas
     } cases[] = {
         {Fitting, {100, 100}, {200, 100}, {50, 0, 100, 100}},
         {Filling, {100, 100}, {200, 100}, {0, -50, 200, 200}},
@@ -40,28 +39,15 @@ TEST(BitmapScaleManipulatorTest, FitsOrFillsInProportion)
         kind == Fitting ? rep->setSizeFittingFrame(frame) : rep->setSizeFillingFrame(frame);
         ASSERT_EQ(rep->bitmapSize(), frame);
         const QImage image = rep->CGImage();
-        const auto at = [&](int x, int fromBottom) {
-            return image.pixel(x, image.height() - 1 - fromBottom);
-        };
         const QRect visible = shown & image.rect();
-        EXPECT_EQ(at(visible.left(), visible.top()), blue);
-        EXPECT_EQ(at(visible.right(), visible.top()), white);
-        EXPECT_EQ(at(visible.left(), visible.bottom()), red);
-        EXPECT_EQ(at(visible.right(), visible.bottom()), green);
-        if (shown.left() > 0) {
-            EXPECT_EQ(at(shown.left() - 1, 0), clear);
-            EXPECT_EQ(at(shown.right() + 1, 0), clear);
-        }
-        if (shown.top() > 0) {
-            EXPECT_EQ(at(0, shown.top() - 1), clear);
-            EXPECT_EQ(at(0, shown.bottom() + 1), clear);
-        }
+        EXPECT_EQ(corners(image.copy(visible)), coloured);
+        EXPECT_EQ(coverage(image), visible.width() * visible.height());
     }
 }
 
 TEST(BitmapScaleManipulatorTest, ImpossibleSizesLeaveNoPicture)
 {
-    for (const BMPoint size : {BMPoint{0, 10}, BMPoint{-4, 10}, BMPoint{65536, 65537}}) {
+    for (const BMPoint size : {BMPoint{0, 10}, {-4, 10}, {65536, 65537}}) {
         const auto rep = quartersRep(4, 4);
         testing::internal::CaptureStderr();
         rep->setSize(size);
