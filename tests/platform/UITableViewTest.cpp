@@ -27,10 +27,9 @@ public:
     UITableViewCell *cellForRowAtIndexPath(UITableView &table, NSIndexPath indexPath) override
     {
         UITableViewCell *cell = table.dequeueReusableCellWithIdentifier("plain");
-        if (!cell) {
+        if (!cell)
             cell = new PlainCell;
-            cell->setReuseIdentifier("plain");
-        }
+        cell->setReuseIdentifier("plain");
         cell->setObjectName(QString("%1.%2").arg(indexPath.section).arg(indexPath.row));
         return cell;
     }
@@ -95,22 +94,19 @@ TEST_F(UITableViewTest, HeadersStickUntilTheNextOnePushesThem)
     // Tops: 0, 28 + 150 = 178, 178 + 28 = 206; end 206 + 28 + 500 = 734.
     EXPECT_EQ(table.contentHeight(), 734.0);
     EXPECT_EQ(table.contentOffset(), -20.0);
-    const struct {
-        double offset, first, second, third;
-    } cases[] = {
-        {-60.0, 0.0, 178.0, 206.0},   // pulled down: at their places
-        {-20.0, 0.0, 178.0, 206.0},   // at rest, so the first row starts 48 points down
-        {30.0, 50.0, 178.0, 206.0},   // sticks 20 points below the top
-        {140.0, 150.0, 178.0, 206.0}, // pushed by the header of the section without rows
+    const std::pair<double, double> cases[] = {
+        {-60.0, 0.0},   // pulled down: at its place
+        {-20.0, 0.0},   // at rest, so the first row starts 48 points down
+        {30.0, 50.0},   // sticks 20 points below the top
+        {140.0, 150.0}, // pushed by the header of the section without rows
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.offset);
-        scrollTo(c.offset);
+    for (const auto &[offset, first] : cases) {
+        SCOPED_TRACE(offset);
+        scrollTo(offset);
         ASSERT_TRUE(table.headerViewForSection(0));
-        EXPECT_EQ(table.headerViewForSection(0)->y(), c.first);
-        EXPECT_EQ(table.headerViewForSection(1)->y(), c.second);
-        EXPECT_EQ(table.headerViewForSection(2)->y(), c.third);
-        EXPECT_GT(table.headerViewForSection(0)->z(), -1.0);
+        EXPECT_EQ(table.headerViewForSection(0)->y(), first);
+        EXPECT_EQ(table.headerViewForSection(1)->y(), 178.0);
+        EXPECT_EQ(table.headerViewForSection(2)->y(), 206.0);
     }
     EXPECT_EQ(table.cellForRowAtIndexPath({0, 2})->frame(), QRectF(0, 128, 320, 50));
     EXPECT_EQ(table.cellForRowAtIndexPath({2, 0})->frame(), QRectF(0, 234, 320, 50));
@@ -131,8 +127,7 @@ TEST_F(UITableViewTest, LivesOnAScreenfulOfCellsAndReusesTheOldestFirst)
     for (const QQuickItem *child : table.childItems())
         inSight += qobject_cast<const UITableViewCell *>(child) && child->isVisible();
     EXPECT_LE(inSight, 400 / 50 + 1); // what is pooled is hidden
-    const QString name = table.cellForRowAtIndexPath({1, 9999})->objectName();
-    EXPECT_EQ(name, "1.9999");
+    EXPECT_EQ(table.cellForRowAtIndexPath({1, 9999})->objectName(), "1.9999");
     table.reloadData();
     table.layoutIfNeeded();
     EXPECT_LE(table.numberOfCells(), 400 / 50 + 2);
@@ -164,29 +159,29 @@ TEST_F(UITableViewTest, SelectsWhatIsTappedUnlessToldNotTo)
 TEST_F(UITableViewTest, KeysWalkThroughRowsAcrossEmptySections)
 {
     show({3, 0, 10, 0});
-    const auto enter = [this] {
-        key(Qt::Key_Return);
-        return rows->selected.back();
+    const struct {
+        Qt::Key key;
+        NSIndexPath row;
+    } steps[] = {
+        {Qt::Key_Down, {0, 0}},
+        {Qt::Key_Down, {0, 1}},
+        {Qt::Key_Down, {0, 2}},
+        {Qt::Key_Down, {2, 0}},
+        {Qt::Key_Up, {0, 2}},
+        {Qt::Key_PageDown, {2, 5}}, // 400 - 20 - 28 - 50 points hold six rows
+        {Qt::Key_End, {2, 9}},
+        {Qt::Key_Down, {2, 9}},
+        {Qt::Key_PageUp, {2, 3}},
+        {Qt::Key_Home, {0, 0}},
     };
-    key(Qt::Key_Down);
-    EXPECT_EQ(enter(), (NSIndexPath{0, 0}));
-    for (int i = 0; i < 3; ++i)
-        key(Qt::Key_Down);
-    EXPECT_EQ(enter(), (NSIndexPath{2, 0}));
-    key(Qt::Key_Up);
-    EXPECT_EQ(enter(), (NSIndexPath{0, 2}));
-    key(Qt::Key_PageDown); // 400 - 20 - 28 - 50 points hold six rows
-    EXPECT_EQ(enter(), (NSIndexPath{2, 5}));
-    key(Qt::Key_End);
-    EXPECT_EQ(enter(), (NSIndexPath{2, 9}));
-    key(Qt::Key_Down);
-    EXPECT_EQ(enter(), (NSIndexPath{2, 9}));
-    const QRectF last = table.rectForRow({2, 9});
-    EXPECT_LE(last.bottom(), table.contentOffset() + 400.0 - 50.0);
-    key(Qt::Key_PageUp);
-    EXPECT_EQ(enter(), (NSIndexPath{2, 3}));
-    key(Qt::Key_Home);
-    EXPECT_EQ(enter(), (NSIndexPath{0, 0}));
+    for (const auto &step : steps) {
+        key(step.key);
+        key(Qt::Key_Return);
+        EXPECT_EQ(rows->selected.back(), step.row);
+        const QRectF current = table.rectForRow(step.row);
+        EXPECT_GE(current.top(), table.contentOffset() + 20.0 + 28.0);
+        EXPECT_LE(current.bottom(), table.contentOffset() + 400.0 - 50.0);
+    }
     EXPECT_EQ(table.contentOffset(), -20.0);
 }
 
@@ -208,11 +203,11 @@ TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
     show({5});
     UITableViewCell *cell = table.cellForRowAtIndexPath({0, 1});
     std::vector<State> heard;
+    const auto hear = [&](const UILongPressGestureRecognizer &gesture) {
+        heard.push_back(gesture.state());
+    };
     for (int i = 0; i < 3; ++i)
-        cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
-            [&](const UILongPressGestureRecognizer &gesture) {
-                heard.push_back(gesture.state());
-            }));
+        cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(hear));
     const QPointF point = table.rectForRow({0, 1}).center();
     const auto waiting = [&] {
         int count = 0;
@@ -220,22 +215,12 @@ TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
             count += recognizer->findChild<QTimer *>("minimumPressDuration")->isActive();
         return count;
     };
-    const auto wait = [&] { // as long as it takes, at once
-        for (const auto &recognizer : cell->gestureRecognizers())
-            recognizer->setMinimumPressDuration(0.0);
-        while (waiting() > 0)
-            QCoreApplication::processEvents();
+    const std::function<void()> waysToLeave[] = {
+        [&] { table.setPressed(false, point); },
+        [&] { scrollTo(10.0); },
+        [&] { table.reloadData(); },
     };
-    const struct {
-        const char *what;
-        std::function<void()> leave;
-    } ways[] = {
-        {"lifts", [&] { table.setPressed(false, point); }},
-        {"scrolls", [&] { scrollTo(10.0); }},
-        {"reload", [&] { table.reloadData(); }},
-    };
-    for (const auto &[what, leave] : ways) {
-        SCOPED_TRACE(what);
+    for (const auto &leave : waysToLeave) {
         table.setPressed(true, point);
         EXPECT_EQ(waiting(), 3);
         leave();
@@ -245,8 +230,11 @@ TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
     }
     EXPECT_TRUE(heard.empty());
 
+    for (const auto &recognizer : cell->gestureRecognizers())
+        recognizer->setMinimumPressDuration(0.0);
     table.setPressed(true, point);
-    wait();
+    while (waiting() > 0)
+        QCoreApplication::processEvents();
     EXPECT_EQ(heard, std::vector{State::Began});
     table.tap(point); // the finger lifts, which is no tap any more
     table.setPressed(false, point);

@@ -1,83 +1,31 @@
 #include "platform/UITextField.h"
 
-#include "platform/QMLViews.h"
+#include "support/TextFieldFixture.h"
 
 #include <QClipboard>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMimeData>
-#include <QQuickWindow>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace
 {
-struct Question {
-    qsizetype location;
-    qsizetype length;
-    QString replacement;
-    QString text; // the field's, when it was asked
-
-    bool operator==(const Question &) const = default;
-};
-
-void PrintTo(const Question &question, std::ostream *stream)
-{
-    *stream << question.location << "+" << question.length << " '"
-            << question.replacement.toStdString() << "' in '" << question.text.toStdString() << "'";
-}
-
-struct Delegate : UITextFieldDelegate {
-    bool shouldChangeCharactersInRange(UITextField &field, NSRange range,
-                                       const QString &replacement) override
-    {
-        questions.push_back({range.location, range.length, replacement, field.text()});
-        if (instead)
-            field.setText(*instead);
-        return allows;
-    }
-    bool textFieldShouldReturn(UITextField &field) override
-    {
-        field.resignFirstResponder();
-        return false;
-    }
-    void textFieldDidEndEditing(UITextField &) override { ++ends; }
-
-    std::vector<Question> questions;
-    bool allows = true;
-    std::optional<QString> instead;
-    int ends = 0;
-};
-
-class UITextFieldTest : public testing::Test
+class UITextFieldTest : public TextFieldFixture
 {
 protected:
-    void SetUp() override
-    {
-        QMLViews::prepareEngine(_engine);
-        _view.reset(QMLViews::create(_engine, "platform/TextFieldView.qml"));
-        _view->setParentItem(window.contentItem());
-        field().setFrame({0, 0, 300, 40});
-        field().setDelegate(delegate);
-        window.resize(300, 200);
-        window.show();
-        window.requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        field().becomeFirstResponder();
-    }
-
-    UITextField &field() { return *qobject_cast<UITextField *>(_view.get()); }
     QQuickItem &input() { return *field().input(); }
+    static QString withoutMarks(QString marked)
+    {
+        return marked.remove(QRegularExpression("[][|]"));
+    }
     /// Text with "[" and "]" around the selection, or "|" at the cursor.
-    void put(QString marked)
+    void put(const QString &marked)
     {
         const qsizetype start = marked.indexOf(marked.contains('[') ? '[' : '|');
         const qsizetype end = marked.contains(']') ? marked.indexOf(']') - 1 : start;
-        field().setText(marked.remove('[').remove(']').remove('|'));
+        field().setText(withoutMarks(marked));
         QMetaObject::invokeMethod(&input(), "select", Q_ARG(int, int(start)), Q_ARG(int, int(end)));
-        delegate->questions.clear();
+        delegate->asked.clear();
     }
     QString marked()
     {
@@ -92,91 +40,59 @@ protected:
     {
         QTest::keyClick(&window, key, modifiers);
     }
+    void ctrl(Qt::Key with) { key(with, Qt::ControlModifier); }
     void commit(const QString &text, int from = 0, int length = 0)
     {
         QInputMethodEvent event;
         event.setCommitString(text, from, length);
         QCoreApplication::sendEvent(&input(), &event);
     }
-    void drop(const QString &text, QPointF point)
+    void dropAtTheEnd(const QString &text)
     {
+        const QPointF end(299.0, 20.0);
         QMimeData data;
         data.setText(text);
-        const auto at = [&](QEvent::Type type) {
-            return QDropEvent(point, Qt::CopyAction, &data, Qt::LeftButton, {}, type);
-        };
-        QDragEnterEvent enter(point.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter(end.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window, &enter);
-        QDropEvent event = at(QEvent::Drop);
-        QCoreApplication::sendEvent(&window, &event);
+        QDropEvent drop(end, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window, &drop);
     }
-    QPointF end() { return {299.0, 20.0}; }
-
-    QQmlEngine _engine;
-    QQuickWindow window;
-    std::shared_ptr<Delegate> delegate = std::make_shared<Delegate>();
-
-private:
-    std::unique_ptr<QQuickItem> _view;
 };
 } // namespace
 
 TEST_F(UITextFieldTest, AsksWithTheTrueRangeWhicheverWayItIsEdited)
 {
-    QClipboard &clipboard = *QGuiApplication::clipboard();
     const struct {
         const char *way;
         QString before;
         std::function<void()> edit;
-        Question question;
-        QString after;
+        QString question, after;
     } cases[] = {
-        {"type", "ab|c", [&] { key(Qt::Key_X); }, {2, 0, "x", "abc"}, "abx|c"},
-        {"type over", "a[bb]c", [&] { key(Qt::Key_X); }, {1, 2, "x", "abbc"}, "ax|c"},
-        {"type the same", "a[b]c", [&] { key(Qt::Key_B); }, {1, 1, "b", "abc"}, "ab|c"},
-        {"delete left", "aa|a", [&] { key(Qt::Key_Backspace); }, {1, 1, "", "aaa"}, "a|a"},
-        {"delete right", "aa|a", [&] { key(Qt::Key_Delete); }, {2, 1, "", "aaa"}, "aa|"},
-        {"delete a pair of surrogates",
-         QString("a\U0001F600|b"),
-         [&] { key(Qt::Key_Backspace); },
-         {1, 2, "", QString("a\U0001F600b")},
-         "a|b"},
-        {"delete a word",
-         "one two|",
-         [&] { key(Qt::Key_Backspace, Qt::ControlModifier); },
-         {4, 3, "", "one two"},
-         "one |"},
-        {"cut", "a[bc]d", [&] { key(Qt::Key_X, Qt::ControlModifier); }, {1, 2, "", "abcd"}, "a|d"},
-        {"cut by menu", "a[bc]d", [&] { field().cut(); }, {1, 2, "", "abcd"}, "a|d"},
-        {"paste",
-         "a[bc]d",
-         [&] { key(Qt::Key_V, Qt::ControlModifier); },
-         {1, 2, "pasted", "abcd"},
-         "apasted|d"},
-        {"paste by menu", "|", [&] { field().paste(); }, {0, 0, "pasted", ""}, "pasted|"},
-        {"paste what is there",
-         "[pasted]",
-         [&] { field().paste(); },
-         {0, 6, "pasted", "pasted"},
-         "pasted|"},
-        {"clear", "ab|c", [&] { field().clear(); }, {0, 3, "", "abc"}, "|"},
-        {"drop", "|abc", [&] { drop("xy", end()); }, {3, 0, "xy", "abc"}, "abcxy|"},
-        {"compose", "a[b]c", [&] { commit("xy"); }, {1, 1, "xy", "abc"}, "axy|c"},
-        {"compose over text before",
-         "abc|d",
-         [&] { commit("x", -2, 2); },
-         {1, 2, "x", "abcd"},
-         "ax|d"},
+        {"type", "ab|c", [&] { key(Qt::Key_X); }, "2+0 x", "abx|c"},
+        {"type over", "a[bb]c", [&] { key(Qt::Key_X); }, "1+2 x", "ax|c"},
+        {"type the same", "a[b]c", [&] { key(Qt::Key_B); }, "1+1 b", "ab|c"},
+        {"delete left", "aa|a", [&] { key(Qt::Key_Backspace); }, "1+1 ", "a|a"},
+        {"delete right", "aa|a", [&] { key(Qt::Key_Delete); }, "2+1 ", "aa|"},
+        {"delete a pair", "a\U0001F600|b", [&] { key(Qt::Key_Backspace); }, "1+2 ", "a|b"},
+        {"delete a word", "one two|", [&] { ctrl(Qt::Key_Backspace); }, "4+3 ", "one |"},
+        {"cut", "a[bc]d", [&] { ctrl(Qt::Key_X); }, "1+2 ", "a|d"},
+        {"cut by menu", "a[bc]d", [&] { field().cut(); }, "1+2 ", "a|d"},
+        {"paste", "a[bc]d", [&] { ctrl(Qt::Key_V); }, "1+2 pasted", "apasted|d"},
+        {"paste by menu", "|", [&] { field().paste(); }, "0+0 pasted", "pasted|"},
+        {"paste what is there", "[pasted]", [&] { field().paste(); }, "0+6 pasted", "pasted|"},
+        {"clear", "ab|c", [&] { field().clear(); }, "0+3 ", "|"},
+        {"drop", "|abc", [&] { dropAtTheEnd("xy"); }, "3+0 xy", "abcxy|"},
+        {"compose", "a[b]c", [&] { commit("xy"); }, "1+1 xy", "axy|c"},
+        {"compose over text before", "abc|d", [&] { commit("x", -2, 2); }, "1+2 x", "ax|d"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.way);
         for (const bool allows : {true, false}) {
-            clipboard.setText("pasted");
+            QGuiApplication::clipboard()->setText("pasted");
             put(c.before);
             delegate->allows = allows;
             c.edit();
-            ASSERT_EQ(delegate->questions.size(), 1u);
-            EXPECT_EQ(delegate->questions[0], c.question);
+            EXPECT_EQ(delegate->asked, QStringList{c.question + " in " + withoutMarks(c.before)});
             EXPECT_EQ(marked(), allows ? c.after : c.before);
         }
     }
@@ -207,20 +123,20 @@ TEST_F(UITextFieldTest, NothingSlipsPastTheQuestion)
 {
     put("abc|");
     delegate->allows = false;
-    key(Qt::Key_Z, Qt::ControlModifier); // the refusal itself must not be undone either
+    ctrl(Qt::Key_Z); // the refusal itself must not be undone either
     key(Qt::Key_X);
-    key(Qt::Key_Z, Qt::ControlModifier);
+    ctrl(Qt::Key_Z);
     key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    key(Qt::Key_Y, Qt::ControlModifier);
+    ctrl(Qt::Key_Y);
     EXPECT_EQ(field().text(), "abc");
-    EXPECT_EQ(delegate->questions.size(), 1u);
+    EXPECT_EQ(delegate->asked.size(), 1);
     // Moving about is no edit.
     for (const Qt::Key k : {Qt::Key_Left, Qt::Key_Home, Qt::Key_End, Qt::Key_Escape})
         key(k);
     QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(150, 20));
     field().selectAll();
     field().copy();
-    EXPECT_EQ(delegate->questions.size(), 1u);
+    EXPECT_EQ(delegate->asked.size(), 1);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "abc");
 }
 
@@ -238,13 +154,11 @@ TEST_F(UITextFieldTest, TypesCapitalsWhereItsKeyboardIsAskedTo)
 
 TEST_F(UITextFieldTest, EditingEndsWithTheFocusButNotWithTheWindow)
 {
-    EXPECT_TRUE(field().isEditing());
     QQuickWindow other;
     other.show();
     other.requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     EXPECT_TRUE(field().isEditing());
-    EXPECT_EQ(delegate->ends, 0);
     window.requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     key(Qt::Key_Return);
@@ -255,16 +169,19 @@ TEST_F(UITextFieldTest, EditingEndsWithTheFocusButNotWithTheWindow)
 TEST_F(UITextFieldTest, ItsButtonClearsAndItsMenuPastes)
 {
     put("abc|");
-    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(282, 20));
+    const auto click = [this](Qt::MouseButton button, QPoint point) {
+        QTest::mouseClick(&window, button, {}, point);
+    };
+    click(Qt::LeftButton, {282, 20});
     EXPECT_EQ(field().text(), "");
     EXPECT_TRUE(field().isEditing()); // a press on a button takes no focus
 
     QGuiApplication::clipboard()->setText("menu");
-    QTest::mouseClick(&window, Qt::RightButton, {}, QPoint(150, 20));
+    click(Qt::RightButton, {150, 20});
     ASSERT_TRUE(field().isMenuShown());
-    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(10, 150)); // beside it
+    click(Qt::LeftButton, {10, 150}); // beside it
     EXPECT_FALSE(field().isMenuShown());
-    QTest::mouseClick(&window, Qt::RightButton, {}, QPoint(150, 20));
+    click(Qt::RightButton, {150, 20});
     QCoreApplication::processEvents();
     QQuickItem *paste = nullptr;
     const std::function<void(QQuickItem *)> look = [&](QQuickItem *item) {
@@ -275,8 +192,7 @@ TEST_F(UITextFieldTest, ItsButtonClearsAndItsMenuPastes)
     };
     look(window.contentItem());
     ASSERT_TRUE(paste);
-    QTest::mouseClick(&window, Qt::LeftButton, {},
-                      paste->mapRectToScene(paste->boundingRect()).center().toPoint());
+    click(Qt::LeftButton, paste->mapRectToScene(paste->boundingRect()).center().toPoint());
     EXPECT_EQ(field().text(), "menu");
     EXPECT_FALSE(field().isMenuShown());
 }
