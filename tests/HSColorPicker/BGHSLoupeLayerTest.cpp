@@ -1,9 +1,6 @@
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 
-#include "HSColorPicker/LoupePixels.h"
 #include "support/Canvas.h"
-
-#include <QTest>
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -152,86 +149,5 @@ TEST_F(BGHSLoupeLayerTest, DrawsOnlyWhenACellChanges)
     loupe.setContentsScale(3.0);
     EXPECT_TRUE(isRedrawn());
     EXPECT_EQ(loupe.pixels().size(), QSize(291, 291));
-}
-
-// The loupe at work: the wheel's own, under a real mouse.
-class LoupeOnWheelTest : public testing::Test
-{
-protected:
-    LoupeOnWheelTest()
-    {
-        wheel.setFrame({20, 120, 240, 240});
-        window.resize(280, 380);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    }
-
-    BGHSLoupeLayer *loupe() { return wheel.findChild<BGHSLoupeLayer *>(); }
-    QAbstractAnimation *animation(const char *name)
-    {
-        return loupe()->findChild<QAbstractAnimation *>(name);
-    }
-    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, point); }
-    void move(QPoint point) { QTest::mouseMove(&window, point); }
-    void release(QPoint point) { QTest::mouseRelease(&window, Qt::LeftButton, {}, point); }
-
-    QQuickWindow window;
-    HSColorPickerView wheel{window.contentItem()};
-};
-
-TEST_F(LoupeOnWheelTest, FollowsTheFingerAndShowsTheColourThere)
-{
-    EXPECT_EQ(loupe(), nullptr);
-    press({160, 240});
-    ASSERT_NE(loupe(), nullptr);
-    EXPECT_EQ(wheel.childItems().last(), loupe()) << "above all layers";
-    animation("cp_l_appear")->setCurrentTime(350);
-    for (const QPoint point : {QPoint(90, 300), {201, 233}, {140, 170}, {10, 375}}) {
-        move(point);
-        const QPointF middle = loupe()->mapToScene(QPointF(48.5, 48.5));
-        const QRgb cell = pixelAt(window.grabWindow(), middle - QPointF(4, 4));
-        EXPECT_EQ(cell, rgbOf(wheel.colorAtPoint(wheel.selection() + QPointF(-7, -7))));
-    }
-    EXPECT_EQ(loupe()->position(), QPointF(-38, 132)) << "from -37.5, away from zero";
-    release({10, 375});
-    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Running);
-
-    const BGHSLoupeLayer *first = loupe();
-    press({120, 240});
-    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Stopped);
-    EXPECT_EQ(wheel.findChildren<BGHSLoupeLayer *>(), QList<BGHSLoupeLayer *>{loupe()});
-    EXPECT_EQ(loupe(), first);
-    animation("cp_l_appear")->setCurrentTime(350);
-    wheel.setParentItem(nullptr);
-    EXPECT_EQ(loupe()->parentItem(), nullptr) << "out of the window it is gone at once";
-}
-
-TEST_F(LoupeOnWheelTest, GoesWithItsWheel)
-{
-    for (const int time : {100, 350}) { // dismissal pending, shrinking
-        auto other = std::make_unique<HSColorPickerView>(window.contentItem());
-        other->setFrame({20, 120, 240, 240});
-        press({160, 240});
-        release({160, 240});
-        other->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(time);
-    }
-    EXPECT_EQ(loupe(), nullptr) << "the wheel below was not touched";
-}
-
-TEST_F(LoupeOnWheelTest, StaysAwayWhenItIsNotWanted)
-{
-    wheel.setShowLoupe(false);
-    press({160, 240});
-    EXPECT_EQ(loupe(), nullptr);
-    release({160, 240});
-    wheel.setShowLoupe(true);
-    press({160, 240});
-    animation("cp_l_appear")->setCurrentTime(350);
-    release({160, 240});
-    animation("cp_l_disappear")->setCurrentTime(20);
-    wheel.setShowLoupe(false);
-    press({160, 240});
-    EXPECT_EQ(animation("cp_l_appear")->state(), QAbstractAnimation::Stopped);
-    EXPECT_EQ(animation("cp_l_disappear")->state(), QAbstractAnimation::Running);
 }
 } // namespace

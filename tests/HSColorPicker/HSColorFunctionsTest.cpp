@@ -67,23 +67,6 @@ TEST(HSColorFunctionsTest, ComponentsOfEveryKindOfColour)
     }
 }
 
-TEST(HSColorFunctionsTest, BackgroundTileIsACheckerboard)
-{
-    for (const double scale : {1.0, 2.0, 3.0}) {
-        const QImage tile = HSOpacityBackgroundImage(20, scale, UIColor::colorWithWhite(0.5, 1));
-        const int side = int(20 * scale);
-        ASSERT_EQ(tile.size(), QSize(side, side));
-        EXPECT_EQ(tile.devicePixelRatio(), scale);
-        EXPECT_EQ(HSUIImageWithScale(tile, 0.0).devicePixelRatio(), 1.0);
-        for (const int y : {0, side / 2 - 1, side / 2, side - 1}) {
-            for (const int x : {0, side / 2 - 1, side / 2, side - 1}) {
-                const bool grey = (x < side / 2) == (y < side / 2);
-                EXPECT_EQ(qRed(tile.pixel(x, y)), grey ? 128 : 255) << x << ", " << y;
-            }
-        }
-    }
-}
-
 TEST(HSColorFunctionsDeathTest, BackgroundTileNeedsASizeInEveryBuild)
 {
     const UIColor white = UIColor::whiteColor();

@@ -1,5 +1,6 @@
 #include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+#include "HSColorPicker/LoupePixels.h"
 #include "platform/QMLViews.h"
 
 #include <QQmlComponent>
@@ -33,7 +34,7 @@ public:
 class HSColorPickerViewTouchesTest : public testing::Test
 {
 protected:
-    HSColorPickerViewTouchesTest()
+    void SetUp() override
     {
         QMLViews::prepareEngine(engine);
         QQmlComponent component(&engine);
@@ -46,29 +47,28 @@ protected:
             })",
                           {});
         page.reset(qobject_cast<QQuickItem *>(component.create()));
-        if (!page) // the fixture is at fault, so no test can run
-            qFatal("%s", qPrintable(component.errorString()));
+        ASSERT_TRUE(page) << component.errorString().toStdString();
         view = page->findChild<HSColorPickerView *>();
         view->setDelegate(recorder);
         page->setParentItem(window.contentItem());
         window.resize(300, 220);
         window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
         recorder->log.clear();
     }
 
-    bool waitForWindow() { return QTest::qWaitForWindowExposed(&window); }
     /// Moves of a finger wait for the next frame.
     bool waitForSelection(QPointF point)
     {
         return QTest::qWaitFor([=, this] { return view->selection() == point; });
     }
     static QPoint inWindow(QPoint point) { return point + QPoint(10, 10); }
-    void mouse(void (*event)(QWindow *, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int),
-               QPoint point)
+    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, inWindow(point)); }
+    void move(QPoint point) { QTest::mouseMove(&window, inWindow(point)); }
+    void release(QPoint point)
     {
-        event(&window, Qt::LeftButton, {}, inWindow(point), -1);
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, inWindow(point));
     }
-    void moveMouse(QPoint point) { QTest::mouseMove(&window, inWindow(point)); }
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(&window, device()); }
     static QPointingDevice *device()
     {
@@ -76,46 +76,49 @@ protected:
         return screen;
     }
     BGHSLoupeLayer *loupe() { return view->findChild<BGHSLoupeLayer *>(); }
+    QAbstractAnimation &popUp() { return *loupe()->findChild<QAbstractAnimation *>("cp_l_appear"); }
+    QAbstractAnimation &shrinking()
+    {
+        return *loupe()->findChild<QAbstractAnimation *>("cp_l_disappear");
+    }
 
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
     QQmlEngine engine;
     QQuickWindow window;
     std::unique_ptr<QQuickItem> page;
-    HSColorPickerView *view;
+    HSColorPickerView *view = nullptr;
 };
 
 TEST_F(HSColorPickerViewTouchesTest, AMouseDragsTheSelection)
 {
-    ASSERT_TRUE(waitForWindow());
-    mouse(QTest::mousePress, {40, 50});
+    press({40, 50});
     EXPECT_EQ(view->selection(), QPointF(40, 50));
     EXPECT_EQ(recorder->taken(), (QStringList{"changed", "began 1"}));
     for (int y = 60; y <= 180; y += 20) // far enough for the page to take it for a flick
-        moveMouse({60, y});
+        move({60, y});
     EXPECT_EQ(view->selection(), QPointF(60, 180));
-    moveMouse({250, -30});
+    move({250, -30});
     EXPECT_EQ(view->selection(), QPointF(189, 11)) << "out of the view, along its edges";
-    moveMouse({-8, 90});
+    move({-8, 90});
     recorder->taken();
-    mouse(QTest::mouseRelease, {-8, 90});
+    release({-8, 90});
     EXPECT_EQ(view->selection(), QPointF(11, 90));
     EXPECT_EQ(recorder->taken(), (QStringList{"changed", "ended 1"}));
     EXPECT_EQ(page->property("contentY").toDouble(), 0.0);
 
-    moveMouse({70, 70});
+    move({70, 70});
     QTest::mouseClick(&window, Qt::RightButton, {}, inWindow({70, 70}));
     EXPECT_EQ(recorder->taken(), QStringList());
 }
 
 TEST_F(HSColorPickerViewTouchesTest, OneFingerAtATime)
 {
-    ASSERT_TRUE(waitForWindow());
     touch().press(3, inWindow({40, 50}));
     EXPECT_EQ(recorder->taken(), (QStringList{"changed", "began 1"}));
     touch().stationary(3).press(4, inWindow({100, 100}));
     touch().stationary(3).move(4, inWindow({120, 100}));
-    mouse(QTest::mousePress, {150, 150});
-    mouse(QTest::mouseRelease, {150, 150});
+    press({150, 150});
+    release({150, 150});
     EXPECT_EQ(recorder->taken(), QStringList());
     EXPECT_EQ(view->selection(), QPointF(40, 50));
 
@@ -131,41 +134,85 @@ TEST_F(HSColorPickerViewTouchesTest, OneFingerAtATime)
     EXPECT_EQ(recorder->taken(), QStringList()) << "the other finger came too late";
     EXPECT_EQ(page->property("contentY").toDouble(), 0.0);
 
-    mouse(QTest::mousePress, {20, 30});
+    press({20, 30});
     EXPECT_EQ(view->selection(), QPointF(20, 30)) << "free again";
-    mouse(QTest::mouseRelease, {20, 30});
 }
 
 TEST_F(HSColorPickerViewTouchesTest, ACancelledTouchLeavesTheSelection)
 {
-    ASSERT_TRUE(waitForWindow());
-    const std::pair<const char *, std::function<void()>> cancellations[] = {
-        {"by the system",
-         [this] {
-             QTouchEvent cancel(QEvent::TouchCancel, device());
-             QCoreApplication::sendEvent(&window, &cancel);
-         }},
-        {"by hiding", [this] { view->setVisible(false); }},
-    };
-    for (const auto &[what, cancel] : cancellations) {
-        SCOPED_TRACE(what);
+    for (const bool bySystem : {true, false}) {
+        SCOPED_TRACE(bySystem ? "by the system" : "by hiding");
         touch().press(0, inWindow({40, 50}));
         touch().move(0, inWindow({50, 60}));
         EXPECT_TRUE(waitForSelection({50, 60}));
         recorder->taken();
-        cancel();
+        QTouchEvent cancel(QEvent::TouchCancel, device());
+        if (bySystem)
+            QCoreApplication::sendEvent(&window, &cancel);
+        else
+            view->setVisible(false);
         touch().release(0, inWindow({90, 90}));
         view->setVisible(true);
         EXPECT_EQ(view->selection(), QPointF(50, 60));
         EXPECT_EQ(recorder->taken(), QStringList());
-        ASSERT_TRUE(loupe());
         EXPECT_TRUE(loupe()->isReadyToDismiss());
     }
-    mouse(QTest::mousePress, {20, 30});
+    press({20, 30});
     view->setVisible(false);
     view->setVisible(true);
-    mouse(QTest::mouseRelease, {70, 70});
+    release({70, 70});
     EXPECT_EQ(view->selection(), QPointF(20, 30));
 }
 
+TEST_F(HSColorPickerViewTouchesTest, OneLoupeFollowsEachFingerAndShowsTheColourThere)
+{
+    press({100, 120});
+    ASSERT_TRUE(loupe());
+    EXPECT_EQ(view->childItems().last(), loupe()) << "above all layers";
+    popUp().setCurrentTime(350);
+    for (const QPoint point : {QPoint(60, 150), {141, 133}, {80, 70}, {-20, 175}}) {
+        move(point);
+        const QPointF middle = loupe()->mapToScene(QPointF(48.5, 48.5));
+        EXPECT_EQ(pixelAt(window.grabWindow(), middle - QPointF(4, 4)),
+                  rgbOf(view->colorAtPoint(view->selection() + QPointF(-7, -7))));
+    }
+    EXPECT_EQ(loupe()->position(), QPointF(-38, 78)) << "from -37.5, away from zero";
+    release({-20, 175});
+    EXPECT_EQ(shrinking().state(), QAbstractAnimation::Running);
+
+    press({60, 120});
+    EXPECT_EQ(shrinking().state(), QAbstractAnimation::Stopped);
+    EXPECT_EQ(view->findChildren<BGHSLoupeLayer *>().size(), 1);
+    popUp().setCurrentTime(350);
+    page->setParentItem(nullptr);
+    EXPECT_EQ(loupe()->parentItem(), nullptr) << "out of the window it is gone at once";
+}
+
+TEST_F(HSColorPickerViewTouchesTest, TheLoupeGoesWithItsWheel)
+{
+    for (const int time : {100, 350}) { // dismissal pending, shrinking
+        auto other = std::make_unique<HSColorPickerView>(window.contentItem());
+        other->setFrame({10, 10, 200, 200});
+        press({60, 140});
+        release({60, 140});
+        other->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(time);
+    }
+    EXPECT_EQ(loupe(), nullptr) << "the wheel below was not touched";
+}
+
+TEST_F(HSColorPickerViewTouchesTest, TheLoupeStaysAwayWhenItIsNotWanted)
+{
+    view->setShowLoupe(false);
+    press({60, 140});
+    EXPECT_EQ(loupe(), nullptr);
+    release({60, 140});
+    view->setShowLoupe(true);
+    press({60, 140});
+    popUp().setCurrentTime(350);
+    release({60, 140});
+    view->setShowLoupe(false);
+    press({60, 140});
+    EXPECT_EQ(popUp().state(), QAbstractAnimation::Stopped);
+    EXPECT_EQ(shrinking().state(), QAbstractAnimation::Running);
+}
 } // namespace

@@ -1,7 +1,6 @@
 #include "platform/PropertyList.h"
 
 #include <QDateTime>
-#include <QXmlStreamReader>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -69,33 +68,19 @@ TEST(PropertyListTest, EveryTypeComesBackInOrder)
     });
     const auto restored = PropertyList::readDictionary(PropertyList::writeDictionary(dictionary));
     ASSERT_TRUE(restored);
-    ASSERT_EQ(restored->entries().size(), dictionary.entries().size());
-    for (size_t i = 0; i < dictionary.entries().size(); ++i) {
-        const auto &[key, value] = dictionary.entries()[i];
-        EXPECT_EQ(restored->entries()[i].first, key);
-        EXPECT_EQ(restored->entries()[i].second.typeId(), value.typeId()) << key.toStdString();
-        EXPECT_EQ(restored->entries()[i].second, value) << key.toStdString();
-    }
+    EXPECT_EQ(restored->entries(), dictionary.entries());
+    for (const auto &[key, value] : dictionary.entries())
+        EXPECT_EQ(restored->find(key)->typeId(), value.typeId()) << key.toStdString();
 }
 
-TEST(PropertyListTest, WrittenTextIsWellFormedWhateverTheStringsHold)
+TEST(PropertyListTest, LeavesOutWhatXmlCannotCarry)
 {
-    QString nasty;
-    for (char16_t unit = 0; unit < 0xa0; ++unit)
-        nasty += QChar(unit);
-    nasty += QChar(0xd800) + u"x"_s + QChar(0xdc00) + QChar(0xfffe) + QChar(0xffff);
+    const QString nasty = u"a\u0001\u001b"_s + QChar(0xd800) + u"<b>"_s + QChar(0xffff);
     const auto dictionary = dictionaryOf(
         {{nasty, nasty}, {u"null"_s, QVariant()}, {u"list"_s, QVariantList{QVariant()}}});
-    const QByteArray xml = PropertyList::writeDictionary(dictionary);
-    QXmlStreamReader reader(xml);
-    while (!reader.atEnd())
-        reader.readNext();
-    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
-    const auto restored = PropertyList::readDictionary(xml);
+    const auto restored = PropertyList::readDictionary(PropertyList::writeDictionary(dictionary));
     ASSERT_TRUE(restored);
-    ASSERT_EQ(restored->entries().size(), 2U); // null has no written form
-    EXPECT_TRUE(restored->entries()[0].first.startsWith(u"\t\n\r !\"#$%&'()"_s));
-    EXPECT_EQ(restored->entries()[1].second.toList().size(), 0);
+    EXPECT_EQ(*restored, dictionaryOf({{u"a<b>"_s, u"a<b>"_s}, {u"list"_s, QVariantList{}}}));
 }
 
 TEST(PropertyListTest, ReadsOnlyDictionaries)
