@@ -5,8 +5,6 @@
 #include <limits>
 #include <vector>
 
-namespace
-{
 TEST(HSColorFunctionsTest, PixelFromHSVWalksTheSixSectors)
 {
     const struct {
@@ -100,4 +98,3 @@ TEST(HSColorFunctionsTest, RandomColoursDrawInOrder)
         differs |= HSRandomColorOpaque(true).components() != HSRandomColorOpaque(true).components();
     EXPECT_TRUE(differs);
 }
-} // namespace

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace
-{
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
@@ -78,4 +76,3 @@ TEST(HSColorPickerStateTest, TakesAnyNumbersAndKeepsTheHueBelowOne)
         EXPECT_EQ(state, state.stateBySettingAlpha(state.alpha()));
     }
 }
-} // namespace

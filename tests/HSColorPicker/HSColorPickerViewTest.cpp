@@ -56,17 +56,13 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
     const struct {
         QPointF touch, inSquare, inCircle;
     } cases[] = {
-        {{100, 100}, {100, 100}, {100, 100}},
         {{120.5, 40.25}, {120.5, 40.25}, {120.5, 40.25}},
         {{0, 0}, {11, 11}, {100 - slant, 100 - slant}},
-        {{200, 0}, {189, 11}, {100 + slant, 100 - slant}},
-        {{0, 200}, {11, 189}, {100 - slant, 100 + slant}},
         {{1000, 1000}, {189, 189}, {100 + slant, 100 + slant}},
         {{15, 185}, {15, 185}, {100 - slant, 100 + slant}}, // in the square, outside the circle
         {{100, -300}, {100, 11}, {100, 11}},
         {{100, 199}, {100, 189}, {100, 189}},
         {{-1, 100}, {11, 100}, {11, 100}},
-        {{205, 100}, {189, 100}, {189, 100}},
         {{189, 100}, {189, 100}, {189, 100}},
     };
     for (const auto &[touch, inSquare, inCircle] : cases) {

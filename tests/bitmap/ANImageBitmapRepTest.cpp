@@ -3,7 +3,6 @@
 #include "bitmap/Pictures.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace

@@ -2,10 +2,6 @@
 
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
-
-namespace
-{
 using namespace Pictures;
 
 TEST(BitmapCropManipulatorTest, CutsFromTheCornerThatTheOperationNames)
@@ -51,4 +47,3 @@ TEST(BitmapCropManipulatorTest, EllipseIsSmoothAndItsFrameRounded)
     EXPECT_NEAR(coverage(image), M_PI * 30 * 20, 10.0);
     EXPECT_NE(coverage(image), std::round(coverage(image))) << "hard edges cover whole pixels";
 }
-} // namespace

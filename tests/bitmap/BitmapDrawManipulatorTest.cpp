@@ -2,10 +2,6 @@
 
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
-
-namespace
-{
 using namespace Pictures;
 
 TEST(BitmapDrawManipulatorTest, DrawsImagesFromTheTopLeft)
@@ -52,4 +48,3 @@ TEST(BitmapDrawManipulatorTest, FillsEllipsesFromTheTopLeft)
     EXPECT_EQ(rep->CGImage().pixel(2, 2), red);
     EXPECT_EQ(rep->CGImage().pixel(5, 5), white);
 }
-} // namespace

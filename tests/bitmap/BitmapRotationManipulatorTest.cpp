@@ -2,11 +2,8 @@
 
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 
-namespace
-{
 using namespace Pictures;
 
 TEST(BitmapRotationManipulatorTest, TurnsCounterClockwiseIntoTheBoundingBox)
@@ -66,4 +63,3 @@ TEST(BitmapRotationManipulatorTest, ZeroAndHopelessAngles)
     EXPECT_NE(testing::internal::GetCapturedStderr(), "");
     EXPECT_FALSE(rep->context());
 }
-} // namespace

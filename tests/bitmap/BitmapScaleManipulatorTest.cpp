@@ -2,10 +2,6 @@
 
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
-
-namespace
-{
 using namespace Pictures;
 
 TEST(BitmapScaleManipulatorTest, StretchesToAnySize)
@@ -60,4 +56,3 @@ TEST(BitmapScaleManipulatorTest, ImpossibleSizesLeaveNoPicture)
         EXPECT_EQ(rep->CGImage().pixel(1, 1), clear);
     }
 }
-} // namespace

@@ -2,11 +2,8 @@
 
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 
-namespace
-{
 constexpr const char *noMemory =
     "Malloc failed which is too bad.  I was hoping to use this memory.\n";
 constexpr const char *noBitmap = "Failed to create bitmap!\n";
@@ -64,4 +61,3 @@ TEST(CGContextCreatorTest, CopiesAnImageOfAnyFormatAndScale)
     EXPECT_FALSE(CGContextCreator::newARGBBitmapContextWithImage(QImage()));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), noBitmap);
 }
-} // namespace

@@ -3,11 +3,8 @@
 #include "bitmap/CGContextCreator.h"
 #include "bitmap/Pictures.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 
-namespace
-{
 using namespace Pictures;
 
 TEST(CGContextTest, ShrinksWithoutAliasing)
@@ -86,4 +83,3 @@ TEST(CGContextTest, ReleasedImageTakesThePixelsOver)
     image = QImage();
     EXPECT_TRUE(block.expired());
 }
-} // namespace

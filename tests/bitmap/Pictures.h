@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <array>
+#include <gtest/gtest.h>
 
 namespace Pictures
 {

@@ -1,10 +1,6 @@
 #include "bitmap/Pictures.h"
 #include "bitmap/UIImage+ANImageBitmapRep.h"
 
-#include <gtest/gtest.h>
-
-namespace
-{
 using namespace Pictures;
 
 TEST(UIImageANImageBitmapRepTest, ResizesPixelsInThreeWays)
@@ -28,4 +24,3 @@ TEST(UIImageANImageBitmapRepTest, ResizesPixelsInThreeWays)
     EXPECT_EQ(scaled.pixel(0, 19), red);
     EXPECT_NE(filling.pixel(0, 19), red) << "twice as high, which blurs the seam";
 }
-} // namespace

@@ -12,19 +12,16 @@ class PlainCell : public UITableViewCell
 {
 };
 
-// Sections of given lengths; a reused cell is told from a new one by its pointer.
-class Rows : public UITableViewDataSource, public UITableViewDelegate
+// A table, on sections of given lengths.
+class UITableViewTest : public testing::Test,
+                        public UITableViewDataSource,
+                        public UITableViewDelegate
 {
-public:
-    explicit Rows(std::vector<int> sections) : _sections(std::move(sections)) {}
-
-    int numberOfSectionsInTableView() const override { return int(_sections.size()); }
-    QString titleForHeaderInSection(int section) const override
-    {
-        return QString("Section %1").arg(section);
-    }
-    int numberOfRowsInSection(int section) const override { return _sections[section]; }
-    UITableViewCell *cellForRowAtIndexPath(UITableView &table, NSIndexPath indexPath) override
+protected:
+    int numberOfSectionsInTableView() const override { return int(sections.size()); }
+    QString titleForHeaderInSection(int) const override { return {}; }
+    int numberOfRowsInSection(int section) const override { return sections[section]; }
+    UITableViewCell *cellForRowAtIndexPath(UITableView &, NSIndexPath indexPath) override
     {
         UITableViewCell *cell = table.dequeueReusableCellWithIdentifier("plain");
         if (!cell)
@@ -35,31 +32,18 @@ public:
     }
     double heightForRowAtIndexPath(NSIndexPath) const override { return 50.0; }
     void willDisplayHeaderView(UITableViewHeader &, int) override {}
-    void didSelectRowAtIndexPath(NSIndexPath indexPath) override { selected.push_back(indexPath); }
-    void didDeselectRowAtIndexPath(NSIndexPath indexPath) override
+    void didSelectRowAtIndexPath(NSIndexPath row) override { selected.push_back(row); }
+    void didDeselectRowAtIndexPath(NSIndexPath row) override { deselected.push_back(row); }
+
+    void show(std::vector<int> lengths)
     {
-        deselected.push_back(indexPath);
-    }
-
-    std::vector<NSIndexPath> selected;
-    std::vector<NSIndexPath> deselected;
-
-private:
-    const std::vector<int> _sections;
-};
-
-class UITableViewTest : public testing::Test
-{
-protected:
-    void show(std::vector<int> sections, double height = 400.0)
-    {
-        rows = std::make_unique<Rows>(std::move(sections));
+        sections = std::move(lengths);
         header.setData("import Tintloom\nUITableViewHeader {}", {});
         table.setProperty("headerComponent", QVariant::fromValue(&header));
         table.setWidth(320.0);
-        table.setBoundsHeight(height);
-        table.setDelegate(rows.get());
-        table.setDataSource(rows.get());
+        table.setBoundsHeight(400.0);
+        table.setDelegate(this);
+        table.setDataSource(this);
         QObject::connect(&table, &UITableView::scrollRequested, &table,
                          [this](double offset) { scrollTo(offset); });
         table.setContentInset(20.0, 50.0);
@@ -79,8 +63,9 @@ protected:
 
     QQmlEngine engine;
     QQmlComponent header{&engine};
-    std::unique_ptr<Rows> rows;
     UITableView table;
+    std::vector<int> sections;
+    std::vector<NSIndexPath> selected, deselected;
 };
 } // namespace
 
@@ -132,22 +117,22 @@ TEST_F(UITableViewTest, SelectsWhatIsTappedUnlessToldNotTo)
 {
     show({3, 0, 10});
     table.tap({10, 28 + 50 + 1});
-    EXPECT_EQ(rows->selected, (std::vector<NSIndexPath>{{0, 1}}));
+    EXPECT_EQ(selected, (std::vector<NSIndexPath>{{0, 1}}));
     EXPECT_TRUE(table.cellForRowAtIndexPath({0, 1})->isSelected());
 
     for (const double y : {-5.0, 5.0, 190.0, 220.0, 800.0}) // above, three headers, below
         table.tap({10, y});
-    EXPECT_EQ(rows->selected.size(), 1u);
+    EXPECT_EQ(selected.size(), 1u);
 
     table.tap({10, 234.0 + 1});
-    EXPECT_EQ(rows->selected.back(), (NSIndexPath{2, 0}));
-    EXPECT_EQ(rows->deselected, (std::vector<NSIndexPath>{{0, 1}}));
+    EXPECT_EQ(selected.back(), (NSIndexPath{2, 0}));
+    EXPECT_EQ(deselected, (std::vector<NSIndexPath>{{0, 1}}));
     EXPECT_FALSE(table.cellForRowAtIndexPath({0, 1})->isSelected());
 
     table.setAllowsSelection(false);
     table.setPressed(true, {10, 40});
     table.tap({10, 40});
-    EXPECT_EQ(rows->selected.size(), 2u);
+    EXPECT_EQ(selected.size(), 2u);
     EXPECT_FALSE(table.cellForRowAtIndexPath({0, 0})->isSelected());
 }
 
@@ -172,7 +157,7 @@ TEST_F(UITableViewTest, KeysWalkThroughRowsAcrossEmptySections)
     for (const auto &step : steps) {
         key(step.key);
         key(Qt::Key_Return);
-        EXPECT_EQ(rows->selected.back(), step.row);
+        EXPECT_EQ(selected.back(), step.row);
         const QRectF current = table.rectForRow(step.row);
         EXPECT_GE(current.top(), table.contentOffset() + 20.0 + 28.0);
         EXPECT_LE(current.bottom(), table.contentOffset() + 400.0 - 50.0);
@@ -182,12 +167,12 @@ TEST_F(UITableViewTest, KeysWalkThroughRowsAcrossEmptySections)
 
 TEST_F(UITableViewTest, StandsEmptyTables)
 {
-    for (const std::vector<int> &sections : {std::vector<int>{}, std::vector<int>{0, 0}}) {
-        show(sections);
+    for (const auto &lengths : {std::vector<int>{}, {0, 0}}) {
+        show(lengths);
         for (const Qt::Key k : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_End, Qt::Key_Return})
             key(k);
         table.tap({10, 10});
-        EXPECT_TRUE(rows->selected.empty());
+        EXPECT_TRUE(selected.empty());
         EXPECT_EQ(table.numberOfCells(), 0);
     }
 }
@@ -228,7 +213,7 @@ TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
     table.tap(point); // the finger lifts, which is no tap any more
     table.setPressed(false, point);
     EXPECT_EQ(heard, (std::vector{State::Began, State::Ended}));
-    EXPECT_TRUE(rows->selected.empty());
+    EXPECT_TRUE(selected.empty());
     table.tap(point);
-    EXPECT_EQ(rows->selected, (std::vector<NSIndexPath>{{0, 1}}));
+    EXPECT_EQ(selected, (std::vector<NSIndexPath>{{0, 1}}));
 }
