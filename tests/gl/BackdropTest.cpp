@@ -3,9 +3,7 @@
 #include <set>
 
 // The blur is a shader: it shows on OpenGL alone.
-class BackdropTest : public EditorFixture
-{
-};
+using BackdropTest = EditorFixture;
 
 TEST_F(BackdropTest, WhatPassesBehindABarIsBlurred)
 {
