@@ -1,6 +1,7 @@
 #include "platform/PropertyList.h"
 
 #include <QDateTime>
+#include <QXmlStreamReader>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -75,7 +76,12 @@ TEST(PropertyListTest, LeavesOutWhatXmlCannotCarry)
     const QString nasty = u"a\u0001\u001b"_s + QChar(0xd800) + u"<b>"_s + QChar(0xffff);
     const auto dictionary = dictionaryOf(
         {{nasty, nasty}, {u"null"_s, QVariant()}, {u"list"_s, QVariantList{QVariant()}}});
-    const auto restored = PropertyList::readDictionary(PropertyList::writeDictionary(dictionary));
+    const QByteArray xml = PropertyList::writeDictionary(dictionary);
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd())
+        reader.readNext();
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    const auto restored = PropertyList::readDictionary(xml);
     ASSERT_TRUE(restored);
     EXPECT_EQ(*restored, dictionaryOf({{u"a<b>"_s, u"a<b>"_s}, {u"list"_s, QVariantList{}}}));
 }
