@@ -3,6 +3,7 @@
 #include "catalogue/ThemeList.h"
 #include "fuzz/FuzzTargets.h"
 #include "support/ThemeFixture.h"
+#include "support/ThemeRecords.h"
 #include "theme/ThemePackageWriter.h"
 
 using namespace Qt::StringLiterals;
@@ -12,12 +13,9 @@ namespace
 {
 constexpr qsizetype megabyte = 1024 * 1024;
 
-ElementDataSource parse(const QByteArray &text)
+ElementDataSource parse(const QByteArray &text, const PropertyDictionary *saved = nullptr)
 {
-    testing::internal::CaptureStderr();
-    auto source = ElementDataSource::parse(text, u"document"_s, nullptr);
-    testing::internal::GetCapturedStderr();
-    return source;
+    return ElementDataSource::parse(text, u"document"_s, saved);
 }
 
 QByteArray document(const QByteArrayList &elements)
@@ -49,6 +47,7 @@ TEST(SizesTest, AHundredMegabytesLoadWhole)
     const auto saved = PropertyList::readDictionary(PropertyList::writeDictionary(theme));
     ASSERT_TRUE(saved);
     EXPECT_TRUE(*saved == theme);
+    EXPECT_TRUE(themeDictionary(parse(document(elements), &*saved)) == theme);
 }
 
 TEST(SizesTest, ValuesOfTenMegabytesAreKept)
@@ -69,26 +68,16 @@ TEST(SizesTest, AHundredThousandSectionsAreSorted)
 {
     constexpr int count = 100'000;
     QByteArrayList elements;
+    QByteArray themes;
     for (int i = 0; i < count; ++i) {
         const QByteArray number = QByteArray::number(count + i * 7919 % count);
         elements.append(element("key" + number, "\"#111\"", "null", "null", "\"" + number + "\""));
+        themes += themeRecord(number, number);
     }
     const auto source = parse(document(elements));
     ASSERT_EQ(source.numberOfSections(), count);
     EXPECT_TRUE(std::ranges::is_sorted(source.sortedSections()));
-}
-
-TEST(SizesTest, AHundredThousandSectionsOfThemesAreSorted)
-{
-    constexpr int count = 100'000;
-    QByteArray records;
-    for (int i = 0; i < count; ++i) {
-        const QByteArray number = QByteArray::number(count + i * 7919 % count);
-        records += "<dict><key>section</key><string>" + number +
-                   "</string><key>name</key><string>" + number + "</string></dict>";
-    }
-    const ThemeList list = ThemeList::parse(
-        "<plist version=\"1.0\"><array>" + records + "</array></plist>", u"list"_s);
+    const ThemeList list = ThemeList::parse(themeList(themes), u"list"_s);
     ASSERT_EQ(list.numberOfSections(), count);
     EXPECT_EQ(list.titleForSection(0), QString::number(count));
     EXPECT_EQ(list.titleForSection(count - 1), QString::number(2 * count - 1));
@@ -96,11 +85,8 @@ TEST(SizesTest, AHundredThousandSectionsOfThemesAreSorted)
 
 TEST(SizesTest, WhatNestsTooDeepIsRefusedAndTheRestIsKept)
 {
-    const struct {
-        qsizetype depth;
-        Status status;
-    } cases[] = {{100, Status::Loaded}, {1000, Status::Loaded}, {100'000, Status::Malformed}};
-    for (const auto &[depth, status] : cases) {
+    for (const auto &[depth, status] :
+         {std::pair(100, Status::Loaded), {1000, Status::Loaded}, {100'000, Status::Malformed}}) {
         const QByteArray text =
             document({element("color", nested(depth)),
                       element("choice", "null", "{\"A\":" + nested(depth) + "}", nested(depth))});
@@ -113,15 +99,9 @@ TEST(SizesTest, WhatNestsTooDeepIsRefusedAndTheRestIsKept)
 
 TEST(SizesTest, NumbersAndTextAtTheEdgesSurviveASave)
 {
-    const QByteArray numbers[] = {"18446744073709551615",
-                                  "-9223372036854775808",
-                                  "1e308",
-                                  "-9223372036854775809",
-                                  "5e-324",
-                                  "9007199254740993",
-                                  "-0.0"};
     QByteArrayList elements;
-    for (const QByteArray &number : numbers)
+    for (const QByteArray number : {"18446744073709551615", "-9223372036854775808", "1e308",
+                                    "-9223372036854775809", "5e-324", "9007199254740993", "-0.0"})
         elements.append(element("n" + number, number, "{\"A\":" + number + "}", number));
     elements.append(element("a\\u0001b\\ud800", "\"x\\u0000\\uffff\\u001b\"",
                             "{\"L\\u0007\":\"v\\u0008\"}", "\"v\\u0008\""));

@@ -4,7 +4,7 @@
 #include "catalogue/MainViewController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "support/EditorFixture.h"
-#include "support/Files.h"
+#include "support/ThemeRecords.h"
 
 class CatalogueFixture : public EditorFixture
 {
@@ -44,15 +44,11 @@ protected:
     void record(const QByteArray &section, const QByteArray &name, const QByteArray &details,
                 const QByteArray &active = "Yes")
     {
-        const auto entry = [](const QByteArray &key, const QByteArray &value) {
-            return "<key>" + key + "</key><string>" + value + "</string>";
-        };
-        _records += "<dict>" + entry("section", section) + entry("name", name) +
-                    entry("details", details) + entry("active", active) + "</dict>";
+        _records += themeRecord(section, name, details, active);
     }
     void open(QSize size = {320, 568})
     {
-        put(_resources + "/themes.plist", "<plist><array>" + _records + "</array></plist>");
+        putThemes(_resources, _records);
         start(size, AppDelegate::Root::Catalogue);
     }
 
@@ -105,6 +101,12 @@ protected:
             [this] { return window().alert() && window().alert()->title() == "Saved"; });
         settle();
         return saved;
+    }
+    /// Presses the alert's second button, which starts a flow, and waits for the flow's own alert.
+    bool agreeAndWait()
+    {
+        answer(1);
+        return waitForSaved();
     }
     void finishSlide()
     {

@@ -5,6 +5,7 @@
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIScreen.h"
+#include "views/CustomTableCell.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -81,6 +82,10 @@ protected:
     /// The screen on top, whichever it is.
     QQuickItem &screen() { return *navigation().topViewController()->view(); }
     UITableView &table() { return *screen().property("table").value<UITableView *>(); }
+    CustomTableCell *cell(NSIndexPath indexPath)
+    {
+        return qobject_cast<CustomTableCell *>(table().cellForRowAtIndexPath(indexPath));
+    }
     QQuickItem *item(const char *name) { return screen().findChild<QQuickItem *>(name); }
 
     /// Where an item is, in the window.
