@@ -73,10 +73,8 @@ TEST(ShippedThemes, AreWhatThePalettesMake)
 {
     const QTemporaryDir made;
     QProcess maker;
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"TINTLOOM"_s, QStringLiteral(TINTLOOM_EXECUTABLE));
-    maker.setProcessEnvironment(environment);
-    maker.start(resources + "/../tools/make-themes"_L1, {made.path()});
+    maker.start(
+        "env", {"TINTLOOM=" TINTLOOM_EXECUTABLE, resources + "/../tools/make-themes", made.path()});
     ASSERT_TRUE(maker.waitForFinished(100'000));
     ASSERT_EQ(maker.exitCode(), 0) << maker.readAllStandardError().toStdString();
 
@@ -104,9 +102,7 @@ TEST(ShippedThemes, AreWhatThePalettesMake)
 TEST(ShippedThemes, SetEveryElement)
 {
     const QTemporaryDir nothingSaved;
-    testing::internal::CaptureStderr();
     const auto source = ElementDataSource::load(resources, nothingSaved.path());
-    testing::internal::GetCapturedStderr();
     ASSERT_FALSE(source.tableSource().empty());
     for (const QString &name : themeNames()) {
         const PropertyDictionary info = themeInfo(resources, name);
@@ -124,20 +120,20 @@ TEST(ShippedThemes, SetEveryElement)
 
 TEST(ShippedThemes, AreLegible)
 {
-    const QStringList balloons{u"green-balloon-colors_1"_s, u"green-balloon-colors_2"_s,
-                               u"blue-balloon-colors_1"_s,  u"blue-balloon-colors_2"_s,
-                               u"gray-balloon-colors_1"_s,  u"gray-balloon-colors_2"_s};
     QList<std::pair<QString, QString>> texts{
-        {u"composer-text-color"_s, u"composer-background-color"_s},
-        {u"sender-name-color"_s, u"conversation-background-color"_s},
-        {u"timestamp-color"_s, u"conversation-background-color"_s},
-        {u"list-name-color"_s, u"list-background-image"_s},
-        {u"list-preview-color"_s, u"list-background-image"_s},
-        {u"unread-name-color"_s, u"list-background-image"_s},
-        {u"navigation-title-color"_s, u"navigation-bar-color"_s},
+        {"composer-text-color", "composer-background-color"},
+        {"sender-name-color", "conversation-background-color"},
+        {"timestamp-color", "conversation-background-color"},
+        {"list-name-color", "list-background-image"},
+        {"list-preview-color", "list-background-image"},
+        {"unread-name-color", "list-background-image"},
+        {"navigation-title-color", "navigation-bar-color"},
     };
+    QStringList balloons;
+    for (const QString color : {"green", "blue", "gray"})
+        balloons += {color + "-balloon-colors_1", color + "-balloon-colors_2"};
     for (const QString &balloon : balloons)
-        texts.append({u"balloon-text-color"_s, balloon});
+        texts.append({"balloon-text-color", balloon});
     constexpr double textMinimum = 4.5; // WCAG 2.1, level AA; 3.0 for what is no text
     for (const QString &name : themeNames()) {
         const PropertyDictionary info = themeInfo(resources, name);
