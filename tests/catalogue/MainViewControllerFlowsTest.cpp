@@ -7,9 +7,7 @@ namespace
 constexpr QFileDevice::Permissions everything(0x7777); // Qt counts the owner twice
 const QStringList filesOfRed{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"};
 
-class MainViewControllerFlowsTest : public CatalogueFixture
-{
-};
+using MainViewControllerFlowsTest = CatalogueFixture;
 } // namespace
 
 TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)

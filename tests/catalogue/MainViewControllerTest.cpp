@@ -67,13 +67,10 @@ TEST_F(MainViewControllerTest, TheUsersOwnRowKeepsWhatItsCellShowedBefore)
 {
     for (const bool active : {false, true}) {
         SCOPED_TRACE(active);
-        _records.clear();
-        record("A", "First", "", active ? "Yes" : "No");
-        for (int i = 0; i < 20; ++i)
-            record("A", "Filler", "");
-        record("Custom", "Build Your Own!", "");
-        for (int i = 0; i < 20; ++i)
-            record("Z", "Filler", "");
+        _records = themeRecord("A", "First", "", active ? "Yes" : "No") +
+                   themeRecord("A", "Filler").repeated(20) +
+                   themeRecord("Custom", "Build Your Own!") +
+                   themeRecord("Z", "Filler").repeated(20);
         open();
         catalogue().setSelectedTheme("First");
         settle();

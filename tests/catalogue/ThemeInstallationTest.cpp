@@ -93,11 +93,6 @@ TEST_F(ThemeInstallationTest, RootAndWorkingFolderThatCannotBeWrittenAreNamed)
             << failures(report).toStdString();
     EXPECT_TRUE(report.written.isEmpty());
     EXPECT_EQ(contents(locations.packageRoot), "a file");
-
-    testing::internal::CaptureStderr();
-    for (const QString name : {"..", "Missing"}) {
-        const SaveReport none = copyTheme(beginInstalling(resources, name, locations));
-        EXPECT_TRUE(failures(none).contains(name + ": No such file or directory"));
-    }
-    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(failures(copyTheme(beginInstalling(resources, "..", locations)))
+                    .contains("..: No such file or directory"));
 }

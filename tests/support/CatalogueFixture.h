@@ -14,11 +14,6 @@ protected:
         writeDocument(QJsonArray{element("plain", "A", "#111111FF"),
                                  element("list-background-image", "A", "#222222FF"),
                                  element("unread-indicator-image", "A", "#333333FF")});
-        record("Zebra", "Stripes", "Black and white");
-        record("Custom", "Build Your Own!", "not shown");
-        record("alpha", "Later", "not shown", "No");
-        record("alpha", "Red", "Warm");
-        record("alpha", "Blue", "Cold");
         // A property list in a folder that comes before the package's own is not the package's.
         put(theme("Red", "Info.plist"), info("#FF0000FF"));
         put(theme("Red", "Extra/Info.plist"), "inner");
@@ -40,11 +35,6 @@ protected:
         PropertyDictionary dictionary;
         dictionary.setValue("plain", color);
         return PropertyList::writeDictionary(dictionary);
-    }
-    void record(const QByteArray &section, const QByteArray &name, const QByteArray &details,
-                const QByteArray &active = "Yes")
-    {
-        _records += themeRecord(section, name, details, active);
     }
     void open(QSize size = {320, 568})
     {
@@ -75,14 +65,11 @@ protected:
     void longPress(UITableViewCell *pressed)
     {
         const QPoint point = sceneFrame(pressed).center().toPoint();
-        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
         for (const auto &recognizer : pressed->gestureRecognizers()) {
-            auto *timer = recognizer->findChild<QTimer *>("minimumPressDuration");
-            if (timer->isActive()) {
-                EXPECT_EQ(timer->interval(), 500);
-                timer->setInterval(0); // for this press
-            }
+            EXPECT_EQ(recognizer->minimumPressDuration(), 0.5);
+            recognizer->setMinimumPressDuration(0.0); // for this press
         }
+        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
         QTest::qWait(1); // timers run
         for (const auto &recognizer : pressed->gestureRecognizers())
             recognizer->setMinimumPressDuration(0.5);
@@ -124,5 +111,9 @@ protected:
         return folders().theme.packageFolder() + '/' + file;
     }
 
-    QByteArray _records;
+    QByteArray _records = themeRecord("Zebra", "Stripes", "Black and white") +
+                          themeRecord("Custom", "Build Your Own!", "not shown") +
+                          themeRecord("alpha", "Later", "not shown", "No") +
+                          themeRecord("alpha", "Red", "Warm") +
+                          themeRecord("alpha", "Blue", "Cold");
 };

@@ -5,9 +5,9 @@
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIScreen.h"
+#include "support/Files.h"
 #include "views/CustomTableCell.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -42,9 +42,7 @@ protected:
 
     void writeDocument(const QByteArray &bytes)
     {
-        QFile file(_folder.filePath("initialDatasource.txt"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        put(_folder.filePath("initialDatasource.txt"), bytes);
     }
     void writeDocument(const QJsonArray &elements)
     {
