@@ -2,12 +2,11 @@
 // and the completion of its arguments.
 
 #include "app/CommandLine.h"
+#include "support/Files.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
-#include <gtest/gtest.h>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -16,9 +15,7 @@ namespace
 {
 QString read(const QString &name)
 {
-    QFile file(QStringLiteral(TINTLOOM_SOURCE_DIR "/") + name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    return QString::fromUtf8(file.readAll());
+    return QString::fromUtf8(contents(TINTLOOM_SOURCE_DIR "/" + name));
 }
 
 QString help()

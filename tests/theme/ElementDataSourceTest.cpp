@@ -26,18 +26,20 @@ TEST_F(ElementDataSourceTest, GroupsExactlyAndSortsWithoutCase)
                  element("b", "null", "null", "null", "\"Alpha\""),
                  element("c", "null", "null", "null", "\"Beta\""),
                  element("d", "null", "null", "null", "null"),
-                 element("e", "null", "null", "null", "\"beta\"")});
+                 element("e", "null", "null", "null", "\"beta\""),
+                 element("f", "null", "null", "null", "\"\"")});
     const auto source = load();
     EXPECT_EQ(source.status(), Status::Loaded);
-    EXPECT_EQ(source.sortedSections(), QStringList({"Alpha", "Beta", "beta", "MISSING SECTION"}));
-    EXPECT_EQ(keys(source, 1), QStringList("c"));
-    EXPECT_EQ(keys(source, 2), QStringList({"a", "e"}));
-    EXPECT_EQ(source.numberOfRowsInSection(3), 0); // the fault shows, the row does not
+    ASSERT_EQ(source.sortedSections(),
+              QStringList({"", "Alpha", "Beta", "beta", "MISSING SECTION"}));
+    EXPECT_EQ(keys(source, 2), QStringList("c"));
+    EXPECT_EQ(keys(source, 3), QStringList({"a", "e"}));
+    EXPECT_EQ(source.numberOfRowsInSection(4), 0); // the fault shows, the row does not
     EXPECT_TRUE(log.contains("\nMISSING SECTION: Name of d\n"_L1));
     EXPECT_TRUE(log.startsWith("path: %1\n"_L1.arg(locations.workingCopy())));
 
-    ASSERT_EQ(source.tableSource().size(), 5U);
-    source.record(2, 1).color = u"#123"_s; // both views show the same record
+    ASSERT_EQ(source.tableSource().size(), 6U);
+    source.record(3, 1).color = u"#123"_s; // both views show the same record
     EXPECT_EQ(source.tableSource()[4]->color, QVariant(u"#123"_s));
     EXPECT_FALSE(source.tableSource()[3]->section);
 }

@@ -67,6 +67,14 @@ TEST_F(WorkingCopyKeeperTest, TheEarlierChoicesAreTheLastThatDiffered)
     expectStands(third, strange);
     keeper = open();
     ASSERT_TRUE(keeper->begin());
+    {
+        const FaultHookGuard guard(
+            failing(NSFileManager::Operation::Write, locations.workingCopy()));
+        EXPECT_EQ(keeper->write(first), std::errc::no_space_on_device);
+    }
+    EXPECT_FALSE(keeper->end());
+    expectStands(third, strange);
+    ASSERT_TRUE(keeper->begin());
     EXPECT_FALSE(keeper->copy(folder.filePath("theme")));
     EXPECT_FALSE(keeper->end());
     expectStands(first, third);
