@@ -1,72 +1,57 @@
 #include "app/CatalogueCommands.h"
 
 #include "support/ProgramFixture.h"
+#include "support/ThemeRecords.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-using namespace Qt::StringLiterals;
 
 namespace
 {
 struct CatalogueCommandsTest : ProgramFixture {
     void SetUp() override
     {
-        const auto record = [](const QByteArray &section, const QByteArray &name,
-                               const QByteArray &active) {
-            return "<dict><key>section</key><string>" + section +
-                   "</string><key>name</key><string>" + name +
-                   "</string><key>details</key><string>About it</string>"
-                   "<key>active</key><string>" +
-                   active + "</string></dict>";
-        };
-        put(resources + "/themes.plist"_L1,
-            "<plist><array>" + record("Custom", "Build Your Own!", "Yes") +
-                record("Dark", "Midnight", "Yes") + record("Dark", "Sunset", "No") +
-                record("Bright", "Lost", "Yes") + record("Bright", "../Dark", "Yes") +
-                "</array></plist>");
-        put(resources + "/Midnight/Info.plist"_L1, "info");
-        put(resources + "/Midnight/UIKit/dot.png"_L1, "dot");
+        putThemes(resources, themeRecord("Custom", "Build Your Own!") +
+                                 themeRecord("Dark", "Midnight") +
+                                 themeRecord("Dark", "Sunset", "Not shown", "No") +
+                                 themeRecord("Bright", "Lost") + themeRecord("Bright", "../Dark"));
+        put(resources + "/Midnight/Info.plist", "info");
+        put(resources + "/Midnight/UIKit/dot.png", "dot");
     }
-    QStringList rows(const QByteArray &key)
+    /// What each row of the list has under the key.
+    QString listed(const QString &key) const
     {
         QStringList values;
-        for (const QJsonValue row :
-             QJsonDocument::fromJson(run({u"themes"_s, u"--json"_s}).out).array())
-            values += row[QLatin1StringView(key)].toVariant().toString();
-        return values;
+        for (const QJsonValue row : QJsonDocument::fromJson(run("themes --json").out).array())
+            values += row[key].toVariant().toString();
+        return values.join(", ");
     }
 };
 } // namespace
 
 TEST_F(CatalogueCommandsTest, ListsTheCatalogue)
 {
-    EXPECT_EQ(rows("name"),
-              (QStringList{"Lost", "../Dark", "Build Your Own!", "Midnight", "Sunset"}));
-    EXPECT_EQ(rows("section"), (QStringList{"Bright", "Bright", "Custom", "Dark", "Dark"}));
-    EXPECT_EQ(rows("active"), (QStringList{"true", "true", "true", "true", "false"}));
-    EXPECT_FALSE(rows("installed").contains("true"));
-    EXPECT_EQ(run({u"install"_s, u"Midnight"_s}).exitCode, 0);
-    EXPECT_EQ(rows("installed"), (QStringList{"false", "false", "false", "true", "false"}));
-    const QByteArray readable = run({u"themes"_s}).out;
+    EXPECT_EQ(listed("name"), "Lost, ../Dark, Build Your Own!, Midnight, Sunset");
+    EXPECT_EQ(listed("section"), "Bright, Bright, Custom, Dark, Dark");
+    EXPECT_EQ(listed("active"), "true, true, true, true, false");
+    EXPECT_EQ(listed("installed"), "false, false, false, false, false");
+    EXPECT_EQ(run("install Midnight").exitCode, 0);
+    EXPECT_EQ(listed("installed"), "false, false, false, true, false");
+    const QByteArray readable = run("themes").out;
     EXPECT_TRUE(readable.contains("* Midnight         About it\n")) << readable.toStdString();
     EXPECT_TRUE(readable.contains("  Sunset           Coming soon!\n"));
 
-    QFile::remove(resources + "/themes.plist"_L1);
-    for (const QStringList &arguments :
-         {QStringList{"themes"}, QStringList{"install", "Midnight"}}) {
-        const Finished none = run(arguments);
-        EXPECT_EQ(none.exitCode, 1);
-        EXPECT_TRUE(none.err.contains("themes.plist: No such file")) << none.err.toStdString();
-    }
+    QFile::remove(resources + "/themes.plist");
+    for (const QString command : {"themes", "install Midnight"})
+        expectRefused(command, 1, {"themes.plist: No such file"});
 }
 
 TEST_F(CatalogueCommandsTest, InstallsAndEdits)
 {
     put(locations.workingCopy(), "mine");
-    const Finished installed = run({u"install"_s, u"Midnight"_s});
-    EXPECT_EQ(installed.exitCode, 0) << installed.err.toStdString();
+    const Finished installed = run("install Midnight");
+    EXPECT_EQ(installed.exitCode, 0);
     EXPECT_EQ(installed.err, "SAVING THEME... Midnight\n");
     EXPECT_EQ(installed.out,
               "Midnight has been installed in " + locations.packageFolder().toUtf8() + "\n");
@@ -74,24 +59,24 @@ TEST_F(CatalogueCommandsTest, InstallsAndEdits)
               (QStringList{"Info.plist", "UIKit", "UIKit/dot.png"}));
     EXPECT_EQ(contents(locations.workingCopy()), "mine");
 
-    put(locations.packageFolder() + "/touched"_L1, "");
-    const Finished again = run({u"install"_s, u"Midnight"_s});
+    put(locations.packageFolder() + "/touched", "");
+    const Finished again = run("install Midnight");
     EXPECT_EQ(again.exitCode, 0);
     EXPECT_EQ(again.out, "Midnight is already your chosen theme.\n");
-    EXPECT_TRUE(QFile::exists(locations.packageFolder() + "/touched"_L1));
+    EXPECT_TRUE(QFile::exists(locations.packageFolder() + "/touched"));
 
-    const Finished edited = run({u"edit"_s, u"Midnight"_s});
+    const Finished edited = run("edit Midnight");
     EXPECT_EQ(edited.exitCode, 0);
     EXPECT_TRUE(edited.err.startsWith("SAVING PREDEFINED THEME... Midnight\n"));
     EXPECT_TRUE(edited.out.contains(locations.workingCopy().toUtf8()));
     EXPECT_EQ(contents(locations.workingCopy()), "info");
-    EXPECT_FALSE(QFile::exists(locations.packageFolder() + "/touched"_L1));
-    EXPECT_EQ(rows("installed"), (QStringList{"false", "false", "true", "false", "false"}));
+    EXPECT_FALSE(QFile::exists(locations.packageFolder() + "/touched"));
+    EXPECT_EQ(listed("installed"), "false, false, true, false, false");
 }
 
-TEST_F(CatalogueCommandsTest, ANameThatCannotBeInstalledTouchesNothing)
+TEST_F(CatalogueCommandsTest, WhatCannotBeInstalledTouchesNothingAndIsNamed)
 {
-    put(locations.packageInfo(), "kept");
+    put(locations.packageRoot, "a file");
     put(locations.workingCopy(), "kept");
     const QStringList before = tree(folder.path());
     const struct {
@@ -99,32 +84,20 @@ TEST_F(CatalogueCommandsTest, ANameThatCannotBeInstalledTouchesNothing)
         int exitCode;
         QByteArray told;
     } cases[] = {
-        {u"midnihgt"_s, 2, "near it: Midnight"},
-        {u"Sunset"_s, 2, "coming soon"},
-        {u"Build Your Own!"_s, 2, "editor"},
-        {u"nothing like it"_s, 2, "tintloom themes"},
-        {u"Lost"_s, 1, "/Lost"},
-        {u"../Dark"_s, 1, "../Dark"},
+        {"midnihgt", 2, "near it: Midnight"},
+        {"Sunset", 2, "coming soon"},
+        {"\"Build Your Own!\"", 2, "editor"},
+        {"\"nothing like it\"", 2, "tintloom themes"},
+        {"Lost", 1, "/Lost"},
+        {"../Dark", 1, "../Dark"},
     };
     for (const auto &[name, exitCode, told] : cases) {
-        for (const QString &command : {u"install"_s, u"edit"_s}) {
-            const Finished result = run({command, name});
-            EXPECT_EQ(result.exitCode, exitCode) << name.toStdString();
-            EXPECT_TRUE(result.out.isEmpty());
-            EXPECT_TRUE(result.err.contains(told)) << result.err.toStdString();
-        }
+        for (const QString command : {"install ", "edit "})
+            expectRefused(command + name, exitCode, {told});
     }
     EXPECT_EQ(tree(folder.path()), before);
-    EXPECT_EQ(contents(locations.packageInfo()) + contents(locations.workingCopy()), "keptkept");
-}
-
-TEST_F(CatalogueCommandsTest, WhatCannotBeCopiedIsNamed)
-{
-    put(locations.packageRoot, "a file");
-    const Finished result = run({u"install"_s, u"Midnight"_s});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.out.isEmpty());
-    EXPECT_TRUE(result.err.contains("tintloom: cannot write " + locations.packageInfo().toUtf8() +
-                                    ": Not a directory\n"))
-        << result.err.toStdString();
+    expectRefused(
+        "install Midnight", 1,
+        {"tintloom: cannot write " + locations.packageInfo().toUtf8() + ": Not a directory\n"});
+    EXPECT_EQ(contents(locations.packageRoot) + contents(locations.workingCopy()), "a filekept");
 }

@@ -7,10 +7,13 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
+auto parsed(const QString &arguments)
+{
+    return CommandLine::parse(QProcess::splitCommand("tintloom " + arguments));
+}
+
 struct CommandLineTest : ProgramFixture {
     void SetUp() override
     {
@@ -22,12 +25,9 @@ struct CommandLineTest : ProgramFixture {
         });
     }
 
-    QVariant saved(const QString &key) const
+    static QVariant saved(const QString &package, const QString &key)
     {
-        const auto dictionary =
-            PropertyList::readDictionary(contents(locations.packageInfo())).value();
-        const QVariant *value = dictionary.find(key);
-        return value ? *value : QVariant();
+        return *PropertyList::readDictionary(contents(package + "/Tintloom/Info.plist"))->find(key);
     }
 };
 } // namespace
@@ -38,78 +38,73 @@ TEST_F(CommandLineTest, ParsesOptionsBeforeAndAfterTheCommand)
     qunsetenv("TINTLOOM_PACKAGE_ROOT");
     qputenv("TINTLOOM_DOCUMENTS", "/from/environment");
     qputenv("TINTLOOM_RESOURCES", "");
-    const auto parsed = CommandLine::parse({u"tintloom"_s, u"--scale"_s, u"2.5"_s, u"save"_s,
-                                            u"--set"_s, u"a=b=c"_s, u"--screen=320x240"_s,
-                                            u"--set=k="_s, u"--package-root"_s, u"rel/../dir/"_s});
-    const auto plain = CommandLine::parse({u"tintloom"_s});
+    const auto options = parsed("--scale 2.5 save --set a=b=c --screen=320x240 --set=k= "
+                                "--package-root rel/../dir/")
+                             .options;
+    const auto plain = parsed("").options;
     qunsetenv("TINTLOOM_DOCUMENTS");
     qunsetenv("TINTLOOM_RESOURCES");
-    ASSERT_TRUE(parsed.options && plain.options);
-    EXPECT_EQ(parsed.options->command, Save);
-    EXPECT_EQ(parsed.options->scale, 2.5);
-    EXPECT_EQ(parsed.options->screen, QSizeF(320, 240));
-    EXPECT_EQ(parsed.options->edits, QStringList({u"a=b=c"_s, u"k="_s}));
-    EXPECT_EQ(parsed.options->packageRoot, QDir::current().filePath(u"dir"_s));
-    EXPECT_EQ(parsed.options->documents, u"/from/environment"_s);
-    EXPECT_EQ(plain.options->command, Window);
-    EXPECT_EQ(plain.options->packageRoot, u"/var/mobile/Library/biteThemes"_s);
-    EXPECT_EQ(plain.options->screen, QSizeF(320, 568));
-    EXPECT_EQ(plain.options->scale, 2.0);
-    EXPECT_TRUE(QFile::exists(plain.options->resources + "/initialDatasource.txt"_L1));
+    ASSERT_TRUE(options && plain);
+    EXPECT_EQ(options->command, Save);
+    EXPECT_EQ(options->scale, 2.5);
+    EXPECT_EQ(options->screen, QSizeF(320, 240));
+    EXPECT_EQ(options->edits, (QStringList{"a=b=c", "k="}));
+    EXPECT_EQ(options->packageRoot, QDir::current().filePath("dir"));
+    EXPECT_EQ(options->documents, "/from/environment");
+    EXPECT_EQ(plain->command, Window);
+    EXPECT_EQ(plain->packageRoot, "/var/mobile/Library/biteThemes");
+    EXPECT_EQ(plain->screen, QSizeF(320, 568));
+    EXPECT_EQ(plain->scale, 2.0);
+    EXPECT_TRUE(QFile::exists(plain->resources + "/initialDatasource.txt"));
 }
 
 TEST_F(CommandLineTest, WrongUsageNamesTheCulprit)
 {
     const struct {
-        QStringList arguments;
-        QString culprit;
+        QString arguments, culprit;
     } cases[] = {
-        {{u"show"_s}, u"show"_s},
-        {{u"list"_s, u"more"_s}, u"more"_s},
-        {{u"--bogus"_s}, u"bogus"_s},
-        {{u"--scale"_s}, u"scale"_s},
-        {{u"--scale=0.5"_s}, u"0.5"_s},
-        {{u"--scale=8.01"_s}, u"8.01"_s},
-        {{u"--scale=nan"_s}, u"nan"_s},
-        {{u"--scale="_s}, u"scale"_s},
-        {{u"--screen=319x568"_s}, u"319x568"_s},
-        {{u"--screen=320x8193"_s}, u"320x8193"_s},
-        {{u"--screen=320.5x568"_s}, u"320.5x568"_s},
-        {{u"--screen=320x568\n"_s}, u"320x568"_s},
-        {{u"--documents="_s, u"list"_s}, u"documents"_s},
-        {{u"--package-root"_s, u""_s}, u"package-root"_s},
-        {{u"--json"_s}, u"json"_s},
-        {{u"save"_s, u"--json"_s}, u"json"_s},
-        {{u"list"_s, u"--catalogue"_s}, u"catalogue"_s},
-        {{u"install"_s}, u"install"_s},
-        {{u"edit"_s, u"Paper"_s, u"Plum"_s}, u"Plum"_s},
-        {{u"themes"_s, u"Paper"_s}, u"Paper"_s},
-        {{u"list"_s, u"--set"_s, u"a=b"_s}, u"set"_s},
-        {{u"save"_s, u"--set"_s, u"novalue"_s}, u"novalue"_s},
+        {"show", "show"},
+        {"list more", "more"},
+        {"--bogus", "bogus"},
+        {"--scale", "scale"},
+        {"--scale=0.5", "0.5"},
+        {"--scale=8.01", "8.01"},
+        {"--scale=nan", "nan"},
+        {"--scale=", "scale"},
+        {"--screen=319x568", "319x568"},
+        {"--screen=320x8193", "320x8193"},
+        {"--screen=320.5x568", "320.5x568"},
+        {"\"--screen=320x568\n\"", "320x568"},
+        {"--documents= list", "documents"},
+        {"--package-root=", "package-root"},
+        {"--json", "json"},
+        {"save --json", "json"},
+        {"list --catalogue", "catalogue"},
+        {"install", "install"},
+        {"edit Paper Plum", "Plum"},
+        {"themes Paper", "Paper"},
+        {"list --set a=b", "set"},
+        {"save --set novalue", "novalue"},
     };
     for (const auto &[arguments, culprit] : cases) {
-        const auto outcome = CommandLine::parse(QStringList(u"tintloom"_s) + arguments);
-        EXPECT_FALSE(outcome.options) << culprit.toStdString();
-        EXPECT_EQ(outcome.exitCode, 2) << culprit.toStdString();
+        const auto outcome = parsed(arguments);
+        EXPECT_FALSE(outcome.options) << arguments.toStdString();
+        EXPECT_EQ(outcome.exitCode, 2) << arguments.toStdString();
         EXPECT_TRUE(outcome.text.contains(culprit)) << outcome.text.toStdString();
     }
-    const Finished wrong = run({u"--bogus"_s});
-    EXPECT_EQ(wrong.exitCode, 2);
-    EXPECT_TRUE(wrong.out.isEmpty() && !wrong.err.isEmpty());
-    const Finished version = run({u"--version"_s});
+    expectRefused("--bogus", 2, {"bogus"});
+    const Finished version = run("--version");
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_EQ(version.out, "Tintloom 2.1\n");
-    EXPECT_TRUE(run({u"save"_s, u"--help"_s}).out.contains("--set KEY=VALUE"));
+    EXPECT_TRUE(run("save --help").out.contains("--set KEY=VALUE"));
 }
 
 TEST_F(CommandLineTest, ListsInTableOrder)
 {
-    putSaved([] {
-        PropertyDictionary saved;
-        saved.setValue(u"size"_s, 2.5);
-        return saved;
-    }());
-    const Finished listed = run({u"list"_s, u"--json"_s});
+    PropertyDictionary choices;
+    choices.setValue("size", 2.5);
+    putSaved(choices);
+    const Finished listed = run("list --json");
     EXPECT_EQ(listed.exitCode, 0);
     const QJsonArray rows = QJsonDocument::fromJson(listed.out).array();
     ASSERT_EQ(rows.size(), 3); // the element without a section has no row
@@ -121,12 +116,12 @@ TEST_F(CommandLineTest, ListsInTableOrder)
                                                {"color", "#222"},
                                                {"value", QJsonValue::Null},
                                                {"options", QJsonValue::Null}}));
-    EXPECT_EQ(rows[2]["value"_L1], QJsonValue(2.5));
-    EXPECT_EQ(rows[2]["kind"_L1], QJsonValue("choice"));
-    EXPECT_EQ(rows[2]["color"_L1], QJsonValue::Null);
-    EXPECT_EQ(rows[2]["options"_L1], (QJsonObject{{"Small", 1}, {"Large", 2.5}}));
+    EXPECT_EQ(rows[2]["value"], QJsonValue(2.5));
+    EXPECT_EQ(rows[2]["kind"], QJsonValue("choice"));
+    EXPECT_EQ(rows[2]["color"], QJsonValue::Null);
+    EXPECT_EQ(rows[2]["options"], (QJsonObject{{"Small", 1}, {"Large", 2.5}}));
 
-    const Finished readable = run({u"list"_s});
+    const Finished readable = run("list");
     EXPECT_EQ(readable.exitCode, 0);
     EXPECT_LT(readable.out.indexOf("#222"), readable.out.indexOf("#111"));
     EXPECT_TRUE(readable.out.contains("Large\n"));
@@ -134,26 +129,23 @@ TEST_F(CommandLineTest, ListsInTableOrder)
 
 TEST_F(CommandLineTest, SavesEditsAndPrintsThePaths)
 {
-    const Finished first = run({u"save"_s, u"--scale"_s, u"1"_s, u"--set"_s,
-                                u"background=01020304"_s, u"--set"_s, u"size=Large"_s});
-    EXPECT_EQ(first.exitCode, 0) << first.err.toStdString();
-    EXPECT_EQ(QString::fromUtf8(first.out).trimmed().split(u'\n'),
-              QStringList({locations.packageInfo(), locations.listBackground(),
+    const Finished first = run("save --scale 1 --set background=01020304 --set size=Large");
+    EXPECT_EQ(first.exitCode, 0);
+    EXPECT_EQ(QString(first.out).trimmed().split('\n'),
+              (QStringList{locations.packageInfo(), locations.listBackground(),
                            locations.unreadIndicator(), locations.workingCopy()}));
     EXPECT_TRUE(first.err.contains("SAVING THEME...\nbiteSMS Theme Path: "));
-    EXPECT_EQ(saved(u"background"_s), QVariant(u"#01020304"_s)); // both records of that key
-    EXPECT_EQ(saved(u"size"_s), QVariant(2.5));
+    EXPECT_EQ(saved(locations.packageRoot, "background"), "#01020304"); // of both records
+    EXPECT_EQ(saved(locations.packageRoot, "size"), 2.5);
 
     // The next run starts from these choices; an option beats its variable.
-    const QString other = folder.filePath(u"other"_s);
-    const Finished second = run({u"save"_s, u"--set"_s, u"list-background-image="_s, u"--scale"_s,
-                                 u"1"_s, u"--package-root"_s, other});
+    const QString other = folder.filePath("other");
+    const Finished second =
+        run("save --set list-background-image= --scale 1 --package-root " + other);
     EXPECT_EQ(second.exitCode, 0);
     EXPECT_TRUE(second.out.startsWith(other.toUtf8()));
-    const auto dictionary =
-        PropertyList::readDictionary(contents(other + "/Tintloom/Info.plist"_L1)).value();
-    EXPECT_EQ(*dictionary.find(u"background"_s), QVariant(u"#01020304"_s));
-    EXPECT_EQ(*dictionary.find(u"list-background-image"_s), QVariant(u""_s));
+    EXPECT_EQ(saved(other, "background"), "#01020304");
+    EXPECT_EQ(saved(other, "list-background-image"), "");
 }
 
 TEST_F(CommandLineTest, AWrongEditTouchesNothing)
@@ -165,45 +157,33 @@ TEST_F(CommandLineTest, AWrongEditTouchesNothing)
         QString edit;
         QByteArray culprit, accepted;
     } cases[] = {
-        {u"backgruond=F00"_s, "backgruond", "background"},
-        {u"no-such-thing=F00"_s, "no-such-thing", "tintloom list"},
-        {u"=F00"_s, "''", "tintloom list"},
-        {u"background=red"_s, "red", "hexadecimal"},
-        {u"background=0xFF00"_s, "0xFF00", "hexadecimal"},
-        {u"size=1"_s, "'1'", "Large, Small"},
-        {u"size="_s, "size", "Large, Small"},
+        {"backgruond=F00", "backgruond", "background"},
+        {"no-such-thing=F00", "no-such-thing", "tintloom list"},
+        {"=F00", "''", "tintloom list"},
+        {"background=red", "red", "hexadecimal"},
+        {"background=0xFF00", "0xFF00", "hexadecimal"},
+        {"size=1", "'1'", "Large, Small"},
+        {"size=", "size", "Large, Small"},
     };
-    for (const auto &[edit, culprit, accepted] : cases) {
-        const Finished result = run({u"save"_s, u"--set"_s, u"background=F00"_s, u"--set"_s, edit});
-        EXPECT_EQ(result.exitCode, 2) << edit.toStdString();
-        EXPECT_TRUE(result.out.isEmpty());
-        EXPECT_TRUE(result.err.contains(culprit)) << result.err.toStdString();
-        EXPECT_TRUE(result.err.contains(accepted)) << result.err.toStdString();
-    }
+    for (const auto &[edit, culprit, accepted] : cases)
+        expectRefused("save --set background=F00 --set " + edit, 2, {culprit, accepted});
     EXPECT_EQ(tree(folder.path()), before);
-    EXPECT_EQ(contents(locations.packageInfo()), "kept");
-    EXPECT_EQ(contents(locations.workingCopy()), "kept");
+    EXPECT_EQ(contents(locations.packageInfo()) + contents(locations.workingCopy()), "keptkept");
 }
 
 TEST_F(CommandLineTest, AFaultyDocumentTouchesNothing)
 {
     put(locations.workingCopy(), "kept");
     put(document, "[");
-    const Finished refused = run({u"save"_s});
-    EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_TRUE(refused.err.contains(document.toUtf8()));
-    const Finished empty = run({u"list"_s, u"--json"_s});
+    expectRefused("save", 1, {document.toUtf8()});
+    const Finished empty = run("list --json");
     EXPECT_EQ(empty.exitCode, 0);
     EXPECT_EQ(QJsonDocument::fromJson(empty.out).array(), QJsonArray());
     EXPECT_TRUE(empty.out.startsWith('[') && empty.err.contains("warning"));
 
     put(document, "[{\"key\":\"a\"}]");
-    for (const auto &command : {u"save"_s, u"list"_s}) {
-        const Finished ended = run({command});
-        EXPECT_EQ(ended.exitCode, 1);
-        EXPECT_TRUE(ended.out.isEmpty());
-        EXPECT_TRUE(ended.err.contains("item 0 has no \"name\"")) << ended.err.toStdString();
-    }
+    for (const QString command : {"save", "list"})
+        expectRefused(command, 1, {"item 0 has no \"name\""});
     EXPECT_EQ(contents(locations.workingCopy()), "kept");
     EXPECT_FALSE(QFile::exists(locations.packageRoot));
 }
@@ -211,33 +191,30 @@ TEST_F(CommandLineTest, AFaultyDocumentTouchesNothing)
 TEST_F(CommandLineTest, WhatCannotBeWrittenIsNamed)
 {
     put(locations.packageRoot, "a file");
-    const Finished result = run({u"save"_s});
+    const Finished result = run("save");
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(QString::fromUtf8(result.out).trimmed(), locations.workingCopy());
+    EXPECT_EQ(QString(result.out), locations.workingCopy() + '\n');
     EXPECT_TRUE(result.err.contains("tintloom: cannot write " +
-                                    locations.listBackground().toUtf8() + ": Not a directory\n"))
-        << result.err.toStdString();
+                                    locations.listBackground().toUtf8() + ": Not a directory\n"));
 }
 
 TEST_F(CommandLineTest, AMovedInstallationFindsItsData)
 {
     const QTemporaryDir prefix;
-    const QDir folder(prefix.path());
-    ASSERT_TRUE(folder.mkpath(u"bin"_s) && folder.mkpath(u"share"_s));
-    const QString program = folder.filePath(u"bin/tintloom"_s);
-    ASSERT_TRUE(QFile::copy(QStringLiteral(TINTLOOM_EXECUTABLE), program));
-    ASSERT_TRUE(QFile::link(resources, folder.filePath(u"share/tintloom"_s)));
-    const QString link = folder.filePath(u"a link"_s);
+    const QDir moved(prefix.path());
+    ASSERT_TRUE(moved.mkpath("bin") && moved.mkpath("share"));
+    const QString program = moved.filePath("bin/tintloom");
+    const QString link = moved.filePath("a link");
+    ASSERT_TRUE(QFile::copy(TINTLOOM_EXECUTABLE, program));
+    ASSERT_TRUE(QFile::link(resources, moved.filePath("share/tintloom")));
     ASSERT_TRUE(QFile::link(program, link));
 
-    const QString expected = QString::fromUtf8(run({u"list"_s}).out);
-    ASSERT_TRUE(expected.contains("list-background-image"_L1));
-    for (const QString &called : {program, link}) {
-        const Finished moved = run({u"list"_s}, {{u"TINTLOOM_RESOURCES"_s, {}}}, called);
-        EXPECT_EQ(QString::fromUtf8(moved.out), expected) << moved.err.toStdString();
-    }
+    const QByteArray expected = run("list").out;
+    ASSERT_TRUE(expected.contains("list-background-image"));
+    const Variables noResources{{"TINTLOOM_RESOURCES", ""}};
+    for (const QString &called : {program, link})
+        EXPECT_EQ(run("list", noResources, called).out, expected) << called.toStdString();
     // A shell looks for a bare name in PATH.
-    const QStringList byName{u"-c"_s, u"PATH=$0:$PATH; tintloom list"_s, folder.filePath(u"bin"_s)};
-    EXPECT_EQ(QString::fromUtf8(run(byName, {{u"TINTLOOM_RESOURCES"_s, {}}}, u"sh"_s).out),
-              expected);
+    const QString byName = "-c \"PATH=$0:$PATH; tintloom list\" " + moved.filePath("bin");
+    EXPECT_EQ(run(byName, noResources, "sh").out, expected);
 }

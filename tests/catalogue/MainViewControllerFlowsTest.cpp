@@ -5,10 +5,9 @@
 namespace
 {
 constexpr QFileDevice::Permissions everything(0x7777); // Qt counts the owner twice
+const QStringList filesOfRed{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"};
 
-class MainViewControllerFlowsTest : public CatalogueFixture
-{
-};
+using MainViewControllerFlowsTest = CatalogueFixture;
 } // namespace
 
 TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
@@ -26,19 +25,16 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
 
     tap(row("Red"));
     testing::internal::CaptureStderr();
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "SAVING THEME... Red\n");
     EXPECT_EQ(window().alert()->message(),
               "Red has been saved. Check biteSMS for \"Tintloom\" under themes then select "
               "\"Apply Theme\".");
     EXPECT_EQ(window().alert()->buttonTitles(), QStringList{"OK"});
     answer(0);
-    EXPECT_FALSE(navigation().canGoBack());
-    EXPECT_FALSE(item("notice"));
-    const QStringList files{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"};
-    EXPECT_EQ(tree(folders().theme.packageFolder()), files);
-    for (const QString &file : files)
+    EXPECT_FALSE(navigation().canGoBack() || item("notice"));
+    EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
+    for (const QString &file : filesOfRed)
         EXPECT_EQ(QFileInfo(installed(file)).permissions(), everything) << file.toStdString();
     EXPECT_EQ(contents(installed("UIKit/image.png")), "picture");
     EXPECT_FALSE(QFileInfo::exists(folders().theme.workingCopy()));
@@ -87,14 +83,12 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
 
     longPress("Red");
     testing::internal::CaptureStderr();
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "SAVING PREDEFINED THEME... Red\n-[CustomViewController dealloc]\n");
     EXPECT_TRUE(first.expired());
     EXPECT_EQ(window().alert()->message(), "Red has been saved as your custom theme.");
-    EXPECT_EQ(tree(folders().theme.packageFolder()),
-              (QStringList{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"}));
+    EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
     EXPECT_EQ(contents(folders().theme.workingCopy()), info("#FF0000FF"));
     EXPECT_EQ(tree(folders().theme.workingCopyFolder()),
               (QStringList{"Info.plist", "Info.previous.plist", "other.txt"}));
@@ -111,19 +105,24 @@ TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
 {
     open();
     tap(row("Blue"));
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     answer(0);
     tap(row("Build Your Own!"));
     finishSlide();
+    const auto reached = std::make_shared<std::binary_semaphore>(0);
     const auto gate = std::make_shared<std::binary_semaphore>(0);
     NSFileManager::setFaultHook([=, this](NSFileManager::Operation operation, const QString &path) {
         if (operation == NSFileManager::Operation::Remove &&
-            path == folders().theme.packageFolder())
+            path == folders().theme.packageFolder()) {
+            reached->release();
             gate->acquire();
+        }
         return std::error_code();
     });
     tapSave();
+    reached->acquire();
+    EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!"); // before anything is replaced
+    EXPECT_EQ(sceneFrame(item("_loadingView")), QRectF(85, 175, 150, 130));
     goBack(); // not now: the catalogue could begin an installation into the same folder
     EXPECT_TRUE(navigation().canGoBack());
     gate->release();
@@ -132,11 +131,8 @@ TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
     goBack();
     EXPECT_EQ(row("Blue")->backgroundColor(), QColor(Qt::white));
     EXPECT_EQ(row("Build Your Own!")->backgroundColor(), QColor(255, 255, 210));
-    EXPECT_EQ(PropertyList::readDictionary(contents(folders().theme.preferences()))
-                  .value_or(PropertyDictionary())
-                  .find("selectedTheme")
-                  ->toString(),
-              "Build Your Own!");
+    open();
+    EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!");
 }
 
 TEST_F(MainViewControllerFlowsTest, TheListIsFrozenWhileItWorks)
@@ -172,8 +168,7 @@ TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
                    : std::error_code();
     });
     tap(row("Red"));
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     answer(0);
     EXPECT_TRUE(catalogue().overlays()->notice().contains(installed("UIKit/image.png") +
                                                           ": No space left on device"));
@@ -186,8 +181,7 @@ TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
     // No folder of that name: an empty theme folder, as it is, and the strip says so.
     NSFileManager::setFaultHook({});
     tap(row("Stripes"));
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(tree(_packageRoot), QStringList{"Tintloom"});
     EXPECT_TRUE(catalogue().overlays()->notice().contains(_resources + "/Stripes: No such file"));
 }
@@ -205,6 +199,5 @@ TEST_F(MainViewControllerFlowsTest, ClosingTheWindowFinishesAnInstallation)
     tap(row("Build Your Own!"));
     const std::weak_ptr<CustomViewController> opened = catalogue().customViewController();
     stop();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(opened.expired());
 }

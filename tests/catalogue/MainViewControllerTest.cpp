@@ -6,8 +6,16 @@
 
 namespace
 {
+using AccessoryType = UITableViewCell::AccessoryType;
+
 class MainViewControllerTest : public CatalogueFixture
 {
+protected:
+    void scrollTo(double offset)
+    {
+        table().parentItem()->parentItem()->setProperty("contentY", offset);
+        settle();
+    }
 };
 } // namespace
 
@@ -32,23 +40,22 @@ TEST_F(MainViewControllerTest, ListsThemesBySectionAtItsFrames)
               (QStringList{"alpha: Later, Coming soon!", "alpha: Red, Warm", "alpha: Blue, Cold",
                            "Custom: Build Your Own!, ", "Zebra: Stripes, Black and white"}));
     EXPECT_EQ(table().headerViewForSection(0)->tintColor().rgb(), qRgb(0, 214, 68));
-    using enum UITableViewCell::AccessoryType;
     for (const QString name : {"Later", "Red", "Build Your Own!"}) {
+        SCOPED_TRACE(name.toStdString());
+        const bool isOwn = name == "Build Your Own!";
         EXPECT_EQ(row(name)->backgroundColor(), QColor(Qt::white)); // nothing was ever installed
         EXPECT_EQ(row(name)->accessoryType(),
-                  name == "Build Your Own!" ? DisclosureIndicator : None);
+                  isOwn ? AccessoryType::DisclosureIndicator : AccessoryType::None);
         EXPECT_EQ(row(name)->isUserInteractionEnabled(), name != "Later");
-        EXPECT_EQ(row(name)->gestureRecognizers().size(), name == "Build Your Own!" ? 0U : 1U);
+        EXPECT_EQ(row(name)->gestureRecognizers().size(), isOwn ? 0U : 1U);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(row(name))->text(QAccessible::Name), name);
     }
     // Rows that scroll out leave the strip above the table white.
-    table().parentItem()->parentItem()->setProperty("contentY", 50.0);
-    settle();
+    scrollTo(50.0);
     const QImage picture = grab();
     for (int x = 0; x < 320; ++x)
         ASSERT_EQ(picture.pixelColor(x, 10), QColor(Qt::white));
-    table().parentItem()->parentItem()->setProperty("contentY", 0.0);
-    settle();
+    scrollTo(0.0);
 
     tap(row("Later"));
     longPress("Later");
@@ -60,38 +67,30 @@ TEST_F(MainViewControllerTest, TheUsersOwnRowKeepsWhatItsCellShowedBefore)
 {
     for (const bool active : {false, true}) {
         SCOPED_TRACE(active);
-        _records.clear();
-        record("A", "First", "", active ? "Yes" : "No");
-        for (int i = 0; i < 20; ++i)
-            record("A", "Filler", "");
-        record("Custom", "Build Your Own!", "");
-        for (int i = 0; i < 20; ++i)
-            record("Z", "Filler", "");
+        _records = themeRecord("A", "First", "", active ? "Yes" : "No") +
+                   themeRecord("A", "Filler").repeated(20) +
+                   themeRecord("Custom", "Build Your Own!") +
+                   themeRecord("Z", "Filler").repeated(20);
         open();
         catalogue().setSelectedTheme("First");
         settle();
-        const auto scrollTo = [this](double offset) {
-            table().parentItem()->parentItem()->setProperty("contentY", offset);
-            settle();
-        };
         // Everything in sight is recycled, the first cell first, and the row comes first.
         UITableViewSubtitleCell *first = cell({0, 0});
-        const std::size_t collected = first->gestureRecognizers().size();
-        EXPECT_EQ(collected, 2U); // shown, and shown again as the installed one
+        EXPECT_EQ(first->gestureRecognizers().size(), 2U); // shown, and again as the installed one
         scrollTo(table().rectForHeader(1).top());
         ASSERT_EQ(cell({1, 0}), first);
         EXPECT_EQ(first->textLabel()->text(), "Build Your Own!");
-        EXPECT_EQ(first->accessoryType(), UITableViewCell::AccessoryType::DisclosureIndicator);
+        EXPECT_EQ(first->accessoryType(), AccessoryType::DisclosureIndicator);
         EXPECT_EQ(first->isUserInteractionEnabled(), active);
         EXPECT_EQ(first->selectionStyle(), UITableViewCell::SelectionStyle::None);
-        EXPECT_EQ(first->gestureRecognizers().size(), collected);
+        EXPECT_EQ(first->gestureRecognizers().size(), 2U);
         longPress(cell(NSIndexPath{1, 0}));
         EXPECT_EQ(window().alert() != nullptr, active);
 
         if (active)
             answer(0);
         scrollTo(0.0);
-        EXPECT_EQ(first->gestureRecognizers().size(), collected + 1U); // as another row now
+        EXPECT_EQ(first->gestureRecognizers().size(), 3U); // as another row now
         EXPECT_EQ(first->selectionStyle(), UITableViewCell::SelectionStyle::None);
     }
 }
@@ -101,25 +100,21 @@ TEST_F(MainViewControllerTest, OpensOneEditorUnderAGreenBarAndComesBack)
     open();
     const QColor grey = navigation().navigationBarColor();
     longPress("Blue");
-    answer(1);
-    ASSERT_TRUE(waitForSaved());
+    ASSERT_TRUE(agreeAndWait());
     answer(0);
     finishSlide();
     EXPECT_EQ(navigation().navigationBarColor(), grey); // an edit flow leaves the bar's colour
     goBack();
 
     tap(row("Build Your Own!"));
-    EXPECT_EQ(navigation()
-                  .viewControllers()
-                  .front()
-                  ->view()
-                  ->findChild<QQuickItem *>("tableView")
-                  ->opacity(),
-              0.0);
+    EXPECT_EQ(catalogue().view()->findChild<QQuickItem *>("tableView")->opacity(), 0.0);
     finishSlide();
     const CustomViewController *opened = &editor();
     EXPECT_TRUE(opened->fromMainView());
     EXPECT_FALSE(navigation().isNavigationBarHidden());
+    EXPECT_FALSE(item("_hiddenView")->isVisible() || item("_topView")->isVisible());
+    EXPECT_EQ(sceneFrame(item("_tableView")), QRectF(0, 64, 320, 504));
+    EXPECT_EQ(sceneFrame(table().cellForRowAtIndexPath({0, 0})), QRectF(0, 64 + 28, 320, 50));
     EXPECT_EQ(navigation().navigationBarColor().rgb(), qRgb(0, 214, 68));
     EXPECT_EQ(navigation().view()->findChild<QQuickItem *>("title")->property("text"),
               "Custom Theme");

@@ -30,18 +30,19 @@ struct ThemeInstallationTest : testing::Test {
 
 TEST_F(ThemeInstallationTest, LinksAreReplacedNotFollowed)
 {
-    put(folder.filePath("elsewhere/keep"), "kept");
+    const QString elsewhere = folder.filePath("elsewhere");
+    put(elsewhere + "/keep", "kept");
     QDir().mkpath(locations.packageRoot);
-    ASSERT_TRUE(QFile::link(folder.filePath("elsewhere"), locations.packageFolder()));
+    ASSERT_TRUE(QFile::link(elsewhere, locations.packageFolder()));
     EXPECT_EQ(failures(install()), "");
     EXPECT_FALSE(QFileInfo(locations.packageFolder()).isSymLink());
-    EXPECT_EQ(tree(folder.filePath("elsewhere")), QStringList{"keep"});
+    EXPECT_EQ(tree(elsewhere), QStringList{"keep"});
 
     // A link inside goes, too, and one in the theme is copied as what it is.
-    ASSERT_TRUE(QFile::link(folder.filePath("elsewhere"), target("link")));
-    ASSERT_TRUE(QFile::link(folder.filePath("elsewhere"), resources + "/Theme/out"));
+    ASSERT_TRUE(QFile::link(elsewhere, target("link")));
+    ASSERT_TRUE(QFile::link(elsewhere, resources + "/Theme/out"));
     EXPECT_EQ(failures(install()), "");
-    EXPECT_EQ(tree(folder.filePath("elsewhere")), QStringList{"keep"});
+    EXPECT_EQ(tree(elsewhere), QStringList{"keep"});
     EXPECT_EQ(tree(locations.packageFolder()),
               (QStringList{"Info.plist", "a", "a/b", "a/b/c", "out"}));
     EXPECT_TRUE(QFileInfo(target("out")).isSymLink());
@@ -49,14 +50,10 @@ TEST_F(ThemeInstallationTest, LinksAreReplacedNotFollowed)
 
     // And where the link cannot be removed, nothing is written behind it.
     NSFileManager::removeItemAtPath(locations.packageFolder());
-    ASSERT_TRUE(QFile::link(folder.filePath("elsewhere"), locations.packageFolder()));
-    const FaultHookGuard guard([](NSFileManager::Operation operation, const QString &) {
-        return operation == NSFileManager::Operation::Remove
-                   ? std::make_error_code(std::errc::operation_not_permitted)
-                   : std::error_code();
-    });
+    ASSERT_TRUE(QFile::link(elsewhere, locations.packageFolder()));
+    const FaultHookGuard guard(failing(NSFileManager::Operation::Remove, ""));
     EXPECT_TRUE(failures(install()).startsWith(locations.packageFolder() + ": "));
-    EXPECT_EQ(tree(folder.filePath("elsewhere")), QStringList{"keep"});
+    EXPECT_EQ(tree(elsewhere), QStringList{"keep"});
 }
 
 TEST_F(ThemeInstallationTest, OnlyTargetsThatAreWrongInTheEndAreFailures)
@@ -80,11 +77,7 @@ TEST_F(ThemeInstallationTest, OnlyTargetsThatAreWrongInTheEndAreFailures)
 
     for (const auto kind :
          {NSFileManager::Operation::Copy, NSFileManager::Operation::SetPermissions}) {
-        const FaultHookGuard guard([=](NSFileManager::Operation operation, const QString &path) {
-            return operation == kind && path.endsWith("Info.plist")
-                       ? std::make_error_code(std::errc::no_space_on_device)
-                       : std::error_code();
-        });
+        const FaultHookGuard guard(failing(kind, "Info.plist"));
         EXPECT_EQ(failures(install()), target("Info.plist") + ": No space left on device");
     }
 }
@@ -100,11 +93,6 @@ TEST_F(ThemeInstallationTest, RootAndWorkingFolderThatCannotBeWrittenAreNamed)
             << failures(report).toStdString();
     EXPECT_TRUE(report.written.isEmpty());
     EXPECT_EQ(contents(locations.packageRoot), "a file");
-
-    testing::internal::CaptureStderr();
-    for (const QString name : {"..", "Missing"}) {
-        const SaveReport none = copyTheme(beginInstalling(resources, name, locations));
-        EXPECT_TRUE(failures(none).contains(name + ": No such file or directory"));
-    }
-    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(failures(copyTheme(beginInstalling(resources, "..", locations)))
+                    .contains("..: No such file or directory"));
 }

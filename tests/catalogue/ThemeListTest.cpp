@@ -1,7 +1,7 @@
 #include "catalogue/ThemeList.h"
 
 #include "catalogue/SelectedTheme.h"
-#include "support/Files.h"
+#include "support/ThemeRecords.h"
 
 #include <QTemporaryDir>
 
@@ -17,17 +17,16 @@ TEST(ThemeList, LeavesOutWhatIsNoRecordAndSurvivesWhatIsNoList)
         EXPECT_EQ(list.numberOfSections(), 0);
         EXPECT_TRUE(list.problem().contains(file));
     }
-    put(file, "<plist><array>"
-              "<string>s</string><dict/>"
-              "<dict><key>section</key><integer>1</integer><key>name</key><string>n</string></dict>"
-              "<dict><key>section</key><string>b</string><key>name</key><string>1</string></dict>"
-              "<dict><key>section</key><string>B</string><key>name</key><string>2</string>"
-              "<key>active</key><true/><key>details</key><integer>3</integer></dict>"
-              "<dict><key>section</key><string>a</string><key>name</key><string>3</string>"
-              "<key>active</key><string>yes</string></dict>"
-              "<dict><key>section</key><string>b</string><key>name</key><string>0</string>"
-              "<key>active</key><string>Yes</string></dict>"
-              "</array></plist>");
+    put(file,
+        themeList(
+            "<string>s</string><dict/>"
+            "<dict><key>section</key><integer>1</integer><key>name</key><string>n</string></dict>"
+            "<dict><key>section</key><string>b</string><key>name</key><string>1</string></dict>"
+            "<dict><key>section</key><string>B</string><key>name</key><string>2</string>"
+            "<key>active</key><true/><key>details</key><integer>3</integer></dict>"
+            "<dict><key>section</key><string>a</string><key>name</key><string>3</string>"
+            "<key>active</key><string>yes</string></dict>" +
+            themeRecord("b", "0")));
     testing::internal::CaptureStderr();
     const ThemeList list = ThemeList::load(folder.path());
     const std::string log = testing::internal::GetCapturedStderr();

@@ -1,9 +1,7 @@
 #include "editor/CustomViewController.h"
 #include "support/EditorFixture.h"
-#include "views/CustomTableCell.h"
 
 #include <QAbstractAnimation>
-#include <QFile>
 
 namespace
 {
@@ -20,10 +18,6 @@ protected:
                                  element("D2", "Delta", "#444444FF"),
                                  element("choice", "Zulu", {}, letters, "b")});
         start();
-    }
-    CustomTableCell *cell(NSIndexPath indexPath)
-    {
-        return qobject_cast<CustomTableCell *>(table().cellForRowAtIndexPath(indexPath));
     }
     void tapRow(NSIndexPath indexPath) { tap(sceneFrame(cell(indexPath)).center()); }
     ColorPickerViewController *chooser() { return editor().colorPickerView(); }

@@ -4,7 +4,7 @@
 #include "catalogue/MainViewController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "support/EditorFixture.h"
-#include "support/Files.h"
+#include "support/ThemeRecords.h"
 
 class CatalogueFixture : public EditorFixture
 {
@@ -14,11 +14,6 @@ protected:
         writeDocument(QJsonArray{element("plain", "A", "#111111FF"),
                                  element("list-background-image", "A", "#222222FF"),
                                  element("unread-indicator-image", "A", "#333333FF")});
-        record("Zebra", "Stripes", "Black and white");
-        record("Custom", "Build Your Own!", "not shown");
-        record("alpha", "Later", "not shown", "No");
-        record("alpha", "Red", "Warm");
-        record("alpha", "Blue", "Cold");
         // A property list in a folder that comes before the package's own is not the package's.
         put(theme("Red", "Info.plist"), info("#FF0000FF"));
         put(theme("Red", "Extra/Info.plist"), "inner");
@@ -41,18 +36,9 @@ protected:
         dictionary.setValue("plain", color);
         return PropertyList::writeDictionary(dictionary);
     }
-    void record(const QByteArray &section, const QByteArray &name, const QByteArray &details,
-                const QByteArray &active = "Yes")
-    {
-        const auto entry = [](const QByteArray &key, const QByteArray &value) {
-            return "<key>" + key + "</key><string>" + value + "</string>";
-        };
-        _records += "<dict>" + entry("section", section) + entry("name", name) +
-                    entry("details", details) + entry("active", active) + "</dict>";
-    }
     void open(QSize size = {320, 568})
     {
-        put(_resources + "/themes.plist", "<plist><array>" + _records + "</array></plist>");
+        putThemes(_resources, _records);
         start(size, AppDelegate::Root::Catalogue);
     }
 
@@ -79,14 +65,11 @@ protected:
     void longPress(UITableViewCell *pressed)
     {
         const QPoint point = sceneFrame(pressed).center().toPoint();
-        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
         for (const auto &recognizer : pressed->gestureRecognizers()) {
-            auto *timer = recognizer->findChild<QTimer *>("minimumPressDuration");
-            if (timer->isActive()) {
-                EXPECT_EQ(timer->interval(), 500);
-                timer->setInterval(0); // for this press
-            }
+            EXPECT_EQ(recognizer->minimumPressDuration(), 0.5);
+            recognizer->setMinimumPressDuration(0.0); // for this press
         }
+        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
         QTest::qWait(1); // timers run
         for (const auto &recognizer : pressed->gestureRecognizers())
             recognizer->setMinimumPressDuration(0.5);
@@ -106,6 +89,12 @@ protected:
         settle();
         return saved;
     }
+    /// Presses the alert's second button, which starts a flow, and waits for the flow's own alert.
+    bool agreeAndWait()
+    {
+        answer(1);
+        return waitForSaved();
+    }
     void finishSlide()
     {
         auto *slide = navigation().findChild<QPropertyAnimation *>("slide");
@@ -122,5 +111,9 @@ protected:
         return folders().theme.packageFolder() + '/' + file;
     }
 
-    QByteArray _records;
+    QByteArray _records = themeRecord("Zebra", "Stripes", "Black and white") +
+                          themeRecord("Custom", "Build Your Own!", "not shown") +
+                          themeRecord("alpha", "Later", "not shown", "No") +
+                          themeRecord("alpha", "Red", "Warm") +
+                          themeRecord("alpha", "Blue", "Cold");
 };

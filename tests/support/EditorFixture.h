@@ -5,8 +5,9 @@
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIScreen.h"
+#include "support/Files.h"
+#include "views/CustomTableCell.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -41,9 +42,7 @@ protected:
 
     void writeDocument(const QByteArray &bytes)
     {
-        QFile file(_folder.filePath("initialDatasource.txt"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        put(_folder.filePath("initialDatasource.txt"), bytes);
     }
     void writeDocument(const QJsonArray &elements)
     {
@@ -81,6 +80,10 @@ protected:
     /// The screen on top, whichever it is.
     QQuickItem &screen() { return *navigation().topViewController()->view(); }
     UITableView &table() { return *screen().property("table").value<UITableView *>(); }
+    CustomTableCell *cell(NSIndexPath indexPath)
+    {
+        return qobject_cast<CustomTableCell *>(table().cellForRowAtIndexPath(indexPath));
+    }
     QQuickItem *item(const char *name) { return screen().findChild<QQuickItem *>(name); }
 
     /// Where an item is, in the window.

@@ -34,6 +34,16 @@ inline QStringList tree(const QString &folder)
     return paths;
 }
 
+/// Lets an operation fail on the paths that end so.
+inline NSFileManager::FaultHook failing(NSFileManager::Operation operation, const QString &end,
+                                        std::errc reason = std::errc::no_space_on_device)
+{
+    return [=](NSFileManager::Operation asked, const QString &path) {
+        return asked == operation && path.endsWith(end) ? std::make_error_code(reason)
+                                                        : std::error_code();
+    };
+}
+
 /// Takes the fault hook back when a test leaves, however it leaves.
 struct FaultHookGuard {
     explicit FaultHookGuard(NSFileManager::FaultHook hook)

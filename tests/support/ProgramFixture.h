@@ -15,20 +15,20 @@ struct Finished {
 struct ProgramFixture : ThemeFixture {
     using Variables = QMap<QString, QString>;
 
-    /// Starts a program with the folders, and more, in its environment.
-    void start(QProcess &process, const QString &program, const QStringList &arguments,
+    /// Starts a program with the folders, and more, in its environment. Blanks separate its
+    /// arguments, quotes hold one together.
+    void start(QProcess &process, const QString &program, const QString &arguments,
                const Variables &variables = {}) const
     {
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("TINTLOOM_RESOURCES"), resources);
-        environment.insert(QStringLiteral("TINTLOOM_DOCUMENTS"), locations.documents);
-        environment.insert(QStringLiteral("TINTLOOM_PACKAGE_ROOT"), locations.packageRoot);
-        // Whoever asks for a display here shall notice.
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-such"));
+        environment.insert("TINTLOOM_RESOURCES", resources);
+        environment.insert("TINTLOOM_DOCUMENTS", locations.documents);
+        environment.insert("TINTLOOM_PACKAGE_ROOT", locations.packageRoot);
+        environment.insert("QT_QPA_PLATFORM", "none-such"); // whoever asks for a display notices
         for (auto variable = variables.begin(); variable != variables.end(); ++variable)
             environment.insert(variable.key(), variable.value());
         process.setProcessEnvironment(environment);
-        process.start(program, arguments);
+        process.start(program, QProcess::splitCommand(arguments));
         ASSERT_TRUE(process.waitForStarted()) << process.errorString().toStdString();
     }
 
@@ -40,11 +40,22 @@ struct ProgramFixture : ThemeFixture {
                 process.exitStatus() == QProcess::CrashExit};
     }
 
-    Finished run(const QStringList &arguments, const Variables &variables = {},
+    Finished run(const QString &arguments, const Variables &variables = {},
                  const QString &program = QStringLiteral(TINTLOOM_EXECUTABLE)) const
     {
         QProcess process;
         start(process, program, arguments, variables);
         return finish(process);
+    }
+
+    /// The program ends so, says all that on standard error and nothing on standard output.
+    void expectRefused(const QString &arguments, int exitCode, const QByteArrayList &told) const
+    {
+        const Finished result = run(arguments);
+        EXPECT_EQ(result.exitCode, exitCode) << arguments.toStdString();
+        EXPECT_EQ(result.out, "");
+        for (const QByteArray &text : told)
+            EXPECT_TRUE(result.err.contains(text))
+                << arguments.toStdString() << ": " << result.err.toStdString();
     }
 };

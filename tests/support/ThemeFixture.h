@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-/// A data source item. The texts are JSON values: "\"#F00\"", "null", "[1]".
+/// A data source item. All but the key are JSON values: "\"#F00\"", "null", "[1]".
 inline QByteArray element(const QByteArray &key, const QByteArray &color,
                           const QByteArray &options = "null", const QByteArray &value = "null",
                           const QByteArray &section = "\"Section\"")
@@ -21,10 +21,9 @@ inline QByteArray element(const QByteArray &key, const QByteArray &color,
 
 struct ThemeFixture : testing::Test {
     QTemporaryDir folder;
-    const QString resources = folder.filePath(QStringLiteral("resources"));
-    const QString document = resources + QStringLiteral("/initialDatasource.txt");
-    const ThemeLocations locations{folder.filePath(QStringLiteral("root")),
-                                   folder.filePath(QStringLiteral("documents"))};
+    const QString resources = folder.filePath("resources");
+    const QString document = resources + "/initialDatasource.txt";
+    const ThemeLocations locations{folder.filePath("root"), folder.filePath("documents")};
 
     void putElements(const QByteArrayList &elements)
     {

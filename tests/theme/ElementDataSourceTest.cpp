@@ -26,18 +26,20 @@ TEST_F(ElementDataSourceTest, GroupsExactlyAndSortsWithoutCase)
                  element("b", "null", "null", "null", "\"Alpha\""),
                  element("c", "null", "null", "null", "\"Beta\""),
                  element("d", "null", "null", "null", "null"),
-                 element("e", "null", "null", "null", "\"beta\"")});
+                 element("e", "null", "null", "null", "\"beta\""),
+                 element("f", "null", "null", "null", "\"\"")});
     const auto source = load();
     EXPECT_EQ(source.status(), Status::Loaded);
-    EXPECT_EQ(source.sortedSections(), QStringList({"Alpha", "Beta", "beta", "MISSING SECTION"}));
-    EXPECT_EQ(keys(source, 1), QStringList("c"));
-    EXPECT_EQ(keys(source, 2), QStringList({"a", "e"}));
-    EXPECT_EQ(source.numberOfRowsInSection(3), 0); // the fault shows, the row does not
+    ASSERT_EQ(source.sortedSections(),
+              QStringList({"", "Alpha", "Beta", "beta", "MISSING SECTION"}));
+    EXPECT_EQ(keys(source, 2), QStringList("c"));
+    EXPECT_EQ(keys(source, 3), QStringList({"a", "e"}));
+    EXPECT_EQ(source.numberOfRowsInSection(4), 0); // the fault shows, the row does not
     EXPECT_TRUE(log.contains("\nMISSING SECTION: Name of d\n"_L1));
     EXPECT_TRUE(log.startsWith("path: %1\n"_L1.arg(locations.workingCopy())));
 
-    ASSERT_EQ(source.tableSource().size(), 5U);
-    source.record(2, 1).color = u"#123"_s; // both views show the same record
+    ASSERT_EQ(source.tableSource().size(), 6U);
+    source.record(3, 1).color = u"#123"_s; // both views show the same record
     EXPECT_EQ(source.tableSource()[4]->color, QVariant(u"#123"_s));
     EXPECT_FALSE(source.tableSource()[3]->section);
 }
@@ -55,41 +57,26 @@ TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
         QString shownOption;
     };
     const QVariantList list{1LL, 2LL};
+    const QByteArray none = "null", black = "\"#111\"";
     const std::vector<Case> cases = {
-        {"nothing", "\"#111\"", "null", "null", {}, u"#111"_s, {}, u"#111"_s, {}},
-        {"color", "\"#111\"", "null", "null", u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
-        {"removed color", "\"#111\"", "null", "null", u""_s, u""_s, {}, {}, {}},
-        {"null color", "null", "null", "null", u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
-        {"(null)", "\"#111\"", "null", "null", u"(null)"_s, u"#111"_s, {}, u"#111"_s, {}},
-        {"null", "\"#111\"", "null", "null", u"null"_s, u"#111"_s, {}, u"#111"_s, {}},
-        {"number for a color", "\"#111\"", "null", "null", 7LL, 7LL, {}, u"7"_s, {}},
-        {"array for a color", "\"#111\"", "null", "null", list, list, {}, u"(2 values)"_s, {}},
-        {"date for a color",
-         "\"#111\"",
-         "null",
-         "null",
-         date,
-         date,
-         {},
-         u"2023-11-14T22:13:20Z"_s,
-         {}},
-        {"choice", "null", options, "1", true, {}, true, {}, u"Yes"_s},
-        {"number", "null", options, "\"0\"", 1.0, {}, 1.0, {}, u"One"_s},
-        {"no such option", "null", options, "1", u"1"_s, {}, u"1"_s, {}, {}},
-        {"empty text is a value", "null", options, "\"\"", u"0"_s, {}, u"0"_s, {}, u"Zero"_s},
-        {"data for a choice", "null", options, "1", QByteArray("x"), {}, QByteArray("x"), {}, {}},
+        {"nothing", black, none, none, {}, u"#111"_s, {}, u"#111"_s, {}},
+        {"color", black, none, none, u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
+        {"removed color", black, none, none, u""_s, u""_s, {}, {}, {}},
+        {"null color", none, none, none, u"#222"_s, u"#222"_s, {}, u"#222"_s, {}},
+        {"(null)", black, none, none, u"(null)"_s, u"#111"_s, {}, u"#111"_s, {}},
+        {"null", black, none, none, u"null"_s, u"#111"_s, {}, u"#111"_s, {}},
+        {"number for a color", black, none, none, 7LL, 7LL, {}, u"7"_s, {}},
+        {"array for a color", black, none, none, list, list, {}, u"(2 values)"_s, {}},
+        {"date for a color", black, none, none, date, date, {}, u"2023-11-14T22:13:20Z"_s, {}},
+        {"choice", none, options, "1", true, {}, true, {}, u"Yes"_s},
+        {"number", none, options, "\"0\"", 1.0, {}, 1.0, {}, u"One"_s},
+        {"no such option", none, options, "1", u"1"_s, {}, u"1"_s, {}, {}},
+        {"empty text is a value", none, options, "\"\"", u"0"_s, {}, u"0"_s, {}, u"Zero"_s},
+        {"data for a choice", none, options, "1", QByteArray("x"), {}, QByteArray("x"), {}, {}},
         // An open choice receives what was saved as its colour.
-        {"open choice", "null", options, "null", u"0"_s, u"0"_s, {}, u"0"_s, {}},
+        {"open choice", none, options, none, u"0"_s, u"0"_s, {}, u"0"_s, {}},
         // A colour element with a value of its own keeps its colour.
-        {"colour with value",
-         "\"#111\"",
-         "null",
-         "5",
-         u"#222"_s,
-         u"#111"_s,
-         u"#222"_s,
-         u"#111"_s,
-         {}},
+        {"color with value", black, none, "5", u"#222"_s, u"#111"_s, u"#222"_s, u"#111"_s, {}},
     };
     QByteArrayList elements;
     PropertyDictionary saved;
@@ -102,11 +89,12 @@ TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
     const auto source = load();
     ASSERT_EQ(source.tableSource().size(), cases.size());
     for (size_t i = 0; i < cases.size(); ++i) {
+        SCOPED_TRACE(cases[i].name);
         const ElementRecord &record = *source.tableSource()[i];
-        EXPECT_TRUE(PropertyList::isEqual(record.color, cases[i].expectedColor)) << cases[i].name;
-        EXPECT_TRUE(PropertyList::isEqual(record.value, cases[i].expectedValue)) << cases[i].name;
-        EXPECT_EQ(record.shownColor(), cases[i].shownColor) << cases[i].name;
-        EXPECT_EQ(record.shownOption(), cases[i].shownOption) << cases[i].name;
+        EXPECT_TRUE(PropertyList::isEqual(record.color, cases[i].expectedColor));
+        EXPECT_TRUE(PropertyList::isEqual(record.value, cases[i].expectedValue));
+        EXPECT_EQ(record.shownColor(), cases[i].shownColor);
+        EXPECT_EQ(record.shownOption(), cases[i].shownOption);
     }
     EXPECT_EQ(log.count("neither text nor number"_L1), 3);
 }
@@ -114,43 +102,35 @@ TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
 TEST_F(ElementDataSourceTest, AnUnreadableWorkingCopyIsNone)
 {
     putElements({element("a", "\"#111\"")});
-    for (const QByteArray &bytes : {QByteArray(), QByteArray("garbage"), QByteArray("bplist00"),
-                                    QByteArray("<plist version=\"1.0\"><array/></plist>"),
-                                    QByteArray("<plist version=\"1.0\"><dict><key>a</key>")}) {
-        put(locations.workingCopy(), bytes);
-        EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
-    }
+    put(locations.workingCopy(), "garbage");
+    EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
     NSFileManager::removeItemAtPath(locations.workingCopy());
     put(locations.workingCopy() + "/folder"_L1, "x");
     EXPECT_EQ(load().tableSource().at(0)->color, QVariant(u"#111"_s));
 }
 
-TEST_F(ElementDataSourceTest, OddTypesAreTakenAsText)
+TEST_F(ElementDataSourceTest, OddTypesAreTakenAsTextAndNumbersKeepTheirKind)
 {
-    put(document, R"([{"key":5,"name":null,"description":true,"color":[1],"options":"x",)"
-                  R"("value":{"a":null},"section":0.5}])");
+    put(document, R"([{"key":5,"name":null,"description":true,"color":[1],"options":"x",
+                       "value":{"a":null},"section":0.5},
+                      {"key":"a","name":"","description":"","color":null,
+                       "options":{"n":9007199254740993,"r":0.5,"b":false},
+                       "value":0.1,"section":"numbers"}])");
     const auto source = load();
-    ASSERT_EQ(source.sortedSections(), QStringList("0.5"));
-    const ElementRecord &record = source.record(0, 0);
-    EXPECT_EQ(record.key, u"5"_s);
-    EXPECT_EQ(record.name, u""_s);
-    EXPECT_EQ(record.description, u"true"_s);
-    EXPECT_TRUE(record.isChoice());
-    EXPECT_EQ(record.options->size(), 0);
-    EXPECT_EQ(record.shownOption(), QString());
-    EXPECT_EQ(record.shownColor(), u"(1 values)"_s);
-}
-
-TEST_F(ElementDataSourceTest, NumbersKeepTheirKind)
-{
-    putElements({element("a", "null", "{\"n\":9007199254740993,\"r\":0.5,\"b\":false}", "0.1")});
-    const auto source = load();
-    const ElementRecord &record = source.record(0, 0);
-    EXPECT_EQ(record.options->value(u"n"_s), QVariant(9007199254740993LL));
-    EXPECT_EQ(record.options->value(u"n"_s).typeId(), QMetaType::LongLong);
-    EXPECT_EQ(record.options->value(u"r"_s).typeId(), QMetaType::Double);
-    EXPECT_EQ(record.options->value(u"b"_s).typeId(), QMetaType::Bool);
-    EXPECT_EQ(record.value, QVariant(0.1));
+    ASSERT_EQ(source.sortedSections(), QStringList({"0.5", "numbers"}));
+    const ElementRecord &odd = source.record(0, 0);
+    EXPECT_EQ(odd.key, u"5"_s);
+    EXPECT_EQ(odd.name, u""_s);
+    EXPECT_EQ(odd.description, u"true"_s);
+    EXPECT_EQ(odd.options, QVariantMap());
+    EXPECT_EQ(odd.shownOption(), QString());
+    EXPECT_EQ(odd.shownColor(), u"(1 values)"_s);
+    const ElementRecord &numbers = source.record(1, 0);
+    for (const auto &[label, value] :
+         {std::pair(u"n"_s, QVariant(9007199254740993LL)), std::pair(u"r"_s, QVariant(0.5)),
+          std::pair(u"b"_s, QVariant(false))})
+        EXPECT_TRUE(PropertyList::isEqual(numbers.options->value(label), value));
+    EXPECT_EQ(numbers.value, QVariant(0.1));
 }
 
 TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
@@ -163,6 +143,10 @@ TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
         {good, Status::Malformed, u"array"_s},
         {"\"text\"", Status::Malformed, {}},
         {"[]", Status::Loaded, {}},
+        {"[NaN]", Status::Malformed, {}},
+        {"[-inf]", Status::Malformed, {}},
+        {"[0x10]", Status::Malformed, {}},
+        {"[1e400]", Status::Malformed, {}},
         {"\xEF\xBB\xBF[" + good + "]", Status::Loaded, {}},
         {"[" + good + ", \"\xff\"]", Status::Unusable, u"UTF-8"_s},
         {"[" + good + ", 5]", Status::Unusable, u"item 1 "_s},
@@ -193,46 +177,16 @@ TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
 
 TEST_F(ElementDataSourceTest, TheShippedDocumentIsSound)
 {
-    testing::internal::CaptureStderr();
-    const auto source =
-        ElementDataSource::load(QStringLiteral(TINTLOOM_SOURCE_RESOURCES), locations.documents);
-    testing::internal::GetCapturedStderr();
+    const auto source = ElementDataSource::load(TINTLOOM_SOURCE_RESOURCES, locations.documents);
     ASSERT_EQ(source.status(), Status::Loaded) << source.problem().toStdString();
-    QStringList names;
-    QStringList keys;
+    QStringList names, keys;
     for (const auto &record : source.tableSource()) {
+        SCOPED_TRACE(record->key.toStdString());
         names.append(record->name);
         keys.append(record->key);
-        EXPECT_TRUE(record->section) << record->key.toStdString();
-        EXPECT_EQ(record->isChoice(), record->value.isValid()) << record->key.toStdString();
-        EXPECT_EQ(record->isChoice(), !record->shownOption().isEmpty())
-            << record->key.toStdString();
+        EXPECT_TRUE(record->section);
+        EXPECT_EQ(record->isChoice(), record->value.isValid());
+        EXPECT_EQ(record->isChoice(), !record->shownOption().isEmpty());
     }
     EXPECT_EQ(names.removeDuplicates() + keys.removeDuplicates(), 0);
-    for (const auto &key :
-         {u"green-balloon-colors_1"_s, u"green-balloon-colors_2"_s, u"blue-balloon-colors_1"_s,
-          u"blue-balloon-colors_2"_s, u"gray-balloon-colors_1"_s, u"gray-balloon-colors_2"_s,
-          u"list-background-image"_s, u"unread-indicator-image"_s})
-        EXPECT_TRUE(keys.contains(key)) << key.toStdString();
-}
-
-TEST_F(ElementDataSourceTest, AHugeDocumentLoadsWhole)
-{
-    constexpr int count = 30'000;
-    QByteArrayList elements;
-    PropertyDictionary saved;
-    for (int i = 0; i < count; ++i) {
-        const QByteArray key = "key" + QByteArray::number(i);
-        elements.append(
-            element(key, "\"#111\"", "null", "null", "\"" + QByteArray::number(i % 7) + "\""));
-        saved.setValue(QString::fromLatin1(key), u"#222"_s);
-    }
-    putElements(elements);
-    putSaved(saved);
-    const auto source = load();
-    ASSERT_EQ(source.tableSource().size(), size_t(count));
-    EXPECT_EQ(source.numberOfSections(), 7);
-    EXPECT_EQ(source.record(6, source.numberOfRowsInSection(6) - 1).key, u"key29994"_s);
-    EXPECT_TRUE(std::ranges::all_of(source.tableSource(),
-                                    [](const auto &r) { return r->color == QVariant(u"#222"_s); }));
 }

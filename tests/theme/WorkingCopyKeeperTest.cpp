@@ -1,10 +1,10 @@
+// What a fault or a kill at each single operation leaves behind is InterruptionTest's.
 #include "theme/WorkingCopyKeeper.h"
 
 #include "platform/PropertyList.h"
 #include "support/ThemeFixture.h"
 
 using namespace Qt::StringLiterals;
-using Operation = NSFileManager::Operation;
 using Restored = WorkingCopyKeeper::Restored;
 
 namespace
@@ -20,17 +20,6 @@ const QByteArray first = choices(u"first"_s), second = choices(u"second"_s),
                  third = choices(u"third"_s);
 
 struct WorkingCopyKeeperTest : ThemeFixture {
-    void SetUp() override
-    {
-        WorkingCopyKeeper::setPatience(std::chrono::milliseconds(0));
-        testing::internal::CaptureStderr();
-    }
-    void TearDown() override
-    {
-        testing::internal::GetCapturedStderr();
-        WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
-    }
-
     std::shared_ptr<WorkingCopyKeeper> open() const { return WorkingCopyKeeper::open(locations); }
 
     void replace(const QByteArray &bytes) const
@@ -57,76 +46,45 @@ struct WorkingCopyKeeperTest : ThemeFixture {
         ASSERT_TRUE(QFile::link(target, path));
     }
 };
-
-NSFileManager::FaultHook failing(Operation operation, const QString &path)
-{
-    return [=](Operation asked, const QString &askedPath) {
-        return asked == operation && askedPath == path
-                   ? std::make_error_code(std::errc::no_space_on_device)
-                   : std::error_code();
-    };
-}
 } // namespace
 
 TEST_F(WorkingCopyKeeperTest, TheEarlierChoicesAreTheLastThatDiffered)
 {
-    replace(first);
-    expectStands(first, {});
-    replace(second);
-    expectStands(second, first);
-    replace(second);
-    expectStands(second, first);
-    replace("no property list, but somebody's");
-    replace(third);
-    expectStands(third, "no property list, but somebody's");
-
-    put(folder.filePath(u"theme"_s), first);
-    {
-        const auto keeper = open();
-        ASSERT_TRUE(keeper->begin());
-        EXPECT_FALSE(keeper->copy(folder.filePath(u"theme"_s)));
-        EXPECT_FALSE(keeper->end());
+    const QByteArray strange = "no property list, but somebody's";
+    const std::pair<QByteArray, QByteArray> steps[] = {
+        {first, {}}, {second, first}, {second, first}, {strange, second}, {third, strange}};
+    for (const auto &[bytes, earlier] : steps) {
+        replace(bytes);
+        expectStands(bytes, earlier);
     }
+    put(folder.filePath("theme"), first);
+    auto keeper = open();
+    ASSERT_TRUE(keeper->begin());
+    EXPECT_EQ(keeper->copy(folder.filePath("missing")), std::errc::no_such_file_or_directory);
+    keeper.reset();
+    expectStands(third, strange);
+    open()->begin(); // and given up
+    expectStands(third, strange);
+    keeper = open();
+    ASSERT_TRUE(keeper->begin());
+    {
+        const FaultHookGuard guard(
+            failing(NSFileManager::Operation::Write, locations.workingCopy()));
+        EXPECT_EQ(keeper->write(first), std::errc::no_space_on_device);
+    }
+    EXPECT_FALSE(keeper->end());
+    expectStands(third, strange);
+    ASSERT_TRUE(keeper->begin());
+    EXPECT_FALSE(keeper->copy(folder.filePath("theme")));
+    EXPECT_FALSE(keeper->end());
     expectStands(first, third);
     for (int round = 0; round < 2; ++round) { // a theme without choices of its own
-        const auto keeper = open();
         ASSERT_TRUE(keeper->begin());
         EXPECT_FALSE(keeper->end());
         expectStands({}, first);
     }
-    EXPECT_EQ(open()->restore().outcome, Restored::Done);
+    EXPECT_EQ(keeper->restore().outcome, Restored::Done);
     expectStands(first, {});
-}
-
-TEST_F(WorkingCopyKeeperTest, WithoutNewChoicesTheOldOnesComeBack)
-{
-    replace(first);
-    replace(second);
-    {
-        const FaultHookGuard guard(failing(Operation::Write, locations.workingCopy()));
-        const auto keeper = open();
-        ASSERT_TRUE(keeper->begin());
-        EXPECT_EQ(keeper->write(third), std::errc::no_space_on_device);
-        EXPECT_FALSE(keeper->end());
-    }
-    expectStands(second, first);
-    open()->begin(); // and given up
-    expectStands(second, first);
-    {
-        const auto keeper = open();
-        ASSERT_TRUE(keeper->begin());
-        EXPECT_EQ(keeper->copy(folder.filePath(u"missing"_s)),
-                  std::errc::no_such_file_or_directory);
-    }
-    expectStands(second, first);
-    {
-        const FaultHookGuard guard(failing(Operation::Move, locations.workingCopy()));
-        const auto keeper = open();
-        ASSERT_TRUE(keeper->begin());
-        EXPECT_EQ(keeper->write(third), std::errc::no_space_on_device);
-        EXPECT_FALSE(keeper->end());
-    }
-    expectStands(second, first);
 }
 
 TEST_F(WorkingCopyKeeperTest, RestoringTwiceChangesNothing)
@@ -147,6 +105,7 @@ TEST_F(WorkingCopyKeeperTest, RestoringTwiceChangesNothing)
 
 TEST_F(WorkingCopyKeeperTest, OnlyWholeNewChoicesWinARecovery)
 {
+    testing::internal::CaptureStderr(); // each recovery is logged
     const qsizetype end = second.indexOf("</dict>") + qsizetype(qstrlen("</dict>"));
     for (qsizetype length = 0; length <= second.size(); length += length + 30 < end ? 13 : 1) {
         put(locations.earlierWorkingCopy(), third);
@@ -155,81 +114,80 @@ TEST_F(WorkingCopyKeeperTest, OnlyWholeNewChoicesWinARecovery)
         EXPECT_TRUE(open()->refusal().isEmpty());
         const bool newOnesStand = contents(locations.workingCopy()) != first;
         EXPECT_TRUE(length >= end || !newOnesStand) << length; // at `end`, every choice is there
-        if (newOnesStand)
-            expectStands(second.first(length), first);
-        else
-            expectStands(first, third);
+        expectStands(newOnesStand ? second.first(length) : first, newOnesStand ? first : third);
     }
     expectStands(second, first);
     // What cannot be read now may be all that there is.
     put(locations.workingCopyAside(), first);
-    put(locations.workingCopy(), second);
     {
-        const FaultHookGuard guard(failing(Operation::Read, locations.workingCopy()));
+        const FaultHookGuard guard(
+            failing(NSFileManager::Operation::Read, locations.workingCopy()));
         EXPECT_TRUE(open()->refusal().contains("No space left"_L1));
     }
     EXPECT_EQ(contents(locations.workingCopy()), second);
     EXPECT_EQ(contents(locations.workingCopyAside()), first);
+    testing::internal::GetCapturedStderr();
 }
 
 TEST_F(WorkingCopyKeeperTest, RefusesFoldersInWhichSomethingWouldBeLost)
 {
-    const QString outside = folder.filePath(u"outside"_s);
-    put(outside + "/Info.plist"_L1, first);
-    put(outside + "/Info.previous.plist"_L1, second);
+    const QString outside = folder.filePath("outside");
+    put(outside + "/Info.plist", first);
+    put(outside + "/Info.previous.plist", second);
     linkTo(outside, locations.workingCopyFolder());
     const auto keeper = open();
     EXPECT_TRUE(keeper->refusal().isEmpty()); // reading is all right
     EXPECT_EQ(keeper->restore().outcome, Restored::Failed);
     EXPECT_FALSE(open()->begin());
-    EXPECT_EQ(contents(outside + "/Info.plist"_L1), first);
-    EXPECT_EQ(tree(outside), QStringList({"Info.plist", "Info.previous.plist"}));
+    EXPECT_EQ(contents(outside + "/Info.plist"), first);
+    EXPECT_EQ(tree(outside), (QStringList{"Info.plist", "Info.previous.plist"}));
 
     // The working copy in the package, or behind a link to it.
     const QString root = locations.packageRoot;
-    linkTo(root, folder.filePath(u"link"_s));
-    for (const QString &documents : {root, root + "/Tintloom"_L1, folder.filePath(u"link"_s)}) {
+    linkTo(root, folder.filePath("link"));
+    for (const QString &documents : {root, root + "/Tintloom", folder.filePath("link")}) {
         const auto inside = WorkingCopyKeeper::open({root, documents});
         EXPECT_FALSE(inside->begin()) << documents.toStdString();
         EXPECT_FALSE(inside->refusal().isEmpty());
     }
-    EXPECT_TRUE(WorkingCopyKeeper::open({root + "/Tintloom"_L1, root})->begin());
+    EXPECT_TRUE(WorkingCopyKeeper::open({root + "/Tintloom", root})->begin());
 }
 
 TEST_F(WorkingCopyKeeperTest, RemovesItsOwnTemporaryFilesOnly)
 {
-    const QStringList others = {u"Info.plist.bak"_s, u"Info.plist.tintloom-"_s,
-                                u"Info.plist.tintloom-0123456789abcdeg"_s,
-                                u".tintloom-0123456789abcdef.txt"_s};
-    const QString temporary = u"/Info.plist.tintloom-0123456789abcdef"_s;
-    const QString outside = folder.filePath(u"outside"_s);
-    put(outside + temporary, "theirs");
-    for (const QString &name : others)
-        put(locations.workingCopyFolder() + u'/' + name, "theirs");
+    const QString temporary = "/Info.plist.tintloom-0123456789abcdef";
+    const QString outside = folder.filePath("outside");
     linkTo(outside, locations.indicatorFolder());
+    const QStringList others = {
+        outside + temporary,
+        locations.workingCopyFolder() + "/Info.plist.bak",
+        locations.workingCopyFolder() + "/Info.plist.tintloom-",
+        locations.workingCopyFolder() + "/Info.plist.tintloom-0123456789abcdeg",
+        locations.workingCopyFolder() + "/.tintloom-0123456789abcdef.txt",
+        locations.workingCopyFolder() + "/a.tintloom-00000000000000ff/inside",
+    };
+    for (const QString &path : others)
+        put(path, "theirs");
+    const QStringList before = tree(folder.path());
     put(locations.packageFolder() + temporary, "x");
     put(locations.workingCopyFolder() + temporary, "x");
-    put(locations.workingCopyFolder() + "/a.tintloom-00000000000000ff/inside"_L1, "theirs");
     open();
-    EXPECT_EQ(tree(locations.packageRoot), QStringList({"Tintloom", "Tintloom/UIKit"}));
-    EXPECT_EQ(QDir(locations.workingCopyFolder()).entryList(QDir::Files | QDir::Hidden).size(),
-              others.size());
-    EXPECT_TRUE(
-        QFile::exists(locations.workingCopyFolder() + "/a.tintloom-00000000000000ff/inside"_L1));
-    EXPECT_EQ(contents(outside + temporary), "theirs");
+    EXPECT_EQ(tree(folder.path()), before);
 }
 
 TEST_F(WorkingCopyKeeperTest, OneAtATime)
 {
+    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(0));
     auto holder = open();
     ASSERT_TRUE(holder->begin());
-    for (const ThemeLocations &other :
-         {locations, ThemeLocations{locations.packageRoot, folder.filePath(u"other"_s)},
-          ThemeLocations{folder.filePath(u"other"_s), locations.documents}}) {
+    const QString elsewhere = folder.filePath("other");
+    for (const ThemeLocations &other : {locations, ThemeLocations{locations.packageRoot, elsewhere},
+                                        ThemeLocations{elsewhere, locations.documents}}) {
         const auto refused = WorkingCopyKeeper::open(other);
-        EXPECT_TRUE(refused->refusal().contains("another Tintloom"_L1));
+        EXPECT_TRUE(refused->refusal().contains("another Tintloom"));
         EXPECT_FALSE(refused->begin());
     }
+    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
     holder.reset();
     EXPECT_TRUE(open()->begin());
 }
