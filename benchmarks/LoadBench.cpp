@@ -2,7 +2,7 @@
 // that holds a value for each, beside parsing the same two files and looking at nothing
 // ("load_parse").
 #include "QuietLog.h"
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 #include "theme/ElementDataSource.h"
 #include "theme/ThemeLocations.h"
 

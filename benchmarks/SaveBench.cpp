@@ -2,7 +2,7 @@
 // working copy and bring the same bytes to the disk. Each save changes a colour, so that there is
 // something to keep.
 #include "QuietLog.h"
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 #include "theme/ColorText.h"
 #include "theme/ThemePackageWriter.h"
 #include "views/UIImage+JTColor.h"

@@ -1,7 +1,7 @@
 // Checks of property list values that several targets share.
 #pragma once
 
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 
 namespace Fuzz
 {

@@ -6,7 +6,7 @@
 //   TINTLOOM_TEST_FAULT=denied:N   let it fail: permission denied
 //   TINTLOOM_TEST_FAULT=pause:N    say "paused" on standard error and wait for standard input
 //   TINTLOOM_TEST_PATIENCE=MS      how long to wait for another program
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <QByteArray>

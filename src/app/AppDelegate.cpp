@@ -1,8 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include "catalogue/MainViewController.h"
-#include "platform/NSLog.h"
 #include "platform/UINavigationController.h"
+#include "platform/foundation/NSLog.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <QIcon>

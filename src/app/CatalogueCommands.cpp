@@ -6,8 +6,8 @@
 #include "catalogue/SelectedTheme.h"
 #include "catalogue/ThemeInstallation.h"
 #include "catalogue/ThemeList.h"
-#include "platform/NSFileManager.h"
-#include "platform/NSLog.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSLog.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

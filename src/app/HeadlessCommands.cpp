@@ -3,7 +3,7 @@
 #include "app/ElementEdits.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
-#include "platform/NSLog.h"
+#include "platform/foundation/NSLog.h"
 #include "theme/ThemePackageWriter.h"
 
 #include <QDateTime>

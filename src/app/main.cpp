@@ -3,7 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
 #include "platform/UIApplication.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/UIScreen.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

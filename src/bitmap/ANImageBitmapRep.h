@@ -7,7 +7,7 @@
 #pragma once
 
 #include "bitmap/BitmapContextManipulator.h"
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QSizeF>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bitmap/BitmapContextManipulator.h"
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 class BitmapDrawManipulator : public BitmapContextManipulator
 {

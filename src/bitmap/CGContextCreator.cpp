@@ -1,7 +1,7 @@
 #include "bitmap/CGContextCreator.h"
 
 #include "bitmap/BMPixel.h"
-#include "platform/NSLog.h"
+#include "platform/foundation/NSLog.h"
 
 #include <cstdlib>
 

@@ -1,9 +1,9 @@
 #include "catalogue/MainViewController.h"
 
-#include "platform/NSLog.h"
-#include "platform/UIColor.h"
 #include "platform/UINavigationController.h"
 #include "platform/UITableViewSubtitleCell.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QThread>
 

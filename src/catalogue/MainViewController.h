@@ -12,10 +12,10 @@
 #include "catalogue/ThemeInstallation.h"
 #include "catalogue/ThemeList.h"
 #include "editor/CustomViewController.h"
-#include "platform/DispatchQueue.h"
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "views/ScreenOverlays.h"
 
 #include <QPointer>

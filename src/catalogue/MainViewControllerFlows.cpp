@@ -1,7 +1,7 @@
 // The two flows of the catalogue that work on files: installing a theme, and sending it to the
 // editor.
 #include "catalogue/MainViewController.h"
-#include "platform/NSLog.h"
+#include "platform/foundation/NSLog.h"
 
 void MainViewController::save()
 {

@@ -1,7 +1,7 @@
 // The name of the installed theme, remembered between runs.
 #pragma once
 
-#include "platform/NSUserDefaults.h"
+#include "platform/foundation/NSUserDefaults.h"
 
 #include <optional>
 

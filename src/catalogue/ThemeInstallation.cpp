@@ -1,7 +1,7 @@
 #include "catalogue/ThemeInstallation.h"
 
 #include "catalogue/ThemeList.h"
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <vector>

@@ -1,9 +1,9 @@
 #include "chooser/ColorPickerViewController.h"
 
 #include "chooser/HexFieldRules.h"
-#include "platform/NSLog.h"
 #include "platform/UINavigationController.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
 
 ColorPickerViewController::ColorPickerViewController(const UIColor &color, std::int32_t section,

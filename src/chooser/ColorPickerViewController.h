@@ -15,9 +15,9 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 #include "HSColorPicker/ColorPickerClasses/HSOpacitySlider.h"
 #include "chooser/ChooserLayout.h"
-#include "platform/UIColor.h"
 #include "platform/UITextField.h"
 #include "platform/UIViewController.h"
+#include "platform/foundation/UIColor.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,10 +1,10 @@
 #include "editor/CustomViewController.h"
 
-#include "platform/NSLog.h"
 #include "platform/QMLViews.h"
 #include "platform/UIAlertView.h"
 #include "platform/UINavigationController.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
 #include "views/CustomTableCell.h"
 

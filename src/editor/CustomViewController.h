@@ -15,10 +15,10 @@
 
 #include "chooser/ColorPickerViewController.h"
 #include "editor/EditorLayout.h"
-#include "platform/DispatchQueue.h"
 #include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "theme/ElementDataSource.h"
 #include "theme/ThemePackageWriter.h"
 #include "views/ScreenOverlays.h"

@@ -6,8 +6,8 @@
 #pragma once
 
 #include "platform/CALayer.h"
-#include "platform/UIColor.h"
 #include "platform/UIView.h"
+#include "platform/foundation/UIColor.h"
 
 #include <optional>
 

@@ -10,9 +10,9 @@
 //   offset:     -inset.top at rest; a header sticks at offset + inset.top
 #pragma once
 
-#include "platform/NSIndexPath.h"
 #include "platform/UITableViewCell.h"
 #include "platform/UITableViewHeader.h"
+#include "platform/foundation/NSIndexPath.h"
 
 #include <QHash>
 #include <QQmlComponent>

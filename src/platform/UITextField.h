@@ -15,8 +15,8 @@
 // Undo and redo are off, because they would bring back what was refused.
 #pragma once
 
-#include "platform/NSRange.h"
 #include "platform/UIView.h"
+#include "platform/foundation/NSRange.h"
 
 #include <QColor>
 #include <QPointer>

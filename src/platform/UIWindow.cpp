@@ -1,7 +1,7 @@
 #include "platform/UIWindow.h"
 
 #include "platform/QMLViews.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/UIScreen.h"
 
 #include <QResizeEvent>
 

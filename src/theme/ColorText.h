@@ -6,7 +6,7 @@
 // right-aligned (ABCD is blue AB, alpha CD).
 #pragma once
 
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QString>
 

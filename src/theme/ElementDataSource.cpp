@@ -1,8 +1,8 @@
 #include "theme/ElementDataSource.h"
 
-#include "platform/NSFileManager.h"
-#include "platform/NSLog.h"
-#include "platform/XmlText.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/XmlText.h"
 #include "theme/ThemeLocations.h"
 
 #include <QCollator>

@@ -6,7 +6,7 @@
 // the document's own.
 #pragma once
 
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "theme/ThemePackageWriter.h"
 
-#include "platform/NSFileManager.h"
-#include "platform/NSLog.h"
-#include "platform/UIImageJPEGRepresentation.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
 #include "theme/WorkingCopyKeeper.h"
 #include "views/UIImage+JTColor.h"

@@ -4,7 +4,7 @@
 // main thread; the command line does both in a row.
 #pragma once
 
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 #include "theme/ElementDataSource.h"
 #include "theme/ThemeLocations.h"
 

@@ -1,8 +1,8 @@
 #include "theme/WorkingCopyKeeper.h"
 
-#include "platform/NSFileManager.h"
-#include "platform/NSLog.h"
-#include "platform/PropertyList.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/PropertyList.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 // Images of one solid colour. An image's device pixel ratio is its scale in pixels per point.
 #pragma once
 
-#include "platform/UIColor.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/UIColor.h"
+#include "platform/foundation/UIScreen.h"
 
 #include <QImage>
 #include <QRectF>

@@ -1,7 +1,7 @@
 // Pixels of pictures that have a scale.
 #pragma once
 
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QImage>
 #include <QPointF>

@@ -1,6 +1,6 @@
 #include "editor/CustomViewController.h"
 
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 #include "support/EditorFixture.h"
 #include "theme/WorkingCopyKeeper.h"
 

@@ -2,8 +2,8 @@
 // the layouts promise, what came of it by looking at the screen and at the disk.
 #include "chooser/ChooserLayout.h"
 #include "editor/EditorLayout.h"
-#include "platform/NSFileManager.h"
-#include "platform/PropertyList.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/PropertyList.h"
 #include "theme/ThemeLocations.h"
 
 #include <QGuiApplication>

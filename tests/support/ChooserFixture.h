@@ -4,8 +4,8 @@
 #include "chooser/ColorPickerViewController.h"
 #include "platform/QMLViews.h"
 #include "platform/UINavigationController.h"
-#include "platform/UIScreen.h"
 #include "platform/UIWindow.h"
+#include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
 
 #include <QTest>

@@ -4,7 +4,7 @@
 #include "app/AppDelegate.h"
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
-#include "platform/UIScreen.h"
+#include "platform/foundation/UIScreen.h"
 #include "support/Files.h"
 #include "views/CustomTableCell.h"
 

@@ -1,7 +1,7 @@
 // Small helpers for tests that look at the disk.
 #pragma once
 
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,6 +1,6 @@
 #include "theme/ThemePackageWriter.h"
 
-#include "platform/DispatchQueue.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "support/Jpeg.h"
 #include "support/ThemeFixture.h"
 

@@ -1,7 +1,7 @@
 // What a fault or a kill at each single operation leaves behind is InterruptionTest's.
 #include "theme/WorkingCopyKeeper.h"
 
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 #include "support/ThemeFixture.h"
 
 using namespace Qt::StringLiterals;

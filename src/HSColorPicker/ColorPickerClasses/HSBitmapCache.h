@@ -7,7 +7,7 @@
 #pragma once
 
 #include "HSColorPicker/ColorPickerClasses/HSGenerationQueue.h"
-#include "platform/DispatchQueue.h"
+#include "platform/foundation/DispatchQueue.h"
 
 #include <QCache>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorFunctions.h"
 
-#include "platform/NSLog.h"
+#include "platform/foundation/NSLog.h"
 
 #include <QPainter>
 #include <QRandomGenerator>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bitmap/BMPixel.h"
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QImage>
 

@@ -10,7 +10,7 @@
 // component which is not a number is stored as 0.
 #pragma once
 
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QPointF>
 

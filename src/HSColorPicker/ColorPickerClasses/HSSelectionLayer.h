@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/CALayer.h"
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <QPainter>
 

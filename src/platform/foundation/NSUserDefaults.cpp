@@ -1,7 +1,7 @@
-#include "platform/NSUserDefaults.h"
+#include "platform/foundation/NSUserDefaults.h"
 
-#include "platform/NSFileManager.h"
-#include "platform/PropertyList.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/PropertyList.h"
 
 #include <QFileInfo>
 

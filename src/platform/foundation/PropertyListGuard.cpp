@@ -1,4 +1,4 @@
-#include "platform/PropertyListGuard.h"
+#include "platform/foundation/PropertyListGuard.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 
-#include "platform/PropertyListGuard.h"
-#include "platform/XmlText.h"
+#include "platform/foundation/PropertyListGuard.h"
+#include "platform/foundation/XmlText.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -1,4 +1,4 @@
-#include "platform/UIScreen.h"
+#include "platform/foundation/UIScreen.h"
 
 UIScreen &UIScreen::mainScreen()
 {

@@ -1,4 +1,4 @@
-#include "platform/NSFileManager.h"
+#include "platform/foundation/NSFileManager.h"
 
 #include "support/Files.h"
 

@@ -1,4 +1,4 @@
-#include "platform/DispatchQueue.h"
+#include "platform/foundation/DispatchQueue.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "platform/XmlText.h"
+#include "platform/foundation/XmlText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/NSLog.h"
+#include "platform/foundation/NSLog.h"
 
 #include <QStringView>
 

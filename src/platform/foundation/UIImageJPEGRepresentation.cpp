@@ -1,4 +1,4 @@
-#include "platform/UIImageJPEGRepresentation.h"
+#include "platform/foundation/UIImageJPEGRepresentation.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "platform/PropertyList.h"
+#include "platform/foundation/PropertyList.h"
 
 #include <QDateTime>
 #include <QXmlStreamReader>

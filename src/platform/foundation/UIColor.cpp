@@ -1,4 +1,4 @@
-#include "platform/UIColor.h"
+#include "platform/foundation/UIColor.h"
 
 #include <algorithm>
 #include <cmath>
