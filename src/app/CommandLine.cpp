@@ -54,6 +54,7 @@ display for a window.
 /// tells which file that is, even to a program started by a bare name where no /proc is mounted.
 QString defaultResources()
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel hands the address out as a number
     const auto *file = reinterpret_cast<const char *>(getauxval(AT_EXECFN));
     const QFileInfo program(QFileInfo(QFile::decodeName(file)).canonicalFilePath());
     return QDir::cleanPath(program.absoluteDir().filePath(QStringLiteral(TINTLOOM_DATA)));
