@@ -186,7 +186,7 @@ std::vector<HSWheelVectors> findVectors()
     if (__builtin_cpu_supports("sse4.2"))
         found.push_back({"SSE4", N_SSE4::fill});
 #endif
-    found.push_back({"any of its kind", HWY_STATIC_DISPATCH(fill)});
+    found.push_back({"baseline", HWY_STATIC_DISPATCH(fill)});
     return found;
 }
 } // namespace wheel_kernel
