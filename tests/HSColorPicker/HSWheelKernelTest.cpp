@@ -83,7 +83,12 @@ TEST(HSWheelKernelRimTest, RimsAnywhere)
     expectWheels(2048, 22);
 }
 
+// By these names tools/test-arm chooses among them.
 INSTANTIATE_TEST_SUITE_P(Sizes, HSWheelKernelTest,
                          testing::Combine(testing::Range(1, 700, 50),
-                                          testing::Values(0.0, 11.0, 22.0)));
+                                          testing::Values(0.0, 11.0, 22.0)),
+                         [](const auto &info) {
+                             return "from" + std::to_string(std::get<0>(info.param)) + "padding" +
+                                    std::to_string(int(std::get<1>(info.param)));
+                         });
 } // namespace
