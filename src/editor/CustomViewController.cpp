@@ -27,9 +27,17 @@ CustomViewController::initFromMainView(const EditorFolders &folders)
 CustomViewController::CustomViewController(const EditorFolders &folders, bool fromMainView)
     : _folders(folders), _fromMainView(fromMainView)
 {
+    for (QVariantAnimation *fade : {&_fade, &_rowFade}) {
+        fade->setDuration(300);
+        fade->setEasingCurve(QEasingCurve::InOutSine);
+    }
+    _rowFade.setObjectName("rowFade");
+    connect(&_rowFade, &QVariantAnimation::valueChanged, this, [this](const QVariant &ground) {
+        if (_fadingRow)
+            _fadingRow->setBackgroundColor(ground.value<QColor>());
+    });
+    connect(&_rowFade, &QAbstractAnimation::finished, this, [this] { _fadingRow.clear(); });
     _fade.setObjectName("fade");
-    _fade.setDuration(300);
-    _fade.setEasingCurve(QEasingCurve::InOutSine);
     _fade.setStartValue(1.0);
     _fade.setEndValue(0.0);
     connect(&_fade, &QVariantAnimation::valueChanged, this, [this](const QVariant &alpha) {
@@ -140,6 +148,8 @@ UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
     if (!cell)
         cell =
             CustomTableCell::initWithStyle(CustomTableCell::Style::Subtitle, identifier, *engine());
+    if (cell == _fadingRow)
+        _fadingRow.clear(); // it shows another row from now on
 
     const ElementRecord &record = _source.record(indexPath.section, indexPath.row);
     cell->name()->setText(record.name);

@@ -23,6 +23,7 @@
 #include "theme/ThemePackageWriter.h"
 #include "views/ScreenOverlays.h"
 
+#include <QPointer>
 #include <QVariantAnimation>
 
 #include <memory>
@@ -42,6 +43,8 @@ struct EditorFolders {
     QString resources;
     ThemeLocations theme;
 };
+
+class CustomTableCell;
 
 class CustomViewController final : public UIViewController,
                                    public UITableViewDataSource,
@@ -67,6 +70,7 @@ public:
     bool fromMainView() const { return _fromMainView; }
     /// An editor is at first its own delegate, and so lives until it gets another or the program
     /// ends.
+    std::shared_ptr<CustomViewDelegate> delegate() const { return _delegate; }
     void setDelegate(std::shared_ptr<CustomViewDelegate> delegate);
     const ElementDataSource &source() const { return _source; }
     EditorLayout layout() const { return _layout; }
@@ -94,10 +98,10 @@ public:
     ColorPickerViewController *colorPickerView() const { return _colorPickerView.get(); }
 
     // The chooser's answers. The colour goes into the record as colour text, a removed one as the
-    // empty string; the row, if it is in sight, is painted anew; the chooser fades out over 0.3
-    // seconds and is dropped. Without a section, the row counts all elements in document order, and
-    // the cell painted is that row's of the first section. A row that does not exist stores
-    // nothing.
+    // empty string; over 0.3 seconds the row, if it is in sight, takes on its new ground and the
+    // chooser fades out, to be dropped then. Without a section, the row counts all elements in
+    // document order, and the cell painted is that row's of the first section: as on the phone. A
+    // row that does not exist stores nothing.
     void dismissWithNoChange() override;
     void dismissWithColorSectionAndRow(const UIColor &color, std::int32_t selectedSection,
                                        std::int32_t selectedRow) override;
@@ -107,8 +111,8 @@ public:
     void dismissWithNoColorAndRow(std::int32_t selectedRow) override;
 
     /// The option sheet's answer: the label's value goes into the first element that bears the
-    /// sheet's title as its name, if that has such an option. "Cancel" leaves everything, so an
-    /// option of that label cannot be chosen.
+    /// sheet's title as its name (as on the phone), if that has such an option. "Cancel" leaves
+    /// everything, so an option of that label cannot be chosen.
     void clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex) override;
 
     Q_INVOKABLE void saveButtonTap();
@@ -147,6 +151,7 @@ private:
     void showChooser(const ElementRecord &record, NSIndexPath indexPath);
     void setChooserAlpha(double alpha);
     void fadeChooser();
+    void fadeRow(CustomTableCell &cell, const UIColor &ground);
     void removeChooser();
     void showOptions(const ElementRecord &record, NSIndexPath indexPath);
     /// Puts a colour, or none, into the record and onto the row's cell, as far as there are any.
@@ -164,7 +169,9 @@ private:
     std::shared_ptr<CustomViewDelegate> _delegate;
     std::shared_ptr<ColorPickerViewController> _colorPickerView; // while it is open
     std::shared_ptr<UINavigationController> _colorPickerNavController;
-    QVariantAnimation _fade{this}; // of the chooser's alpha
-    NSIndexPath _savedIndexPath;   // the row whose option sheet is open
+    QVariantAnimation _fade{this};    // of the chooser's alpha
+    QVariantAnimation _rowFade{this}; // of the ground of the row whose colour was chosen
+    QPointer<CustomTableCell> _fadingRow;
+    NSIndexPath _savedIndexPath; // the row whose option sheet is open
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
 };

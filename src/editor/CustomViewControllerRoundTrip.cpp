@@ -79,6 +79,15 @@ void CustomViewController::fadeChooser()
     _fade.start();
 }
 
+void CustomViewController::fadeRow(CustomTableCell &cell, const UIColor &ground)
+{
+    _rowFade.setCurrentTime(_rowFade.duration()); // another row may still be on its way
+    _fadingRow = &cell;
+    _rowFade.setStartValue(cell.backgroundColor());
+    _rowFade.setEndValue(ground.qColor());
+    _rowFade.start();
+}
+
 void CustomViewController::removeChooser()
 {
     if (!_colorPickerNavController)
@@ -86,7 +95,6 @@ void CustomViewController::removeChooser()
     _colorPickerNavController->viewWillDisappear(false);
     _colorPickerNavController->view()->setParentItem(nullptr);
     _colorPickerNavController.reset();
-    _colorPickerView->prepareForTermination(); // it holds its delegate, which held it
     _colorPickerView.reset();
     emit chooserOpenChanged();
     view()->property("content").value<QQuickItem *>()->setFocus(true);
@@ -101,7 +109,7 @@ void CustomViewController::store(ElementRecord *record, NSIndexPath indexPath,
     auto *cell = qobject_cast<CustomTableCell *>(_tableView->cellForRowAtIndexPath(indexPath));
     if (!cell)
         return;
-    cell->setBackgroundColor(color.value_or(UIColor::whiteColor()).qColor());
+    fadeRow(*cell, color.value_or(UIColor::whiteColor()));
     cell->colorLabel()->setText(color ? text : QString(" "));
     setTextColor(*cell, !color || prefersBlackText(*color) ? Qt::black : Qt::white);
 }

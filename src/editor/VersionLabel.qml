@@ -1,5 +1,6 @@
 import QtQuick
 
+// The caption stays whatever the program's version is, as on the phone.
 Text {
     text: "Tintloom v2.1"
     color: "#80000000"
