@@ -114,7 +114,7 @@ QVariant savedValue(const PropertyDictionary &saved, const QString &key)
 }
 
 /// The record's "value" still is the document's own here. A choice that the document leaves
-/// open thus receives a saved choice as its colour.
+/// open thus receives a saved choice as its colour, as on the phone.
 void overlay(ElementRecord &record, const PropertyDictionary &saved)
 {
     const QVariant value = savedValue(saved, record.key);
@@ -171,7 +171,12 @@ ElementDataSource ElementDataSource::parse(const QByteArray &text, const QString
     return source;
 }
 
-ElementDataSource::ElementDataSource() : _predefinedDict(fixedHead())
+ElementDataSource::ElementDataSource()
+    : _predefinedDict(fixedHead()),
+      _arrayObjects{u"green-balloon-colors_1"_s, u"green-balloon-colors_2"_s,
+                    u"blue-balloon-colors_1"_s,  u"blue-balloon-colors_2"_s,
+                    u"gray-balloon-colors_1"_s,  u"gray-balloon-colors_2"_s},
+      _imageObjects{u"list-background-image"_s}
 {
 }
 
@@ -219,7 +224,8 @@ void ElementDataSource::groupIntoSections()
     for (const auto &record : _tableSource) {
         if (!record->section)
             NSLog(u"MISSING SECTION: %@"_s, {record->name});
-        // Without a section of its own a record opens a section that stays empty: the fault shows.
+        // Without a section of its own a record opens a section that stays empty, as on the phone:
+        // the fault shows.
         const QString title = record->section.value_or(u"MISSING SECTION"_s);
         const auto place = places.constFind(title);
         const size_t index = place == places.cend() ? _newTableSource.size() : *place;
@@ -254,15 +260,18 @@ int ElementDataSource::numberOfSections() const
 
 const QString &ElementDataSource::titleForSection(int section) const
 {
+    Q_ASSERT(section >= 0 && section < numberOfSections());
     return _newTableSource[size_t(section)].title;
 }
 
 int ElementDataSource::numberOfRowsInSection(int section) const
 {
+    Q_ASSERT(section >= 0 && section < numberOfSections());
     return int(_newTableSource[size_t(section)].records.size());
 }
 
 ElementRecord &ElementDataSource::record(int section, int row) const
 {
+    Q_ASSERT(row >= 0 && row < numberOfRowsInSection(section));
     return *_newTableSource[size_t(section)].records[size_t(row)];
 }

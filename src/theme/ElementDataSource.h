@@ -76,6 +76,10 @@ public:
     const std::vector<std::shared_ptr<ElementRecord>> &tableSource() const { return _tableSource; }
     /// The fixed head of every theme: name, theme-version, description, retina.
     const PropertyDictionary &predefinedDict() const { return _predefinedDict; }
+    /// Keys of the balloons' colours, two and two: a theme holds each pair as an array as well.
+    const QStringList &arrayObjects() const { return _arrayObjects; }
+    /// The key whose colour also fills the theme's full-screen picture.
+    const QStringList &imageObjects() const { return _imageObjects; }
 
 private:
     struct Section {
@@ -90,6 +94,8 @@ private:
     Status _status = Status::Loaded;
     QString _problem;
     PropertyDictionary _predefinedDict;
+    QStringList _arrayObjects;
+    QStringList _imageObjects;
     std::vector<std::shared_ptr<ElementRecord>> _tableSource;
     // The same records by section title; exact titles group, only the order ignores case. Titles
     // never change after the load, so they are sorted once and looking up a row costs nothing.

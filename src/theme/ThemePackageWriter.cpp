@@ -25,16 +25,19 @@ QString textUnder(const PropertyDictionary &dictionary, const QString &key)
     return value ? PropertyList::textOf(*value) : QString();
 }
 
-/// biteSMS reads a balloon's one or two colours as an array; a removed colour is not in it.
-void addBalloonColors(PropertyDictionary &dictionary, const QString &key)
+/// biteSMS reads a balloon's one or two colours as an array under their common name, without the
+/// number at their end; a removed colour is not in it.
+void addBalloonColors(PropertyDictionary &dictionary, const QStringList &keys)
 {
-    QVariantList colors;
-    for (const auto &suffix : {"_1"_L1, "_2"_L1}) {
-        if (const QString color = textUnder(dictionary, key + suffix); !color.isEmpty())
-            colors.append(color);
+    for (qsizetype first = 0; first < keys.size(); first += 2) {
+        QVariantList colors;
+        for (const QString &key : keys.sliced(first, 2)) {
+            if (const QString color = textUnder(dictionary, key); !color.isEmpty())
+                colors.append(color);
+        }
+        if (!colors.isEmpty())
+            dictionary.setValue(keys[first].chopped(2), colors);
     }
-    if (!colors.isEmpty())
-        dictionary.setValue(key, colors);
 }
 
 /// Nothing is left of an earlier save. A folder that may be emptied but not removed will do, too.
@@ -171,9 +174,7 @@ PropertyDictionary themeDictionary(const ElementDataSource &source)
         else if (record->color.isValid())
             dictionary.setValue(record->key, record->color);
     }
-    for (const auto &key :
-         {u"green-balloon-colors"_s, u"blue-balloon-colors"_s, u"gray-balloon-colors"_s})
-        addBalloonColors(dictionary, key);
+    addBalloonColors(dictionary, source.arrayObjects());
     return dictionary;
 }
 
@@ -198,7 +199,7 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
     makeWorkingCopyFolder(locations, theme.report);
     theme.dictionary = themeDictionary(source);
     theme.listBackground =
-        solidJpeg(theme.dictionary, u"list-background-image"_s, listBackgroundRect, scale);
+        solidJpeg(theme.dictionary, source.imageObjects().first(), listBackgroundRect, scale);
     theme.unreadIndicator =
         solidJpeg(theme.dictionary, u"unread-indicator-image"_s, unreadIndicatorRect, scale);
     return theme;
