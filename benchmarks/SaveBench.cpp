@@ -4,6 +4,7 @@
 #include "QuietLog.h"
 #include "platform/foundation/NSFileManager.h"
 #include "theme/ColorText.h"
+#include "theme/ThemeDocument.h"
 #include "theme/ThemePackageWriter.h"
 #include "views/UIImage+JTColor.h"
 
@@ -22,18 +23,18 @@ struct Fixture {
     const ThemeLocations locations{folder.filePath(QStringLiteral("root")),
                                    folder.filePath(QStringLiteral("documents"))};
     const QuietLog quiet;
-    const ElementDataSource source =
-        ElementDataSource::load(QStringLiteral(TINTLOOM_SOURCE_RESOURCES), locations.documents);
+    ThemeDocument document{
+        ElementDataSource::load(QStringLiteral(TINTLOOM_SOURCE_RESOURCES), locations.documents)};
 };
 
 void save(benchmark::State &state)
 {
-    const Fixture fixture;
+    Fixture fixture;
     bool odd = false;
     for (auto _ : state) {
-        ElementRecord &record = *fixture.source.tableSource().front();
-        record.color = (odd = !odd) ? QStringLiteral("#123456FF") : QStringLiteral("#654321FF");
-        const auto report = writeTheme(buildTheme(fixture.source, fixture.locations, scale));
+        fixture.document.setColor(0, (odd = !odd) ? "#123456FF" : "#654321FF");
+        const auto report =
+            writeTheme(buildTheme(fixture.document.elements(), fixture.locations, scale));
         if (!report.failures.empty() || report.written.size() != 4)
             state.SkipWithError("the save failed");
     }
@@ -69,7 +70,7 @@ private:
 void saveBare(benchmark::State &state)
 {
     const Fixture fixture;
-    const auto theme = buildTheme(fixture.source, fixture.locations, scale);
+    const auto theme = buildTheme(fixture.document.elements(), fixture.locations, scale);
     writeTheme(theme); // makes the folders
     const QByteArray info = PropertyList::writeDictionary(theme.dictionary);
     const auto raster = [&](const QString &key, double width, double height) {

@@ -36,7 +36,7 @@ void requireConsistent(const ElementDataSource &source)
         }
     }
     for (const auto &record : source.tableSource())
-        shown += !record->section;
+        shown += !record.section;
     require(shown == source.tableSource().size(), "every element has its row");
 }
 } // namespace

@@ -11,7 +11,7 @@ QStringList similarKeys(const ElementDataSource &source, const QString &key)
 {
     QStringList keys;
     for (const auto &record : source.tableSource())
-        keys.append(record->key);
+        keys.append(record.key);
     return nearestNames(key, keys);
 }
 
@@ -23,48 +23,51 @@ QString unknownKey(const ElementDataSource &source, const QString &key)
                                : u"near it: "_s + similar.join(", "_L1));
 }
 
-std::optional<QString> setColor(ElementRecord &record, const QString &value)
+/// What the value makes of an element, or why it cannot.
+struct Outcome {
+    std::optional<ElementChoice> choice;
+    QString problem;
+};
+
+Outcome withColor(const ElementRecord &record, const QString &value)
 {
-    const auto color = value.isEmpty() ? QString() : normalizedColorText(value);
-    if (!color)
-        return u"'%1' is no colour for '%2'; give 3, 6 or 8 hexadecimal digits, or nothing to remove the colour"_s
-            .arg(value, record.key);
-    record.color = *color;
-    return std::nullopt;
+    const auto color = value.isEmpty() ? QString("") : normalizedColorText(value);
+    if (color)
+        return {ElementChoice{*color, record.value}, {}};
+    return {{},
+            u"'%1' is no colour for '%2'; give 3, 6 or 8 hexadecimal digits, or nothing to remove the colour"_s
+                .arg(value, record.key)};
 }
 
-std::optional<QString> setOption(ElementRecord &record, const QString &label)
+Outcome withOption(const ElementRecord &record, const QString &label)
 {
     const auto option = record.options->constFind(label);
-    if (option == record.options->cend())
-        return u"'%1' is no option of '%2'; its options are: %3"_s.arg(
-            label, record.key, record.options->keys().join(", "_L1));
-    record.value = *option;
-    return std::nullopt;
-}
-
-std::optional<QString> applyEdit(const ElementDataSource &source, const QString &edit)
-{
-    const QString key = edit.section(u'=', 0, 0);
-    const QString value = edit.section(u'=', 1);
-    bool found = false;
-    for (const auto &record : source.tableSource()) {
-        if (record->key != key)
-            continue;
-        found = true;
-        if (auto problem =
-                record->isChoice() ? setOption(*record, value) : setColor(*record, value))
-            return problem;
-    }
-    return found ? std::nullopt : std::optional(unknownKey(source, key));
+    if (option != record.options->cend())
+        return {ElementChoice{record.color, *option}, {}};
+    return {{},
+            u"'%1' is no option of '%2'; its options are: %3"_s.arg(
+                label, record.key, record.options->keys().join(", "_L1))};
 }
 } // namespace
 
-std::optional<QString> applyEdits(const ElementDataSource &source, const QStringList &edits)
+std::optional<QString> applyEdits(ThemeDocument &document, const QStringList &edits)
 {
+    ThemeDocument::Changes changes;
     for (const QString &edit : edits) {
-        if (auto problem = applyEdit(source, edit))
-            return problem;
+        const QString key = edit.section(u'=', 0, 0);
+        const QString value = edit.section(u'=', 1);
+        const std::vector<int> indexes = document.elements().indexesOfKey(key);
+        if (indexes.empty())
+            return unknownKey(document.elements(), key);
+        for (const int index : indexes) {
+            const ElementRecord &record = document.record(index);
+            Outcome outcome =
+                record.isChoice() ? withOption(record, value) : withColor(record, value);
+            if (!outcome.choice)
+                return outcome.problem;
+            changes.push_back({index, std::move(*outcome.choice)});
+        }
     }
+    document.changeAll(std::move(changes), u"--set"_s);
     return std::nullopt;
 }

@@ -133,7 +133,8 @@ int runSave(const CommandLine::Options &options)
     auto keeper = openKeeper(options);
     if (!keeper)
         return failed;
-    const auto source = ElementDataSource::load(options.resources, options.documents);
+    ThemeDocument document(ElementDataSource::load(options.resources, options.documents));
+    const ElementDataSource &source = document.elements();
     if (source.status() == ElementDataSource::Status::Unusable)
         return failed; // the log has named the reason
     if (source.status() == ElementDataSource::Status::Malformed) {
@@ -141,7 +142,7 @@ int runSave(const CommandLine::Options &options)
         complain(u"malformed data source, nothing saved: %1"_s.arg(source.problem()));
         return failed;
     }
-    if (const auto problem = applyEdits(source, options.edits)) {
+    if (const auto problem = applyEdits(document, options.edits)) {
         complain(*problem + "; nothing saved"_L1);
         return wrongUsage;
     }

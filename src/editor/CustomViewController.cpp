@@ -1,12 +1,20 @@
 #include "editor/CustomViewController.h"
 
-#include "platform/QMLViews.h"
+#include "editor/EditorActions.h"
 #include "platform/UIAlertView.h"
 #include "platform/UINavigationController.h"
+#include "platform/UIWindow.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
-#include "views/CustomTableCell.h"
+#include "theme/ElementLocks.h"
+
+#include <algorithm>
+
+namespace
+{
+const QString cancelTitle = QStringLiteral("Cancel");
+} // namespace
 
 std::shared_ptr<CustomViewController>
 CustomViewController::initFromAppDelegate(const EditorFolders &folders)
@@ -27,29 +35,11 @@ CustomViewController::initFromMainView(const EditorFolders &folders)
 CustomViewController::CustomViewController(const EditorFolders &folders, bool fromMainView)
     : _folders(folders), _fromMainView(fromMainView)
 {
-    for (QVariantAnimation *fade : {&_fade, &_rowFade}) {
-        fade->setDuration(300);
-        fade->setEasingCurve(QEasingCurve::InOutSine);
-    }
-    _rowFade.setObjectName("rowFade");
-    connect(&_rowFade, &QVariantAnimation::valueChanged, this, [this](const QVariant &ground) {
-        if (_fadingRow)
-            _fadingRow->setBackgroundColor(ground.value<QColor>());
+    connect(&_chooserPresentation, &ChooserPresentation::openChanged, this, [this] {
+        emit chooserOpenChanged();
+        if (!isChooserOpen())
+            view()->property("content").value<QQuickItem *>()->setFocus(true);
     });
-    connect(&_rowFade, &QAbstractAnimation::finished, this, [this] { _fadingRow.clear(); });
-    _fade.setObjectName("fade");
-    _fade.setStartValue(1.0);
-    _fade.setEndValue(0.0);
-    connect(&_fade, &QVariantAnimation::valueChanged, this, [this](const QVariant &alpha) {
-        if (_colorPickerNavController)
-            setChooserAlpha(alpha.toDouble());
-    });
-    // Whether it came to its end or was stopped.
-    connect(&_fade, &QAbstractAnimation::stateChanged, this,
-            [this](QAbstractAnimation::State state) {
-                if (state == QAbstractAnimation::Stopped)
-                    removeChooser();
-            });
 }
 
 CustomViewController::~CustomViewController()
@@ -60,8 +50,14 @@ CustomViewController::~CustomViewController()
 void CustomViewController::install()
 {
     NSLog("%s", {"-[CustomViewController install]"});
-    _saveFileQueue = std::make_unique<DispatchQueue>("io.tintloom.savefilequeue2");
-    _source = ElementDataSource::load(_folders.resources, _folders.theme.documents);
+    _document = std::make_unique<ThemeDocument>(
+        ElementDataSource::load(_folders.resources, _folders.theme.documents));
+    for (const int index : ElementLocks::load(_folders.theme, source()))
+        _document->setLocked(index, true);
+    _draft = std::make_unique<DraftKeeper>(*_document, _folders.theme.documents);
+    connect(_document.get(), &ThemeDocument::changed, this, &CustomViewController::repaint);
+    connect(_document.get(), &ThemeDocument::unsavedChanged, this,
+            &CustomViewController::markWindow);
     _delegate = std::static_pointer_cast<CustomViewController>(shared_from_this());
 }
 
@@ -74,6 +70,7 @@ void CustomViewController::viewDidLoad()
 {
     _overlays->setView(view(), engine());
     _tableView = view()->property("table").value<UITableView *>();
+    _saving.setTable(_tableView);
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
     _tableView->setContentInset(_fromMainView ? 0.0 : 20.0, 50.0);
@@ -85,6 +82,11 @@ void CustomViewController::viewWillAppear(bool)
         navigationController()->setNavigationBarHidden(!_fromMainView);
 }
 
+void CustomViewController::viewDidAppear(bool)
+{
+    markWindow();
+}
+
 void CustomViewController::viewWillDisappear(bool)
 {
     NSLog("%s", {"-[CustomViewController viewWillDisappear:]"});
@@ -92,8 +94,7 @@ void CustomViewController::viewWillDisappear(bool)
 
 void CustomViewController::viewDidLayoutSubviews()
 {
-    if (_colorPickerNavController)
-        _colorPickerNavController->view()->setSize(view()->size());
+    _chooserPresentation.setSize(view()->size());
     const EditorLayout layout = EditorLayout::make(
         view()->size(), UINavigationController::navigationBarHeight(), _fromMainView);
     if (layout == _layout)
@@ -105,27 +106,24 @@ void CustomViewController::viewDidLayoutSubviews()
 
 void CustomViewController::prepareForTermination()
 {
-    // A save that has begun is finished: its build step on the queue, its write step on this
-    // thread.
-    _saveFileQueue->sync([] {});
-    MainQueue::drain();
-    removeChooser();
+    _saving.finish();
+    _chooserPresentation.remove();
     _delegate.reset();
 }
 
 int CustomViewController::numberOfSectionsInTableView() const
 {
-    return _source.numberOfSections();
+    return source().numberOfSections();
 }
 
 QString CustomViewController::titleForHeaderInSection(int section) const
 {
-    return _source.titleForSection(section);
+    return source().titleForSection(section);
 }
 
 int CustomViewController::numberOfRowsInSection(int section) const
 {
-    return _source.numberOfRowsInSection(section);
+    return source().numberOfRowsInSection(section);
 }
 
 double CustomViewController::heightForRowAtIndexPath(NSIndexPath) const
@@ -146,27 +144,191 @@ UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
     auto *cell =
         qobject_cast<CustomTableCell *>(table.dequeueReusableCellWithIdentifier(identifier));
     if (!cell)
-        cell =
-            CustomTableCell::initWithStyle(CustomTableCell::Style::Subtitle, identifier, *engine());
-    if (cell == _fadingRow)
-        _fadingRow.clear(); // it shows another row from now on
-
-    const ElementRecord &record = _source.record(indexPath.section, indexPath.row);
-    cell->name()->setText(record.name);
-    cell->description()->setText(record.description);
-    QColor textColor = Qt::black;
-    if (const auto colorText = record.shownColor()) {
-        const UIColor color = colorFromHexString(*colorText);
-        cell->setBackgroundColor(color.qColor());
-        cell->colorLabel()->setText(*colorText);
-        textColor = prefersBlackText(color) ? Qt::black : Qt::white;
-    } else {
-        cell->setBackgroundColor(Qt::white);
-        cell->colorLabel()->setText(record.shownOption());
-    }
-    for (UILabel *label : {cell->name(), cell->description(), cell->colorLabel()})
-        label->setTextColor(textColor);
+        cell = makeCell();
+    _rowFade.forget(cell);
+    const int index = source().indexAt(indexPath).value();
+    ElementRow::paint(*cell, _document->record(index));
+    cell->setLocked(_document->isLocked(index));
     return cell;
+}
+
+CustomTableCell *CustomViewController::makeCell()
+{
+    auto *cell = CustomTableCell::initWithStyle(CustomTableCell::Style::Subtitle, "CustomTableCell",
+                                                *engine());
+    cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
+        [this](const UILongPressGestureRecognizer &gesture) {
+            if (gesture.state() == UILongPressGestureRecognizer::State::Began)
+                showMenuForRowAtIndexPath(_tableView->indexPathForCell(gesture.view()));
+        }));
+    return cell;
+}
+
+CustomTableCell *CustomViewController::cellAt(NSIndexPath indexPath) const
+{
+    return qobject_cast<CustomTableCell *>(_tableView->cellForRowAtIndexPath(indexPath));
+}
+
+void CustomViewController::repaint(const std::vector<int> &indexes)
+{
+    for (const int index : indexes)
+        if (CustomTableCell *cell = _tableView ? cellAt(source().indexPathOf(index)) : nullptr) {
+            _rowFade.forget(cell);
+            ElementRow::paint(*cell, _document->record(index));
+        }
+}
+
+void CustomViewController::reveal(const std::vector<int> &indexes)
+{
+    const auto hasRow = [this](int index) { return source().indexPathOf(index).isValid(); };
+    if (const auto shown = std::ranges::find_if(indexes, hasRow); shown != indexes.end())
+        _tableView->flashRow(source().indexPathOf(*shown));
+}
+
+void CustomViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
+{
+    _tableView->deselectRow(indexPath, true);
+    const std::optional<int> index = source().indexAt(indexPath);
+    if (!index)
+        return;
+    const ElementRecord &record = _document->record(*index);
+    if (record.isChoice())
+        showOptions(record, indexPath);
+    else
+        showChooser(*index, indexPath);
+}
+
+void CustomViewController::showChooser(int index, NSIndexPath indexPath)
+{
+    const auto text = _document->record(index).shownColor();
+    if (navigationController())
+        navigationController()->setNavigationBarHidden(true);
+    _chooserPresentation.present(
+        view(), *engine(), text ? colorFromHexString(*text) : UIColor::whiteColor(), indexPath,
+        std::static_pointer_cast<CustomViewController>(shared_from_this()));
+}
+
+void CustomViewController::dismissChooser()
+{
+    _document->dropPassingColor();
+    if (navigationController())
+        navigationController()->setNavigationBarHidden(!_fromMainView);
+    _chooserPresentation.dismiss();
+}
+
+void CustomViewController::choose(std::optional<int> index, NSIndexPath indexPath,
+                                  const std::optional<UIColor> &color)
+{
+    CustomTableCell *cell = cellAt(indexPath);
+    const QColor before = cell ? cell->backgroundColor() : QColor();
+    if (index)
+        _document->setColor(*index, color ? hexStringForColor(*color) : QString());
+    if (cell) {
+        ElementRow::paintChosenColor(*cell, color);
+        _rowFade.start(*cell, before, color.value_or(UIColor::whiteColor()).qColor());
+    }
+    dismissChooser();
+}
+
+void CustomViewController::dismissWithNoChange()
+{
+    dismissChooser();
+}
+
+void CustomViewController::dismissWithColorSectionAndRow(const UIColor &color,
+                                                         std::int32_t selectedSection,
+                                                         std::int32_t selectedRow)
+{
+    const NSIndexPath indexPath{selectedSection, selectedRow};
+    choose(source().indexAt(indexPath), indexPath, color);
+}
+
+void CustomViewController::dismissWithColorAndRow(const UIColor &color, std::int32_t selectedRow)
+{
+    choose(elementAt(selectedRow), {0, selectedRow}, color);
+}
+
+void CustomViewController::dismissWithNoColorSectionAndRow(std::int32_t selectedSection,
+                                                           std::int32_t selectedRow)
+{
+    const NSIndexPath indexPath{selectedSection, selectedRow};
+    choose(source().indexAt(indexPath), indexPath, {});
+}
+
+void CustomViewController::dismissWithNoColorAndRow(std::int32_t selectedRow)
+{
+    choose(elementAt(selectedRow), {0, selectedRow}, {});
+}
+
+std::optional<int> CustomViewController::elementAt(std::int32_t row) const
+{
+    const bool exists = row >= 0 && row < _document->count();
+    return exists ? std::optional(row) : std::nullopt;
+}
+
+void CustomViewController::showOptions(const ElementRecord &record, NSIndexPath indexPath)
+{
+    _savedIndexPath = indexPath;
+    auto sheet = std::make_unique<UIActionSheet>(
+        record.name, std::static_pointer_cast<CustomViewController>(shared_from_this()));
+    QStringList labels = record.options->keys();
+    std::ranges::stable_sort(labels, [](const QString &a, const QString &b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+    for (const QString &label : std::as_const(labels))
+        sheet->addButtonWithTitle(label);
+    sheet->setCancelButtonIndex(sheet->addButtonWithTitle(cancelTitle));
+    sheet->setTag(indexPath.row);
+    UIActionSheet::showInWindow(std::move(sheet), UIWindow::keyWindow());
+}
+
+void CustomViewController::clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex)
+{
+    const QString label = actionSheet.buttonTitleAtIndex(buttonIndex);
+    if (label == cancelTitle)
+        return;
+    // By name, not by row: of elements that share a name, the first one gets the value, although
+    // the row that was tapped shows it. As on the phone.
+    if (const auto index = source().indexOfName(actionSheet.title()))
+        _document->chooseOption(*index, label);
+    if (CustomTableCell *cell = cellAt(_savedIndexPath))
+        cell->colorLabel()->setText(label);
+    _savedIndexPath = {};
+}
+
+void CustomViewController::setLocked(int index, bool locked)
+{
+    _document->setLocked(index, locked);
+    if (CustomTableCell *cell = cellAt(source().indexPathOf(index)))
+        cell->setLocked(locked);
+    const QString key = _document->record(index).key;
+    if (const auto error = ElementLocks::remember(_folders.theme, key, locked))
+        _overlays->setNotice(tr("The lock holds until Tintloom ends; it could not be remembered.") +
+                             '\n' + QString::fromStdString(error.message()));
+}
+
+bool CustomViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
+{
+    if (const auto index = source().indexAt(indexPath))
+        _menu = ActionMenu::show(_document->record(*index).name,
+                                 EditorActions::forElement(*this, *index));
+    return true;
+}
+
+void CustomViewController::markWindow()
+{
+    if (UIWindow *window = UIWindow::keyWindow())
+        window->setDocumentEdited(_document->hasUnsavedChanges());
+}
+
+void CustomViewController::moreButtonTap()
+{
+    _menu = ActionMenu::show(tr("Theme"), EditorActions::forTheme(*this));
+}
+
+bool CustomViewController::keyPressed(int key, Qt::KeyboardModifiers modifiers)
+{
+    return performShortcut(EditorActions::forTheme(*this), key, modifiers);
 }
 
 void CustomViewController::saveButtonTap()
@@ -178,49 +340,39 @@ void CustomViewController::save()
 {
     if (isLoading())
         return;
-    if (_source.status() != ElementDataSource::Status::Loaded) {
-        _overlays->setNotice(tr("Nothing was saved.") + '\n' + _source.problem());
+    if (source().status() != ElementDataSource::Status::Loaded) {
+        _overlays->setNotice(tr("Nothing was saved.") + '\n' + source().problem());
         return;
     }
     NSLog("SAVING THEME...");
     _overlays->setNotice({});
-    showLoaderWithLabel(tr("Saving theme..."));
     const auto self = std::static_pointer_cast<CustomViewController>(shared_from_this());
-    _saveFileQueue->async([self, delegate = _delegate, scale = UIScreen::mainScreen().scale()] {
-        const auto willSave = [&] {
+    const ElementDataSource snapshot = source();
+    const auto build = [self, snapshot, delegate = _delegate,
+                        scale = UIScreen::mainScreen().scale()] {
+        return buildTheme(snapshot, self->_folders.theme, scale, [&] {
             if (self->_fromMainView && delegate)
                 delegate->setCustomTheme();
-        };
-        BuiltTheme theme = buildTheme(self->_source, self->_folders.theme, scale, willSave);
-        MainQueue::async([self, theme = std::move(theme)] { self->finishSave(writeTheme(theme)); });
+        });
+    };
+    _saving.run(tr("Saving theme..."), self, build, [this, snapshot](const BuiltTheme &theme) {
+        finishSave(snapshot, writeTheme(theme));
     });
 }
 
-void CustomViewController::finishSave(const SaveReport &report)
+void CustomViewController::finishSave(const ElementDataSource &saved, const SaveReport &report)
 {
     _overlays->setNotice(report.notice());
     removeLoader();
     if (!report.refusal.isEmpty())
         return;
+    if (report.failures.empty())
+        _document->noteSaved(saved);
     UIAlertView::show(std::make_unique<UIAlertView>(
         "Saved",
         "Your theme has been saved. Check biteSMS for \"Tintloom\" under themes then select "
         "\"Apply Theme\".",
         std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
-}
-
-void CustomViewController::showLoaderWithLabel(const QString &label)
-{
-    _tableView->setScrollEnabled(false);
-    _tableView->setAllowsSelection(false);
-    _overlays->showLoaderWithLabel(label);
-}
-
-void CustomViewController::removeLoader()
-{
-    _tableView->setScrollEnabled(true);
-    _tableView->setAllowsSelection(true);
-    _overlays->removeLoader();
 }
 
 void CustomViewController::applicationShouldBecomeActive()

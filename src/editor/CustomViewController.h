@@ -6,25 +6,26 @@
 // every save.
 //
 // A tap on a colour row lays the chooser over the editor, one on a choice row brings up a sheet of
-// its options; either answer goes into the record and the row.
+// its options; either answer goes into the document, whose word that an element has changed paints
+// the row anew. A long press, a secondary click or the Menu key brings up a sheet of what else can
+// be done with a row, "More" one of what can be done with the whole theme.
 //
-// A save goes over two queues: the editor's own serial queue builds the theme and encodes its
-// images, then the main thread writes the files. In between a loader keeps everything still, so the
-// queue can read the records that only the main thread edits.
+// A save goes over two queues: the editor's own serial queue builds the theme from a snapshot of
+// the document and encodes its images, then the main thread writes the files.
 #pragma once
 
-#include "chooser/ColorPickerViewController.h"
+#include "editor/ChooserPresentation.h"
 #include "editor/EditorLayout.h"
+#include "editor/ElementRow.h"
 #include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
-#include "platform/foundation/DispatchQueue.h"
-#include "theme/ElementDataSource.h"
+#include "theme/ThemeDocument.h"
+#include "theme/ThemeDraft.h"
 #include "theme/ThemePackageWriter.h"
+#include "views/Action.h"
 #include "views/ScreenOverlays.h"
-
-#include <QPointer>
-#include <QVariantAnimation>
+#include "views/ScreenWork.h"
 
 #include <memory>
 #include <optional>
@@ -43,8 +44,6 @@ struct EditorFolders {
     QString resources;
     ThemeLocations theme;
 };
-
-class CustomTableCell;
 
 class CustomViewController final : public UIViewController,
                                    public UITableViewDataSource,
@@ -72,11 +71,14 @@ public:
     /// ends.
     std::shared_ptr<CustomViewDelegate> delegate() const { return _delegate; }
     void setDelegate(std::shared_ptr<CustomViewDelegate> delegate);
-    const ElementDataSource &source() const { return _source; }
+    /// What the editor edits.
+    ThemeDocument &document() { return *_document; }
+    const ElementDataSource &source() const { return _document->elements(); }
     EditorLayout layout() const { return _layout; }
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
+    void viewDidAppear(bool animated) override;
     void viewWillDisappear(bool animated) override;
     void viewDidLayoutSubviews() override;
     void prepareForTermination() override;
@@ -93,11 +95,13 @@ public:
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
 
-    /// From the tap on a colour row until the chooser has faded out.
-    bool isChooserOpen() const { return _colorPickerNavController != nullptr; }
-    ColorPickerViewController *colorPickerView() const { return _colorPickerView.get(); }
+    bool showMenuForRowAtIndexPath(NSIndexPath indexPath) override;
 
-    // The chooser's answers. The colour goes into the record as colour text, a removed one as the
+    /// From the tap on a colour row until the chooser has faded out.
+    bool isChooserOpen() const { return _chooserPresentation.isOpen(); }
+    ColorPickerViewController *colorPickerView() const { return _chooserPresentation.chooser(); }
+
+    // The chooser's answers. The colour goes into the document as colour text, a removed one as the
     // empty string; over 0.3 seconds the row, if it is in sight, takes on its new ground and the
     // chooser fades out, to be dropped then. Without a section, the row counts all elements in
     // document order, and the cell painted is that row's of the first section: as on the phone. A
@@ -116,15 +120,23 @@ public:
     void clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex) override;
 
     Q_INVOKABLE void saveButtonTap();
+    /// Brings up the sheet of what can be done with the whole theme.
+    Q_INVOKABLE void moreButtonTap();
+    bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override;
     /// Saves the theme; returns at once. Refused with a notice, and nothing touched: a document
     /// without elements to save, because saving it would wipe the user's choices, and folders at
     /// which another Tintloom is busy for long. Nothing while a save is going on.
     void save();
 
+    /// Brings the first of these elements that has a row into sight, where it flashes.
+    void reveal(const std::vector<int> &indexes);
+    /// Locks an element or unlocks it, and remembers that.
+    void setLocked(int index, bool locked);
+
     /// The box that keeps the screen still while something is going on.
-    void showLoaderWithLabel(const QString &label);
-    void removeLoader();
-    bool isLoading() const { return _overlays->isLoading(); }
+    void showLoaderWithLabel(const QString &label) { _saving.start(label); }
+    void removeLoader() { _saving.stop(); }
+    bool isLoading() const { return _saving.isRunning(); }
 
     /// What could not be written at the last save, a path a line; empty when there is nothing to
     /// say.
@@ -147,31 +159,32 @@ protected:
 private:
     CustomViewController(const EditorFolders &folders, bool fromMainView);
     void install();
-    void finishSave(const SaveReport &report);
-    void showChooser(const ElementRecord &record, NSIndexPath indexPath);
-    void setChooserAlpha(double alpha);
-    void fadeChooser();
-    void fadeRow(CustomTableCell &cell, const UIColor &ground);
-    void removeChooser();
+    void finishSave(const ElementDataSource &saved, const SaveReport &report);
+    void showChooser(int index, NSIndexPath indexPath);
+    void dismissChooser();
     void showOptions(const ElementRecord &record, NSIndexPath indexPath);
-    /// Puts a colour, or none, into the record and onto the row's cell, as far as there are any.
-    void store(ElementRecord *record, NSIndexPath indexPath, const std::optional<UIColor> &color);
-    /// Null for a row that does not exist; likewise in document order.
-    ElementRecord *recordAt(NSIndexPath indexPath) const;
-    ElementRecord *recordAt(std::int32_t row) const;
+    CustomTableCell *makeCell();
+    CustomTableCell *cellAt(NSIndexPath indexPath) const;
+    /// The element of that number in document order; none where there is none.
+    std::optional<int> elementAt(std::int32_t row) const;
+    /// A colour, or none, has been chosen for the element, as far as there is one, and shows in
+    /// that row.
+    void choose(std::optional<int> index, NSIndexPath indexPath,
+                const std::optional<UIColor> &color);
+    void repaint(const std::vector<int> &indexes);
+    void markWindow();
 
     const EditorFolders _folders;
     const bool _fromMainView;
-    ElementDataSource _source;
+    std::unique_ptr<ThemeDocument> _document;
+    std::unique_ptr<DraftKeeper> _draft;
     EditorLayout _layout;
     UITableView *_tableView = nullptr; // the view's
-    std::unique_ptr<DispatchQueue> _saveFileQueue;
     std::shared_ptr<CustomViewDelegate> _delegate;
-    std::shared_ptr<ColorPickerViewController> _colorPickerView; // while it is open
-    std::shared_ptr<UINavigationController> _colorPickerNavController;
-    QVariantAnimation _fade{this};    // of the chooser's alpha
-    QVariantAnimation _rowFade{this}; // of the ground of the row whose colour was chosen
-    QPointer<CustomTableCell> _fadingRow;
-    NSIndexPath _savedIndexPath; // the row whose option sheet is open
+    ChooserPresentation _chooserPresentation{this};
+    ElementRowFade _rowFade{this};
+    NSIndexPath _savedIndexPath;       // the row whose option sheet is open
+    std::shared_ptr<ActionMenu> _menu; // shown last
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
+    ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
 };

@@ -15,6 +15,7 @@ struct EditorLayout {
     Q_PROPERTY(QRectF topView MEMBER topView CONSTANT FINAL)
     Q_PROPERTY(QRectF bottomView MEMBER bottomView CONSTANT FINAL)
     Q_PROPERTY(QRectF saveButton MEMBER saveButton CONSTANT FINAL)
+    Q_PROPERTY(QRectF moreButton MEMBER moreButton CONSTANT FINAL)
     Q_PROPERTY(QRectF loadingView MEMBER loadingView CONSTANT FINAL)
 
 public:
@@ -24,7 +25,8 @@ public:
     QRectF appVersion; // inside hiddenView
     QRectF topView;
     QRectF bottomView;
-    QRectF saveButton; // inside bottomView
+    QRectF saveButton; // inside bottomView, like moreButton
+    QRectF moreButton;
     QRectF loadingView;
 
     /// Frames for a root view of that size. From the catalogue, the screen begins below the

@@ -96,11 +96,15 @@ FocusScope {
                 highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
                 onTouchUpInside: root.controller.saveButtonTap()
             }
-        }
-        Shortcut {
-            sequence: "Ctrl+S"
-            enabled: content.enabled && content.visible
-            onActivated: root.controller.saveButtonTap()
+            ImageButton {
+                objectName: "_moreButton"
+                frame: root.controller.layout.moreButton
+                title: qsTr("More")
+                titleColor: "black"
+                image: "qrc:/images/greyButton.png"
+                highlightedImage: "qrc:/images/greyButtonHighlight.png"
+                onTouchUpInside: root.controller.moreButtonTap()
+            }
         }
     }
 }

@@ -38,6 +38,10 @@ Flickable {
             onPressedChanged: content.setPressed(finger.pressed, finger.point.position)
             onTapped: eventPoint => content.tap(eventPoint.position)
         }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: eventPoint => content.secondaryTap(eventPoint.position)
+        }
     }
 
     // Shows how far the table has been scrolled, while it moves.

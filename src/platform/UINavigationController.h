@@ -51,6 +51,10 @@ public:
     /// What the bar's button does: a pop, if the top screen allows it now.
     Q_INVOKABLE void goBack();
 
+    bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override
+    {
+        return topViewController()->keyPressed(key, modifiers);
+    }
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
     void viewDidAppear(bool animated) override;

@@ -9,6 +9,19 @@
 UITableView::UITableView(QQuickItem *parent) : UIView(parent)
 {
     setActiveFocusOnTab(true);
+    _flash.setObjectName("flash");
+    _flash.setSingleShot(true);
+    _flash.setInterval(400);
+    connect(&_flash, &QTimer::timeout, this, [this] {
+        const NSIndexPath flashed = std::exchange(_flashingRow, NSIndexPath{});
+        if (UITableViewCell *cell = cellForRowAtIndexPath(flashed))
+            cell->setSelected(isMarked(flashed), true);
+    });
+}
+
+bool UITableView::isMarked(NSIndexPath indexPath) const
+{
+    return indexPath == _selectedRow || indexPath == _pressedRow || indexPath == _flashingRow;
 }
 
 void UITableView::setDataSource(UITableViewDataSource *dataSource)
@@ -73,7 +86,7 @@ void UITableView::reloadData()
     for (int section = 0; section < sections; ++section)
         _sectionTops.push_back(_sectionTops.back() + headerHeight +
                                _dataSource->numberOfRowsInSection(section) * _rowHeight);
-    _selectedRow = _pressedRow = _currentRow = {};
+    _selectedRow = _pressedRow = _currentRow = _flashingRow = {};
     emit contentHeightChanged();
     polish();
 }
@@ -194,7 +207,7 @@ void UITableView::showCell(NSIndexPath indexPath)
             cell->setParentItem(this);
             ++_numberOfCells;
         }
-        cell->setSelected(indexPath == _selectedRow || indexPath == _pressedRow, false);
+        cell->setSelected(isMarked(indexPath), false);
         cell->setFocused(indexPath == _currentRow && hasActiveFocus());
     }
     cell->setFrame(rectForRow(indexPath));
@@ -289,4 +302,30 @@ void UITableView::tap(QPointF point)
     setCurrentRow({});
     if (!_touchedCell || !_touchedCell->isLongPressed())
         selectRow(touchable(rowAt(point.y())));
+}
+
+void UITableView::secondaryTap(QPointF point)
+{
+    setCurrentRow({});
+    if (_allowsSelection)
+        openMenu(touchable(rowAt(point.y())));
+}
+
+void UITableView::openMenu(NSIndexPath indexPath)
+{
+    UITableViewCell *cell = cellForRowAtIndexPath(indexPath);
+    if (cell && !(_delegate && _delegate->showMenuForRowAtIndexPath(indexPath)))
+        cell->longPress();
+}
+
+void UITableView::flashRow(NSIndexPath indexPath)
+{
+    if (const NSIndexPath flashing = std::exchange(_flashingRow, indexPath); flashing != indexPath)
+        if (UITableViewCell *cell = cellForRowAtIndexPath(flashing))
+            cell->setSelected(isMarked(flashing), false);
+    scrollToRow(indexPath);
+    layoutIfNeeded();
+    if (UITableViewCell *cell = cellForRowAtIndexPath(indexPath))
+        cell->setSelected(true, false);
+    _flash.start();
 }

@@ -17,6 +17,7 @@
 #include <QHash>
 #include <QQmlComponent>
 #include <QQueue>
+#include <QTimer>
 
 #include <map>
 #include <vector>
@@ -43,6 +44,9 @@ public:
     virtual void willDisplayHeaderView(UITableViewHeader &header, int section) = 0;
     virtual void didSelectRowAtIndexPath(NSIndexPath indexPath) = 0;
     virtual void didDeselectRowAtIndexPath(NSIndexPath indexPath) = 0;
+    /// Asked for by a secondary click or the Menu key. False where the row has no menu; it is
+    /// pressed long then.
+    virtual bool showMenuForRowAtIndexPath(NSIndexPath) { return false; }
 };
 
 class UITableView : public UIView
@@ -103,6 +107,13 @@ public:
     /// without a row are ignored, and rows whose cells take no interaction.
     Q_INVOKABLE void setPressed(bool pressed, QPointF point);
     Q_INVOKABLE void tap(QPointF point);
+    /// A click of the other button: the row's menu, or what a long press does.
+    Q_INVOKABLE void secondaryTap(QPointF point);
+
+    /// Brings a row into sight below the sticking header and above the inset.
+    void scrollToRow(NSIndexPath indexPath);
+    /// The same, and marks it for a moment.
+    void flashRow(NSIndexPath indexPath);
 
     double contentHeight() const;
     double contentOffset() const { return _contentOffset; }
@@ -138,8 +149,10 @@ private:
     NSIndexPath rowAt(double y) const;
     /// The row itself, or none when its cell takes no interaction.
     NSIndexPath touchable(NSIndexPath indexPath) const;
+    bool isMarked(NSIndexPath indexPath) const;
     void cancelTouches();
-    void pressCurrentRow(bool longPress);
+    enum class RowPress { Tap, Long, Menu };
+    void pressCurrentRow(RowPress press);
     int sectionAt(double y) const;
     /// Rows of a section that touch the stretch from top to bottom: first, and one past the last.
     std::pair<int, int> rowsBetween(int section, double top, double bottom) const;
@@ -148,7 +161,7 @@ private:
     void showHeaders(int firstSection, int lastSection);
     void setCurrentRow(NSIndexPath indexPath);
     NSIndexPath rowMovedBy(NSIndexPath from, int rows) const;
-    void scrollToRow(NSIndexPath indexPath);
+    void openMenu(NSIndexPath indexPath);
 
     UITableViewDataSource *_dataSource = nullptr;
     UITableViewDelegate *_delegate = nullptr;
@@ -170,4 +183,6 @@ private:
     NSIndexPath _pressedRow;
     UITableViewCell *_touchedCell = nullptr; // while a finger rests on it
     NSIndexPath _currentRow;                 // the keyboard's; none until a key has been used
+    NSIndexPath _flashingRow;
+    QTimer _flash{this}; // named "flash"
 };

@@ -1,5 +1,5 @@
 // The table under the keyboard: arrows, Page, Home and End move a current row, which Enter and
-// Space select. Shift+Enter and the Menu key press the row long.
+// Space select. Shift+Enter presses the row long; the Menu key opens its menu, or does the same.
 #include "platform/UITableView.h"
 
 #include <QKeyEvent>
@@ -36,8 +36,9 @@ void UITableView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Space:
     case Qt::Key_Menu:
         if (!event->isAutoRepeat())
-            pressCurrentRow(event->key() == Qt::Key_Menu ||
-                            event->modifiers().testFlag(Qt::ShiftModifier));
+            pressCurrentRow(event->key() == Qt::Key_Menu                     ? RowPress::Menu
+                            : event->modifiers().testFlag(Qt::ShiftModifier) ? RowPress::Long
+                                                                             : RowPress::Tap);
         return;
     default:
         event->ignore();
@@ -50,15 +51,17 @@ void UITableView::keyPressEvent(QKeyEvent *event)
     scrollToRow(_currentRow);
 }
 
-void UITableView::pressCurrentRow(bool longPress)
+void UITableView::pressCurrentRow(RowPress press)
 {
     scrollToRow(_currentRow); // the wheel may have moved it out of sight, where rows have no cells
     layoutIfNeeded();
     const NSIndexPath row = touchable(_currentRow);
     UITableViewCell *cell = cellForRowAtIndexPath(row);
-    if (!longPress)
+    if (press == RowPress::Tap)
         selectRow(row);
-    else if (cell && _allowsSelection)
+    else if (_allowsSelection && press == RowPress::Menu)
+        openMenu(row);
+    else if (_allowsSelection && cell)
         cell->longPress();
 }
 

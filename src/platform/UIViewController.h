@@ -40,6 +40,14 @@ public:
     /// False while leaving the screen by the bar's way back would do harm.
     virtual bool allowsBack() const { return true; }
 
+    /// A key (Qt::Key) that nothing on the screen has taken; true when it has been used.
+    virtual bool keyPressed(int key, Qt::KeyboardModifiers modifiers)
+    {
+        Q_UNUSED(key)
+        Q_UNUSED(modifiers)
+        return false;
+    }
+
     virtual void viewDidLoad() {}
     virtual void viewWillAppear(bool animated) { Q_UNUSED(animated) }
     virtual void viewDidAppear(bool animated) { Q_UNUSED(animated) }

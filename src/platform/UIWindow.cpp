@@ -3,9 +3,11 @@
 #include "platform/QMLViews.h"
 #include "platform/foundation/UIScreen.h"
 
+#include <QKeyEvent>
 #include <QResizeEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -43,6 +45,14 @@ void UIWindow::makeKeyAndVisible()
     theKeyWindow = this;
     show();
     requestActivate(); // keys arrive even where no window manager hands out the focus
+}
+
+void UIWindow::setDocumentEdited(bool isEdited)
+{
+    if (std::exchange(_isDocumentEdited, isEdited) == isEdited)
+        return;
+    const QString mark = QStringLiteral("*"); // as desktops have it
+    setTitle(isEdited ? title() + mark : title().chopped(mark.size()));
 }
 
 void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller)
@@ -118,6 +128,13 @@ void UIWindow::giveInputToTop()
     if (_actionSheetLayer)
         _actionSheetLayer->setEnabled(top == _actionSheetLayer);
     top->forceActiveFocus();
+}
+
+void UIWindow::keyPressEvent(QKeyEvent *event)
+{
+    QQuickWindow::keyPressEvent(event);
+    if (!event->isAccepted() && _stage->isEnabled() && _rootViewController)
+        event->setAccepted(_rootViewController->keyPressed(event->key(), event->modifiers()));
 }
 
 void UIWindow::resizeEvent(QResizeEvent *event)

@@ -31,6 +31,8 @@ public:
     /// The window that was last made key, or null.
     static UIWindow *keyWindow();
     void makeKeyAndVisible();
+    /// Says in the title whether something in the window has not been saved yet.
+    void setDocumentEdited(bool isEdited);
     void setRootViewController(std::shared_ptr<UIViewController> controller);
     UIViewController *rootViewController() const { return _rootViewController.get(); }
 
@@ -48,6 +50,8 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    /// What no item has taken goes to the screen on top, unless a sheet or an alert is up.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     /// An item of the window's size above the stage, drawn by a QML file.
@@ -58,6 +62,7 @@ private:
     void giveInputToTop();
 
     QQmlEngine _engine;
+    bool _isDocumentEdited = false;
     QQuickItem *_stage; // everything below sheets and alerts
     std::shared_ptr<UIViewController> _rootViewController;
     std::vector<std::unique_ptr<UIAlertView>> _alerts;

@@ -55,7 +55,7 @@ QString textFromJson(const QJsonValue &json)
 }
 
 /// Nothing when the item lacks a key, whose name then stands in `missing`.
-std::shared_ptr<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1StringView &missing)
+std::optional<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1StringView &missing)
 {
     const auto take = [&](QLatin1StringView key) {
         QJsonValue value = item.value(key);
@@ -63,17 +63,17 @@ std::shared_ptr<ElementRecord> recordFromJson(const QJsonObject &item, QLatin1St
             missing = key;
         return value;
     };
-    auto record = std::make_shared<ElementRecord>();
-    record->key = textFromJson(take("key"_L1));
-    record->name = textFromJson(take("name"_L1));
-    record->description = textFromJson(take("description"_L1));
-    record->color = valueFromJson(take("color"_L1));
+    ElementRecord record;
+    record.key = textFromJson(take("key"_L1));
+    record.name = textFromJson(take("name"_L1));
+    record.description = textFromJson(take("description"_L1));
+    record.color = valueFromJson(take("color"_L1));
     if (const QJsonValue options = take("options"_L1); !options.isNull())
-        record->options = mapFromJson(options.toObject()); // a label may stand for null
-    record->value = valueFromJson(take("value"_L1));
+        record.options = mapFromJson(options.toObject()); // a label may stand for null
+    record.value = valueFromJson(take("value"_L1));
     if (const QJsonValue section = take("section"_L1); !section.isNull())
-        record->section = textFromJson(section);
-    return missing.isEmpty() ? record : nullptr;
+        record.section = textFromJson(section);
+    return missing.isEmpty() ? std::optional(std::move(record)) : std::nullopt;
 }
 
 /// The dictionary of the last save, if there is a readable one.
@@ -132,6 +132,14 @@ PropertyDictionary fixedHead()
     return head;
 }
 } // namespace
+
+bool ElementChoice::operator==(const ElementChoice &other) const
+{
+    const auto same = [](const QVariant &one, const QVariant &another) {
+        return one.typeId() == another.typeId() && one == another;
+    };
+    return same(color, other.color) && same(value, other.value);
+}
 
 std::optional<QString> ElementRecord::shownColor() const
 {
@@ -203,9 +211,13 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
         auto record = recordFromJson(item.toObject(), missing);
         if (!record)
             return fail(Status::Unusable, path, u"item %1 has no \"%2\""_s.arg(index).arg(missing));
-        if (saved)
+        if (saved) {
+            const ElementChoice own = record->choice();
             overlay(*record, *saved);
-        _tableSource.push_back(std::move(record));
+            if (!(record->choice() == own))
+                _overlaid.insert(int(index), own);
+        }
+        _tableSource.push_back(std::move(*record));
     }
 }
 
@@ -214,6 +226,7 @@ void ElementDataSource::fail(Status status, const QString &path, const QString &
     _status = status;
     _problem = path + ": "_L1 + reason;
     _tableSource.clear();
+    _overlaid.clear();
     if (status == Status::Unusable)
         NSLog(u"Unusable data source %@"_s, {_problem});
 }
@@ -221,20 +234,21 @@ void ElementDataSource::fail(Status status, const QString &path, const QString &
 void ElementDataSource::groupIntoSections()
 {
     QHash<QString, size_t> places;
-    for (const auto &record : _tableSource) {
-        if (!record->section)
-            NSLog(u"MISSING SECTION: %@"_s, {record->name});
+    for (size_t element = 0; element < _tableSource.size(); ++element) {
+        const ElementRecord &record = _tableSource[element];
+        if (!record.section)
+            NSLog(u"MISSING SECTION: %@"_s, {record.name});
         // Without a section of its own a record opens a section that stays empty, as on the phone:
         // the fault shows.
-        const QString title = record->section.value_or(u"MISSING SECTION"_s);
+        const QString title = record.section.value_or(u"MISSING SECTION"_s);
         const auto place = places.constFind(title);
         const size_t index = place == places.cend() ? _newTableSource.size() : *place;
         if (index == _newTableSource.size()) {
             places.insert(title, index);
             _newTableSource.push_back({title, {}});
         }
-        if (record->section)
-            _newTableSource[index].records.push_back(record);
+        if (record.section)
+            _newTableSource[index].elements.push_back(int(element));
     }
     QCollator collator; // the user's locale; plain case folding where there is none
     collator.setCaseSensitivity(Qt::CaseInsensitive);
@@ -242,6 +256,11 @@ void ElementDataSource::groupIntoSections()
         const int order = collator.compare(left.title, right.title);
         return order != 0 ? order < 0 : left.title < right.title;
     });
+    _indexPaths.assign(_tableSource.size(), {});
+    for (int section = 0; section < numberOfSections(); ++section)
+        for (int row = 0; row < numberOfRowsInSection(section); ++row)
+            _indexPaths[size_t(_newTableSource[size_t(section)].elements[size_t(row)])] = {section,
+                                                                                           row};
 }
 
 QStringList ElementDataSource::sortedSections() const
@@ -267,11 +286,56 @@ const QString &ElementDataSource::titleForSection(int section) const
 int ElementDataSource::numberOfRowsInSection(int section) const
 {
     Q_ASSERT(section >= 0 && section < numberOfSections());
-    return int(_newTableSource[size_t(section)].records.size());
+    return int(_newTableSource[size_t(section)].elements.size());
 }
 
-ElementRecord &ElementDataSource::record(int section, int row) const
+const ElementRecord &ElementDataSource::record(int section, int row) const
 {
     Q_ASSERT(row >= 0 && row < numberOfRowsInSection(section));
-    return *_newTableSource[size_t(section)].records[size_t(row)];
+    return _tableSource[size_t(_newTableSource[size_t(section)].elements[size_t(row)])];
+}
+
+std::optional<int> ElementDataSource::indexAt(NSIndexPath indexPath) const
+{
+    const auto [section, row] = indexPath;
+    if (!indexPath.isValid() || section >= numberOfSections() ||
+        row >= numberOfRowsInSection(section))
+        return std::nullopt;
+    return _newTableSource[size_t(section)].elements[size_t(row)];
+}
+
+NSIndexPath ElementDataSource::indexPathOf(int index) const
+{
+    return _indexPaths.at(size_t(index));
+}
+
+std::optional<int> ElementDataSource::indexOfName(const QString &name) const
+{
+    const auto found = std::ranges::find(_tableSource, name, &ElementRecord::name);
+    if (found == _tableSource.end())
+        return std::nullopt;
+    return int(found - _tableSource.begin());
+}
+
+std::vector<int> ElementDataSource::indexesOfKey(const QString &key) const
+{
+    std::vector<int> indexes;
+    for (size_t index = 0; index < _tableSource.size(); ++index)
+        if (_tableSource[index].key == key)
+            indexes.push_back(int(index));
+    return indexes;
+}
+
+ElementChoice ElementDataSource::defaultChoice(int index) const
+{
+    return _overlaid.value(index, _tableSource.at(size_t(index)).choice());
+}
+
+void ElementDataSource::setChoice(int index, const ElementChoice &choice)
+{
+    ElementRecord &record = _tableSource.at(size_t(index));
+    if (!_overlaid.contains(index))
+        _overlaid.insert(index, record.choice());
+    record.color = choice.color;
+    record.value = choice.value;
 }

@@ -4,16 +4,29 @@
 // each (docs/datasource.md explains them to people who edit it). At load, the values that the user
 // saved last time, the working copy `Tintloom/Info.plist` in the documents folder, are laid over
 // the document's own.
+//
+// A source is a value: a copy is a snapshot that nothing changes, for whoever works on another
+// thread. What is chosen changes through a ThemeDocument alone.
 #pragma once
 
+#include "platform/foundation/NSIndexPath.h"
 #include "platform/foundation/PropertyList.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
-#include <memory>
 #include <optional>
 #include <vector>
+
+/// What is chosen for an element, in the two fields of its record that a choice can change.
+struct ElementChoice {
+    QVariant color; // colour text, or null
+    QVariant value; // the chosen option's value, or null
+
+    /// To the byte: 1 is not 1.0 here, nor null the empty text.
+    bool operator==(const ElementChoice &) const;
+};
 
 /// One themeable element. A null marker is an invalid QVariant; it is not the same as an empty
 /// string.
@@ -27,6 +40,7 @@ struct ElementRecord {
     std::optional<QString> section;
 
     bool isChoice() const { return options.has_value(); }
+    ElementChoice choice() const { return {color, value}; }
     /// Colour text if the record is to be shown as a colour: "color" is neither null nor empty.
     /// A restored value of another type is taken as text.
     std::optional<QString> shownColor() const;
@@ -61,6 +75,12 @@ public:
     /// Why the status is not Loaded, for people; else empty.
     const QString &problem() const { return _problem; }
 
+    /// All records in document order, those without a section too. An element's index here is its
+    /// address wherever one is needed.
+    const std::vector<ElementRecord> &tableSource() const { return _tableSource; }
+    /// The choice that the document itself makes, whatever has been saved since.
+    ElementChoice defaultChoice(int index) const;
+
     /// Section titles in the order of the table: without regard to case, in the user's locale;
     /// those that compare equal by code units.
     QStringList sortedSections() const;
@@ -69,11 +89,17 @@ public:
     const QString &titleForSection(int section) const;
     /// Rows of a section, in document order.
     int numberOfRowsInSection(int section) const;
-    /// The record itself, to edit in place.
-    ElementRecord &record(int section, int row) const;
+    const ElementRecord &record(int section, int row) const;
 
-    /// All records in document order, those without a section too.
-    const std::vector<std::shared_ptr<ElementRecord>> &tableSource() const { return _tableSource; }
+    /// The element in a row of the table; none where there is no such row.
+    std::optional<int> indexAt(NSIndexPath indexPath) const;
+    /// The row of an element; an invalid one for an element without a section.
+    NSIndexPath indexPathOf(int index) const;
+    /// The first element of that name.
+    std::optional<int> indexOfName(const QString &name) const;
+    /// Every element with that key, in document order.
+    std::vector<int> indexesOfKey(const QString &key) const;
+
     /// The fixed head of every theme: name, theme-version, description, retina.
     const PropertyDictionary &predefinedDict() const { return _predefinedDict; }
     /// Keys of the balloons' colours, two and two: a theme holds each pair as an array as well.
@@ -82,22 +108,27 @@ public:
     const QStringList &imageObjects() const { return _imageObjects; }
 
 private:
+    friend class ThemeDocument; // who alone changes what is chosen
+
     struct Section {
         QString title;
-        std::vector<std::shared_ptr<ElementRecord>> records;
+        std::vector<int> elements;
     };
 
     void readDocument(const QByteArray &text, const QString &path, const PropertyDictionary *saved);
     void fail(Status status, const QString &path, const QString &reason);
     void groupIntoSections();
+    void setChoice(int index, const ElementChoice &choice);
 
     Status _status = Status::Loaded;
     QString _problem;
     PropertyDictionary _predefinedDict;
     QStringList _arrayObjects;
     QStringList _imageObjects;
-    std::vector<std::shared_ptr<ElementRecord>> _tableSource;
-    // The same records by section title; exact titles group, only the order ignores case. Titles
-    // never change after the load, so they are sorted once and looking up a row costs nothing.
+    std::vector<ElementRecord> _tableSource;
+    QHash<int, ElementChoice> _overlaid; // the document's own choice where a saved one lies over it
+    // The elements by section title; exact titles group, only the order ignores case. Titles never
+    // change after the load, so they are sorted once and looking up a row costs nothing.
     std::vector<Section> _newTableSource;
+    std::vector<NSIndexPath> _indexPaths; // by element
 };

@@ -168,11 +168,11 @@ PropertyDictionary themeDictionary(const ElementDataSource &source)
 {
     PropertyDictionary dictionary = source.predefinedDict();
     for (const auto &record : source.tableSource()) {
-        if (record->isChoice())
-            dictionary.setValue(record->key,
-                                record->value.isValid() ? record->value : QVariant(u"0"_s));
-        else if (record->color.isValid())
-            dictionary.setValue(record->key, record->color);
+        if (record.isChoice())
+            dictionary.setValue(record.key,
+                                record.value.isValid() ? record.value : QVariant(u"0"_s));
+        else if (record.color.isValid())
+            dictionary.setValue(record.key, record.color);
     }
     addBalloonColors(dictionary, source.arrayObjects());
     return dictionary;

@@ -16,6 +16,14 @@ CustomTableCell *CustomTableCell::initWithStyle(Style, const QString &reuseIdent
     return cell;
 }
 
+void CustomTableCell::setLocked(bool locked)
+{
+    if (_locked == locked)
+        return;
+    _locked = locked;
+    emit lockedChanged();
+}
+
 void CustomTableCell::layoutSubviews()
 {
     // The description overlaps the name's lower edge by 5 points, the caption the name's right end.

@@ -14,6 +14,8 @@ class CustomTableCell : public UITableViewCell
     Q_PROPERTY(UILabel *name READ name CONSTANT FINAL)
     Q_PROPERTY(UILabel *description READ description CONSTANT FINAL)
     Q_PROPERTY(UILabel *colorLabel READ colorLabel CONSTANT FINAL)
+    Q_PROPERTY(bool locked READ isLocked NOTIFY lockedChanged FINAL)
+    Q_PROPERTY(QString spokenLock READ spokenLock NOTIFY lockedChanged FINAL)
 
 public:
     enum class Style { Default = 0, Subtitle = 3 };
@@ -27,10 +29,20 @@ public:
     UILabel *description() { return &_description; }
     UILabel *colorLabel() { return &_colorLabel; }
 
+    /// Shows a small lock at the row's right end.
+    bool isLocked() const { return _locked; }
+    void setLocked(bool locked);
+    /// The same in words, on a line of its own; empty when it is not locked.
+    QString spokenLock() const { return _locked ? '\n' + tr("Locked") : QString(); }
+
     void layoutSubviews() override;
     void setSelected(bool selected, bool animated) override;
 
+signals:
+    void lockedChanged();
+
 private:
+    bool _locked = false;
     UILabel _name;
     UILabel _description;
     UILabel _colorLabel;

@@ -6,7 +6,7 @@ CustomTableCell {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: cell.name.text
-    Accessible.description: cell.description.text + "\n" + cell.colorLabel.text
+    Accessible.description: cell.description.text + "\n" + cell.colorLabel.text + cell.spokenLock
     Accessible.focusable: true
     Accessible.focused: cell.focused
     Accessible.selectable: true
@@ -35,6 +35,14 @@ CustomTableCell {
         minimumPixelSize: 7
         wrapMode: Text.Wrap
         elide: Text.ElideRight
+    }
+    Loader {
+        x: cell.width - width - 6
+        y: 18
+        active: cell.locked
+        sourceComponent: LockMark {
+            color: cell.colorLabel.textColor
+        }
     }
     LabelView {
         label: cell.colorLabel

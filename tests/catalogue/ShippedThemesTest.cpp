@@ -83,8 +83,8 @@ TEST(ShippedThemes, AreWhatThePalettesMakeOfEveryElement)
         const PropertyDictionary info = themeInfo(resources, name);
         EXPECT_EQ(info, themeInfo(made.path(), name));
         for (const auto &element : source.tableSource()) {
-            const QVariant *value = info.find(element->key);
-            EXPECT_TRUE(value && !value->toString().isEmpty()) << element->key.toStdString();
+            const QVariant *value = info.find(element.key);
+            EXPECT_TRUE(value && !value->toString().isEmpty()) << element.key.toStdString();
         }
         EXPECT_EQ(tree(resources + u'/' + name), tree(made.filePath(name)));
         const struct {

@@ -36,8 +36,8 @@ protected:
     QVariant colorOf(const QString &key)
     {
         for (const auto &record : editor().source().tableSource())
-            if (record->key == key)
-                return record->color;
+            if (record.key == key)
+                return record.color;
         return {};
     }
     void expectCell(NSIndexPath indexPath, const QString &caption, const QColor &background,

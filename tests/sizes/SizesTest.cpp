@@ -44,8 +44,8 @@ TEST(SizesTest, AHundredMegabytesLoadWhole)
     const auto source = parse(document(elements));
     ASSERT_EQ(source.status(), Status::Loaded) << source.problem().toStdString();
     ASSERT_EQ(qsizetype(source.tableSource().size()), elements.size());
-    EXPECT_EQ(source.tableSource()[0]->shownColor()->size(), longValue.size());
-    EXPECT_EQ(source.tableSource()[2]->shownOption(), u"A"_s);
+    EXPECT_EQ(source.tableSource()[0].shownColor()->size(), longValue.size());
+    EXPECT_EQ(source.tableSource()[2].shownOption(), u"A"_s);
     const PropertyDictionary theme = themeDictionary(source);
     const auto saved = PropertyList::readDictionary(PropertyList::writeDictionary(theme));
     ASSERT_TRUE(saved);

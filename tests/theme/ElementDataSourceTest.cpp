@@ -43,9 +43,12 @@ TEST_F(ElementDataSourceTest, GroupsExactlyAndSortsWithoutCase)
     EXPECT_TRUE(log.startsWith("path: %1\n"_L1.arg(locations.workingCopy())));
 
     ASSERT_EQ(source.tableSource().size(), 7U);
-    source.record(4, 1).color = u"#123"_s; // both views show the same record
-    EXPECT_EQ(source.tableSource()[4]->color, QVariant(u"#123"_s));
-    EXPECT_FALSE(source.tableSource()[3]->section);
+    EXPECT_EQ(source.indexAt({4, 1}), 4);
+    EXPECT_EQ(source.indexPathOf(4), (NSIndexPath{4, 1}));
+    EXPECT_FALSE(source.indexPathOf(3).isValid()); // without a section
+    for (const NSIndexPath none : {NSIndexPath{}, {4, 2}, {5, 0}, {6, 0}, {0, -1}})
+        EXPECT_FALSE(source.indexAt(none)) << none.section << ", " << none.row;
+    EXPECT_FALSE(source.tableSource()[3].section);
 }
 
 TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
@@ -94,7 +97,7 @@ TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
     ASSERT_EQ(source.tableSource().size(), cases.size());
     for (size_t i = 0; i < cases.size(); ++i) {
         SCOPED_TRACE(cases[i].name);
-        const ElementRecord &record = *source.tableSource()[i];
+        const ElementRecord &record = source.tableSource()[i];
         EXPECT_TRUE(PropertyList::isEqual(record.color, cases[i].expectedColor));
         EXPECT_TRUE(PropertyList::isEqual(record.value, cases[i].expectedValue));
         EXPECT_EQ(record.shownColor(), cases[i].shownColor);
@@ -175,12 +178,12 @@ TEST_F(ElementDataSourceTest, TheShippedDocumentIsSound)
     ASSERT_EQ(source.status(), Status::Loaded) << source.problem().toStdString();
     QStringList names, keys;
     for (const auto &record : source.tableSource()) {
-        SCOPED_TRACE(record->key.toStdString());
-        names.append(record->name);
-        keys.append(record->key);
-        EXPECT_TRUE(record->section);
-        EXPECT_EQ(record->isChoice(), record->value.isValid());
-        EXPECT_EQ(record->isChoice(), !record->shownOption().isEmpty());
+        SCOPED_TRACE(record.key.toStdString());
+        names.append(record.name);
+        keys.append(record.key);
+        EXPECT_TRUE(record.section);
+        EXPECT_EQ(record.isChoice(), record.value.isValid());
+        EXPECT_EQ(record.isChoice(), !record.shownOption().isEmpty());
     }
     EXPECT_EQ(names.removeDuplicates() + keys.removeDuplicates(), 0);
 }

@@ -3,6 +3,7 @@
 #include "platform/foundation/DispatchQueue.h"
 #include "support/Jpeg.h"
 #include "support/ThemeFixture.h"
+#include "theme/ThemeDocument.h"
 
 #include <QFileInfo>
 
@@ -220,18 +221,18 @@ TEST_F(ThemePackageWriterTest, APermissionFaultIsLoggedTwiceAndReportedOnce)
 TEST_F(ThemePackageWriterTest, IsBuiltOnAQueueAndWrittenOnTheMainThread)
 {
     putElements({element("choice", "null", "{\"A\":1,\"B\":2}", "1")});
-    const auto source = std::make_shared<ElementDataSource>(load());
+    ThemeDocument document(load());
     DispatchQueue queue("test.save");
     for (qint64 choice = 1; choice <= 2; ++choice) {
-        source->tableSource()[0]->value = choice;
+        document.chooseOption(0, choice == 1 ? u"A"_s : u"B"_s);
         std::optional<SaveReport> report;
-        queue.async([&report, source, locations = locations] {
-            auto theme = std::make_shared<BuiltTheme>(buildTheme(*source, locations, 1.0));
+        queue.async([&report, snapshot = document.elements(), locations = locations] {
+            auto theme = std::make_shared<BuiltTheme>(buildTheme(snapshot, locations, 1.0));
             MainQueue::async([&report, theme = std::move(theme)] { report = writeTheme(*theme); });
         });
         while (!report)
             MainQueue::drain(); // and nothing else that would order the two threads
         EXPECT_TRUE(report->failures.empty());
     }
-    EXPECT_EQ(load().tableSource()[0]->value, QVariant(2LL));
+    EXPECT_EQ(load().tableSource()[0].value, QVariant(2LL));
 }

@@ -1,0 +1,85 @@
+#include "editor/EditorActions.h"
+
+#include "editor/CustomViewController.h"
+#include "theme/ColorNotation.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace
+{
+QString tr(const char *text)
+{
+    return CustomViewController::tr(text);
+}
+
+Actions undoAndRedo(CustomViewController &editor)
+{
+    ThemeDocument *const document = &editor.document();
+    const bool isFree = !editor.isLoading() && !editor.isChooserOpen();
+    return {
+        {tr("Undo %1").arg(document->undoName()),
+         [=, &editor] { editor.reveal(document->undo()); },
+         isFree && document->canUndo(),
+         {Qt::CTRL | Qt::Key_Z}},
+        {tr("Redo %1").arg(document->redoName()),
+         [=, &editor] { editor.reveal(document->redo()); },
+         isFree && document->canRedo(),
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}},
+    };
+}
+
+/// The colour of one element for the others that were of its old colour, too.
+Action shareColor(ThemeDocument *document, int index)
+{
+    const auto [oldColor, others] = document->namesakes(index);
+    const QString title = tr("Use This Color for %1 More That Were %2").arg(others.size());
+    return {title.arg(oldColor),
+            [=] {
+                ThemeDocument::Changes changes;
+                for (const int other : others)
+                    changes.push_back(
+                        {other, {document->record(index).color, document->record(other).value}});
+                document->changeUnlocked(std::move(changes), tr("Change %1").arg(oldColor));
+            },
+            !others.empty()};
+}
+} // namespace
+
+Actions EditorActions::forTheme(CustomViewController &editor)
+{
+    Actions actions = undoAndRedo(editor);
+    actions.push_back({tr("Save Theme"),
+                       [&editor] { editor.save(); },
+                       !editor.isLoading() && !editor.isChooserOpen(),
+                       {Qt::CTRL | Qt::Key_S}});
+    return actions;
+}
+
+Actions EditorActions::forElement(CustomViewController &editor, int index)
+{
+    ThemeDocument *const document = &editor.document();
+    const ElementRecord &record = document->record(index);
+    const ElementChoice now = record.choice();
+    const ElementChoice standard = document->elements().defaultChoice(index);
+    const auto shownColor = record.isChoice() ? std::nullopt : record.shownColor();
+    const auto pasted = record.isChoice()
+                            ? std::nullopt
+                            : colorTextFromNotation(QGuiApplication::clipboard()->text());
+    const bool isLocked = document->isLocked(index);
+
+    Actions actions = undoAndRedo(editor);
+    actions.push_back({tr("Back to Saved"), [=] { document->resetToSaved(index); },
+                       !(document->savedChoice(index) == now)});
+    actions.push_back(
+        {tr("Back to Default"), [=] { document->resetToDefault(index); }, !(standard == now)});
+    actions.push_back({tr("Copy Color"),
+                       [=] { QGuiApplication::clipboard()->setText(*shownColor); },
+                       shownColor.has_value()});
+    actions.push_back({tr("Paste Color"), [=] { document->setColor(index, *pasted); },
+                       pasted && *pasted != shownColor});
+    actions.push_back(shareColor(document, index));
+    actions.push_back({isLocked ? tr("Unlock") : tr("Lock"),
+                       [=, &editor] { editor.setLocked(index, !isLocked); }});
+    return actions;
+}

@@ -1,0 +1,35 @@
+#include "theme/ColorNotation.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(ColorNotationTest, ReadsWhatPeopleHaveOnTheClipboard)
+{
+    const std::pair<const char *, const char *> cases[] = {
+        {"#8EEBB0", "#8EEBB0FF"},
+        {"f0a", "#FF00AAFF"},
+        {" 12345678\n", "#12345678"},
+        {"rgb(255, 0, 128)", "#FF0080FF"},
+        {"RGB(255 0 128 / 50%)", "#FF008080"},
+        {"rgba(1,2,3,0.5)", "#01020380"},
+        {"rgba( 10% , 20.5%, 100% , .25 )", "#1A34FF40"},
+        {"rgb(-4, 300, 12.6)", "#00FF0DFF"},
+        {"rgba(0, 0, 0, 7)", "#000000FF"},
+        {"RebeccaPurple", "#663399FF"},
+        {"transparent", "#00000000"},
+        {"#12345", nullptr},
+        {"##123456", nullptr},
+        {"rgb(1, 2)", nullptr},
+        {"rgb(1, 2, 3", nullptr},
+        {"rgb(1, 2, 3) x", nullptr},
+        {"hsl(1, 2%, 3%)", nullptr},
+        {"no color", nullptr},
+        {"", nullptr},
+    };
+    for (const auto &[notation, text] : cases)
+        EXPECT_EQ(colorTextFromNotation(QString::fromLatin1(notation)),
+                  text ? std::optional(QString::fromLatin1(text)) : std::nullopt)
+            << notation;
+    EXPECT_FALSE(colorTextFromNotation(QString(1 << 20, u'1')));
+}
