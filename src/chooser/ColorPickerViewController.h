@@ -71,7 +71,8 @@ public:
     HSOpacitySlider *opacitySlider() const { return _opacitySlider; }
     UITextField *hexTextField() const { return _hexTextField; }
     ChooserLayout layout() const { return _layout; }
-    /// The colour that the wheel last reported, for drawing.
+    /// The colour that the wheel last reported; the same for drawing.
+    const UIColor &color() const { return _color; }
     QColor patchColor() const { return _color.qColor(); }
 
     void viewDidLoad() override;

@@ -201,11 +201,18 @@ void CustomViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
 void CustomViewController::showChooser(int index, NSIndexPath indexPath)
 {
     const auto text = _document->record(index).shownColor();
+    const bool wasOpen = isChooserOpen();
     if (navigationController())
         navigationController()->setNavigationBarHidden(true);
     _chooserPresentation.present(
         view(), *engine(), text ? colorFromHexString(*text) : UIColor::whiteColor(), indexPath,
         std::static_pointer_cast<CustomViewController>(shared_from_this()));
+    if (wasOpen)
+        return;
+    const ColorPickerViewController *chooser = colorPickerView();
+    connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
+        _document->showPassingColor(index, hexStringForColor(chooser->color()));
+    });
 }
 
 void CustomViewController::dismissChooser()

@@ -65,6 +65,8 @@ TEST_F(RoundTripTest, AColourGoesToTheChooserAndComesBack)
     EXPECT_EQ(sceneFrame(chooser()->view()), QRectF(0, 0, 320, 568));
     EXPECT_EQ(grab().pixelColor(2, 300), QColor(Qt::white));
     chooser()->colorPicker()->setSelectionColor(UIColor::colorWithRed(1.0, 1.0, 0.0, 1.0));
+    EXPECT_EQ(editor().document().shownChoice(3).color, "#FFFF00FF"); // passing
+    EXPECT_EQ(colorOf("D2"), "#444444FF");
     tapInChooser("_saveButton");
     EXPECT_EQ(colorOf("D2"), "#FFFF00FF");
     EXPECT_EQ(colorOf("D1"), "#111111FF");
@@ -76,9 +78,11 @@ TEST_F(RoundTripTest, AColourGoesToTheChooserAndComesBack)
 
     tapRow({0, 1}); // C2, which has no colour
     EXPECT_EQ(chooser()->hexTextField()->text(), "#FFFFFFFF");
+    chooser()->colorPicker()->setSelectionColor(UIColor::blackColor());
     tapInChooser("_cancelButton");
     endFade();
     EXPECT_FALSE(colorOf("C2").isValid());
+    EXPECT_FALSE(editor().document().shownChoice(2).color.isValid());
 
     tapRow({1, 0});
     tapInChooser("_removeButton");
