@@ -21,7 +21,7 @@ UIWindow::UIWindow() : _stage(new QQuickItem(contentItem()))
     resize(UIScreen::mainScreen().size().toSize());
     _stage->setFlag(QQuickItem::ItemIsFocusScope);
     _stage->setFocus(true);
-    _stage->setSize(size());
+    setStageSize(size());
 }
 
 UIWindow::~UIWindow()
@@ -109,6 +109,14 @@ void UIWindow::removeActionSheet()
     giveInputToTop();
 }
 
+void UIWindow::setStageSize(QSizeF size)
+{
+    UIScreen::mainScreen().setSize(size);
+    _stage->setSize(size);
+    if (_rootViewController)
+        _rootViewController->view()->setSize(size);
+}
+
 QQuickItem *UIWindow::addLayer(const char *file, const QVariantMap &properties, double z)
 {
     QQuickItem *layer = QMLViews::create(_engine, file, properties);
@@ -140,10 +148,7 @@ void UIWindow::keyPressEvent(QKeyEvent *event)
 void UIWindow::resizeEvent(QResizeEvent *event)
 {
     QQuickWindow::resizeEvent(event);
-    UIScreen::mainScreen().setSize(event->size());
-    _stage->setSize(event->size());
-    if (_rootViewController)
-        _rootViewController->view()->setSize(event->size());
+    setStageSize(event->size()); // which is all of the window
     for (QQuickItem *layer : {_alertLayer, _actionSheetLayer})
         if (layer)
             layer->setSize(event->size());

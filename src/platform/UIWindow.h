@@ -23,7 +23,7 @@ class UIWindow : public QQuickWindow
     Q_PROPERTY(UIAlertView *alert READ alert NOTIFY alertChanged FINAL)
 
 public:
-    /// A window of the main screen's size, which follows it from then on.
+    /// A window of the main screen's size, which follows the window's stage from then on.
     UIWindow();
     /// Tells the root view controller that the program ends, and lets it go.
     ~UIWindow() override;
@@ -54,6 +54,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// The phone's screen is the stage: its size follows, whatever else the window has room for.
+    void setStageSize(QSizeF size);
     /// An item of the window's size above the stage, drawn by a QML file.
     QQuickItem *addLayer(const char *file, const QVariantMap &properties, double z);
     void removeAlert(UIAlertView *alertView);
