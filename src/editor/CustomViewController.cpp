@@ -188,7 +188,7 @@ void CustomViewController::save()
 
 void CustomViewController::finishSave(const SaveReport &report)
 {
-    _overlays->setNotice(report.notice());
+    _overlays->setNotice(report.notice(), report.copyFrom(_folders.theme));
     removeLoader();
     if (!report.refusal.isEmpty())
         return;
