@@ -16,7 +16,7 @@ bool AppDelegate::didFinishLaunchingWithOptions()
         NSLog("Cannot start: %@", {keeper->refusal()});
         return false;
     }
-    _window = std::make_unique<UIWindow>();
+    setWindow(std::make_unique<UIWindow>());
     _window->setTitle("Tintloom");
     // The icon is a picture to be decoded, which can wait until the first frame is shown.
     QObject::connect(

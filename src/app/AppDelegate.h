@@ -23,6 +23,7 @@ public:
     bool didFinishLaunchingWithOptions() override;
 
     UIWindow *window() const { return _window.get(); }
+    void setWindow(std::unique_ptr<UIWindow> window) { _window = std::move(window); }
 
 private:
     void setRoot(std::shared_ptr<UIViewController> controller);

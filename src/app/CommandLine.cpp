@@ -30,7 +30,8 @@ const QString help = uR"(Usage:
   tintloom edit [options] NAME          install it and make it the current choices
 
 Options:
-  --package-root DIR  folder that holds themes; default /var/mobile/Library/biteThemes
+  --package-root DIR  folder that holds themes; default biteThemes in your desktop's
+                      documents folder, on the phone /var/mobile/Library/biteThemes
                       (environment: TINTLOOM_PACKAGE_ROOT)
   --documents DIR     folder of the working copy; default the application data folder
                       (environment: TINTLOOM_DOCUMENTS)
@@ -183,8 +184,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                     u"json"_s, u"'list' and 'themes'"_s);
     reader.onlyWith(options.command == Command::Window, u"catalogue"_s, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
-    options.packageRoot = reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT",
-                                        u"/var/mobile/Library/biteThemes"_s);
+    options.packageRoot =
+        reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
         reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
@@ -202,4 +203,13 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     if (!reader.problem().isEmpty())
         return refusal(reader.problem());
     return {options, {}, 0};
+}
+
+QString CommandLine::defaultPackageRoot(const QString &onPhone)
+{
+    const QFileInfo phone(onPhone);
+    if (phone.dir().exists())
+        return onPhone;
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u'/' +
+           phone.fileName();
 }

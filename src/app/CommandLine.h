@@ -3,6 +3,8 @@
 // Parsing needs no application object and touches no global state but the environment.
 #pragma once
 
+#include "theme/ThemeLocations.h"
+
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -36,4 +38,9 @@ struct Outcome {
 /// environment variable, and an empty variable counts as unset. Set the application's name before
 /// this: the default documents folder depends on it.
 Outcome parse(const QStringList &arguments);
+
+/// Where themes go unless somebody says otherwise: the folder on the phone, where the one above it
+/// is there; else a folder of that name among the user's documents, which nobody has made yet
+/// perhaps.
+QString defaultPackageRoot(const QString &onPhone = ThemeLocations::phonePackageRoot());
 } // namespace CommandLine

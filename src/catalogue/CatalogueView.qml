@@ -7,8 +7,11 @@ FocusScope {
 
     required property MainViewController controller
     property alias table: scroller.table
+    property alias content: content
 
     FocusScope {
+        id: content
+
         anchors.fill: parent
         focus: true
         enabled: !root.controller.overlays.loading
@@ -25,7 +28,7 @@ FocusScope {
 
                 Text {
                     anchors.fill: parent
-                    text: "Tintloom v3.0"
+                    text: "Tintloom v3.0" // not the program's version, as on the phone
                     color: "#4D000000"
                     font.pixelSize: 7
                     horizontalAlignment: Text.AlignHCenter

@@ -5,7 +5,10 @@
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
 
+#include <QCoreApplication>
 #include <QThread>
+
+#include <cstdlib>
 
 namespace
 {
@@ -69,7 +72,7 @@ void MainViewController::viewDidLayoutSubviews()
     const double h = view()->height();
     _appVersion->setFrame({0.0, 0.0, w, status});
     _hiddenView->setFrame({0.0, status, w, status});
-    _tableFrame->setFrame({0.0, status, w, h}); // its end lies below the screen's
+    _tableFrame->setFrame({0.0, status, w, h}); // its end lies below the screen's, as on the phone
     _overlays->setFrames({{(w - loader.width()) * 0.5, (h - loader.height()) * 0.5}, loader}, h);
 }
 
@@ -123,7 +126,7 @@ UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
         cell = UITableViewSubtitleCell::initWithReuseIdentifier(identifier, *engine());
 
     const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
-    // Of all that a cell collects over its rows one recogniser fires, so nobody notices the others.
+    // A reused cell gets one more each time and keeps them all, as on the phone. One of them fires.
     if (!record.isCustom())
         cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
             [this](const UILongPressGestureRecognizer &gesture) { handleLongCellPress(gesture); }));
@@ -135,7 +138,8 @@ UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
     cell->setAccessoryType(isInstalled           ? Checkmark
                            : record.isOwnTheme() ? DisclosureIndicator
                                                  : None);
-    // The user's own row takes over both of these from the row that the cell showed before.
+    // The user's own row takes both of these over from the row that the cell showed before, and no
+    // row ever takes the style None away again, as on the phone.
     if (isInstalled && !record.isOwnTheme())
         cell->setSelectionStyle(UITableViewCell::SelectionStyle::None);
     if (!record.isOwnTheme())
@@ -189,13 +193,18 @@ void MainViewController::clickedButtonAtIndex(UIAlertView &alertView, int button
         save();
 }
 
-/// The bar keeps the colour that it has when an edit flow opens the editor.
+/// Only a tap colours the bar: it keeps the colour it has when an edit flow opens the editor, as on
+/// the phone.
 void MainViewController::openEditor(bool colorsBar)
 {
-    _hiddenView->setOpacity(0.0);
-    _tableFrame->setOpacity(0.0);
     if (!_customViewController)
         _customViewController = CustomViewController::initFromMainView(_folders);
+    if (_customViewController->source().status() == ElementDataSource::Status::Unusable) {
+        QCoreApplication::exit(EXIT_FAILURE); // as a start into the editor does; the log says why
+        return;
+    }
+    _hiddenView->setOpacity(0.0);
+    _tableFrame->setOpacity(0.0);
     _customViewController->loadViewIfNeeded(*engine());
     _customViewController->view()->setPosition(view()->position());
     _customViewController->view()->setSize(view()->size());

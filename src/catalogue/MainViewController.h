@@ -71,6 +71,10 @@ public:
 
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
+    /// The busy box, its text and its spinner; null while it is not up.
+    QQuickItem *loadingView() const { return _overlays->loadingView(); }
+    QQuickItem *loadingLabel() const { return _overlays->loadingLabel(); }
+    QQuickItem *spinningIndicator() const { return _overlays->spinningIndicator(); }
     ScreenOverlays *overlays() const { return _overlays; }
     /// The alert that the screen showed last, until it has been answered.
     UIAlertView *alertView() const { return _alertView; }
@@ -92,8 +96,8 @@ private:
     void openEditor(bool colorsBar);
     void finishSave(const ThemeInstallation &installation, const QString &theme);
     void finishEditing(const ThemeInstallation &installation, const QString &theme);
-    /// Copies, remembers the theme selected, and takes the busy box away; what went wrong is in the
-    /// notice strip then. False when nothing was touched.
+    /// Copies, remembers the theme selected, and takes the busy box away; the strip then says what
+    /// went wrong, or where the theme is. False when nothing was touched.
     bool finishCopying(const ThemeInstallation &installation, const QString &selected);
     void showAlert(std::unique_ptr<UIAlertView> alertView);
 

@@ -13,24 +13,25 @@ namespace
 {
 constexpr unsigned everybodyMayDoEverything = 0777;
 
-/// Nothing is touched before the keeper has agreed.
+/// Nothing is touched before name and keeper have been found in order.
 ThemeInstallation begin(const QString &resources, const QString &name,
                         const ThemeLocations &locations, bool asWorkingCopy)
 {
     ThemeInstallation installation;
     installation.locations = locations;
     installation.asWorkingCopy = asWorkingCopy;
+    const auto source = themeResourceFolder(resources, name);
+    if (!source) {
+        installation.report.refusal = u"no theme's folder can have the name \"%1\""_s.arg(name);
+        return installation;
+    }
+    installation.source = *source;
     installation.keeper = WorkingCopyKeeper::open(locations);
     WorkingCopyKeeper &keeper = *installation.keeper;
-    if (!(asWorkingCopy ? keeper.begin() : keeper.claim())) {
+    if (!(asWorkingCopy ? keeper.begin() : keeper.lock())) {
         installation.report.refusal = keeper.refusal();
         return installation;
     }
-    if (const auto folder = themeResourceFolder(resources, name))
-        installation.source = *folder;
-    else
-        installation.report.addFailure(name,
-                                       std::make_error_code(std::errc::no_such_file_or_directory));
     const QString target = locations.packageFolder();
     const auto old = NSFileManager::itemAtPath(target);
     installation.report.addFailure(target, old.error);
@@ -40,8 +41,9 @@ ThemeInstallation begin(const QString &resources, const QString &name,
     return installation;
 }
 
-/// Why the target does not stand for the source; none when it does. What is in a folder is compared
-/// by itself.
+/// What is wrong with `target` as a copy of `source`; no error when nothing is. Of folders and
+/// links only the kind is compared: what lies in a folder is an entry, and so a comparison, of its
+/// own.
 std::error_code differenceOf(const QString &source, const QString &target)
 {
     const auto differs = std::make_error_code(std::errc::io_error);
@@ -81,7 +83,8 @@ public:
         copy.openFault = NSFileManager::setPosixPermissions(copy.target, everybodyMayDoEverything);
     }
 
-    /// Looked at when all is done: what fails because its folder was copied whole is no failure.
+    /// Judged when all is done, by what then stands. A folder is copied whole, and what lies in it
+    /// once more after that, as on the phone; that those copies fail is no failure.
     SaveReport report()
     {
         for (const Copy &copy : _copies) {
@@ -114,8 +117,6 @@ private:
 SaveReport copyEntries(const ThemeInstallation &installation)
 {
     SaveReport report = installation.report;
-    if (installation.source.isEmpty())
-        return report;
     const auto [entries, error] = NSFileManager::enumeratorAtPath(installation.source);
     report.addFailure(installation.source, error);
     const QString folder = installation.locations.packageFolder();

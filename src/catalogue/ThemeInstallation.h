@@ -15,7 +15,7 @@
 /// Everything that the copying needs, by value: it crosses from the queue to the main thread.
 struct ThemeInstallation {
     ThemeLocations locations;
-    QString source;             // the theme resource folder
+    QString source;             // the theme resource folder; it may be missing
     bool asWorkingCopy = false; // its Info.plist becomes the editor's working copy too
     SaveReport report;          // what the first step could not do
     std::shared_ptr<WorkingCopyKeeper> keeper; // shuts other programs out until the last copy dies
@@ -23,7 +23,7 @@ struct ThemeInstallation {
 
 /// First step of installing the theme `name`; any thread but a window's main one, because it may
 /// wait for another Tintloom. Leaves an empty theme folder, or nothing touched with a refusal in
-/// the report.
+/// the report: when the keeper refuses, or when no folder can have that name.
 ThemeInstallation beginInstalling(const QString &resources, const QString &name,
                                   const ThemeLocations &locations);
 

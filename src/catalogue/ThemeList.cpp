@@ -80,14 +80,16 @@ ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path)
     return list;
 }
 
-int ThemeList::numberOfRowsInSection(int section) const
+const ThemeList::Section &ThemeList::sectionAt(int section) const
 {
-    return int(_sections[size_t(section)].records.size());
+    Q_ASSERT(section >= 0 && section < numberOfSections());
+    return _sections[size_t(section)];
 }
 
 const ThemeRecord &ThemeList::record(int section, int row) const
 {
-    return _sections[size_t(section)].records[size_t(row)];
+    Q_ASSERT(row >= 0 && row < numberOfRowsInSection(section));
+    return sectionAt(section).records[size_t(row)];
 }
 
 const ThemeRecord *ThemeList::find(const QString &name) const

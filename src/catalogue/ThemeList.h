@@ -44,8 +44,8 @@ public:
     /// Titles without regard to case, in the user's locale; those that compare equal by code units.
     int numberOfSections() const { return int(_sections.size()); }
     /// Indexes must be in range, here and below.
-    const QString &titleForSection(int section) const { return _sections[size_t(section)].title; }
-    int numberOfRowsInSection(int section) const;
+    const QString &titleForSection(int section) const { return sectionAt(section).title; }
+    int numberOfRowsInSection(int section) const { return int(sectionAt(section).records.size()); }
     /// In a section, records stand in the order of the file.
     const ThemeRecord &record(int section, int row) const;
     /// The first record of that name, or null.
@@ -58,6 +58,8 @@ private:
         QString title;
         std::vector<ThemeRecord> records;
     };
+
+    const Section &sectionAt(int section) const;
 
     QString _problem;
     std::vector<Section> _sections;

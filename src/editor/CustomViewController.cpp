@@ -369,7 +369,7 @@ void CustomViewController::save()
 
 void CustomViewController::finishSave(const ElementDataSource &saved, const SaveReport &report)
 {
-    _overlays->setNotice(report.notice());
+    _overlays->setNotice(report.notice(), report.copyFrom(_folders.theme));
     removeLoader();
     if (!report.refusal.isEmpty())
         return;

@@ -2,10 +2,10 @@
 //
 //   <package root>/Tintloom/Info.plist                      the theme dictionary, XML
 //   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
-//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points, JPEG bytes on purpose
-//   <documents>/Tintloom/Info.plist                         the working copy, the same dictionary
-//   <documents>/Tintloom/Info.saving.plist                  the old one, only during a save
-//   <documents>/Tintloom/Info.previous.plist                the one before, for "restore"
+//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points; JPEG bytes, as on the
+//   phone <documents>/Tintloom/Info.plist                         the working copy, the same
+//   dictionary <documents>/Tintloom/Info.saving.plist                  the old one, only during a
+//   save <documents>/Tintloom/Info.previous.plist                the one before, for "restore"
 //   <documents>/Preferences.plist                           which theme is installed
 #pragma once
 
@@ -14,6 +14,11 @@
 struct ThemeLocations {
     QString packageRoot;
     QString documents;
+
+    /// The folder in which biteSMS finds themes.
+    static QString phonePackageRoot() { return QStringLiteral("/var/mobile/Library/biteThemes"); }
+    /// Anywhere else, the theme has still to be copied onto the phone.
+    bool isOnPhone() const { return packageRoot == phonePackageRoot(); }
 
     QString packageFolder() const { return packageRoot + QLatin1String("/Tintloom"); }
     QString packageInfo() const { return packageFolder() + QLatin1String("/Info.plist"); }

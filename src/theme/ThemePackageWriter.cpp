@@ -67,7 +67,8 @@ QByteArray solidJpeg(const PropertyDictionary &dictionary, const QString &key, c
     return UIImageJPEGRepresentation(imageWithColorRect(color, rect, scale), jpegQuality);
 }
 
-/// The write step's hold on its report and on the one slot for permission faults.
+/// Writes the files of one save, one after the other, and notes for the report what becomes of
+/// each.
 class Writing
 {
 public:
@@ -96,7 +97,7 @@ public:
         note(path, _keeper.write(bytes));
     }
 
-    /// The last step of a save. A fault leaves both old and new for the next start to sort out.
+    /// The last step of a save. After a fault both old and new stand, and the next start decides.
     void endReplacement(const QString &path) { _report.addFailure(path, _keeper.end()); }
 
     void createFolder(const QString &path)
@@ -132,7 +133,8 @@ private:
         _report.addFailure(path, error);
     }
 
-    /// The slot is set once and never cleared: the first fault is logged after each group of files.
+    /// Only the first fault of the save is kept for the log, and nothing clears it: what the
+    /// package had is logged again after the working copy, as on the phone.
     void keepFault(const QString &path, const std::error_code &error)
     {
         if (error && _fault.isEmpty())
@@ -164,11 +166,17 @@ QString SaveReport::notice() const
     return text.isEmpty() ? text : u"Not everything could be written."_s + text;
 }
 
+QString SaveReport::copyFrom(const ThemeLocations &locations) const
+{
+    const bool isWhole = refusal.isEmpty() && failures.empty();
+    return isWhole && !locations.isOnPhone() ? locations.packageRoot : QString();
+}
+
 PropertyDictionary themeDictionary(const ElementDataSource &source)
 {
     PropertyDictionary dictionary = source.predefinedDict();
     for (const auto &record : source.tableSource()) {
-        if (record.isChoice())
+        if (record.isChoice()) // an open choice is "0", as on the phone
             dictionary.setValue(record.key,
                                 record.value.isValid() ? record.value : QVariant(u"0"_s));
         else if (record.color.isValid())

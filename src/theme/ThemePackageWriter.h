@@ -32,6 +32,8 @@ struct SaveReport {
     /// What a person should know, a line each: why nothing was touched, or what could not be
     /// written. Empty when all went well.
     QString notice() const;
+    /// The folder that a whole theme has still to be copied from, onto the phone; else empty.
+    QString copyFrom(const ThemeLocations &locations) const;
     /// Ignored when the path already has a reason, or when the error is none.
     void addFailure(const QString &path, const std::error_code &error);
 };

@@ -54,8 +54,9 @@ bool isInside(const QString &folder, const QString &outer)
 std::shared_ptr<WorkingCopyKeeper> WorkingCopyKeeper::open(const ThemeLocations &locations)
 {
     const std::shared_ptr<WorkingCopyKeeper> keeper(new WorkingCopyKeeper(locations));
-    keeper->lock(locations.packageRoot); // everybody locks in this order, so nobody waits in a ring
-    keeper->lock(locations.documents);
+    // Everybody locks in this order, so nobody waits in a ring.
+    keeper->lockFolder(locations.packageRoot);
+    keeper->lockFolder(locations.documents);
     if (!keeper->_refusal.isEmpty())
         return keeper;
     removeTemporaryFiles(locations.documents);
@@ -64,11 +65,11 @@ std::shared_ptr<WorkingCopyKeeper> WorkingCopyKeeper::open(const ThemeLocations 
         if (isRealFolder(locations.indicatorFolder()))
             removeTemporaryFiles(locations.indicatorFolder());
     }
-    keeper->recover();
+    keeper->recoverAtStart();
     return keeper;
 }
 
-void WorkingCopyKeeper::recover()
+void WorkingCopyKeeper::recoverAtStart()
 {
     const QString folder = _locations.workingCopyFolder();
     const auto [kind, error] = NSFileManager::itemAtPath(folder);
@@ -77,7 +78,7 @@ void WorkingCopyKeeper::recover()
     if (kind != Kind::Folder)
         return;
     removeTemporaryFiles(folder);
-    if (const auto error = settle())
+    if (const auto error = recover())
         _refusal = u"an interrupted save cannot be recovered: "_s +
                    withReason(_locations.workingCopyAside(), error);
 }
@@ -94,7 +95,7 @@ void WorkingCopyKeeper::setPatience(std::chrono::milliseconds newPatience)
     patience = newPatience;
 }
 
-void WorkingCopyKeeper::lock(const QString &folder)
+void WorkingCopyKeeper::lockFolder(const QString &folder)
 {
     const QString name = QFileInfo(folder).canonicalFilePath();
     if (name.isEmpty() || _lockedFolders.contains(name) || !_refusal.isEmpty())
@@ -119,42 +120,46 @@ void WorkingCopyKeeper::lock(const QString &folder)
     }
 }
 
-/// A removal in the package must not reach the working copy, nor one beside the working copy lead
-/// through a link into somebody else's folder.
-void WorkingCopyKeeper::refuseStrangeFolders()
+/// Whatever changes the package empties it first.
+bool WorkingCopyKeeper::refuseToEmptyTheWorkingCopysFolder()
 {
-    const QString folder = _locations.workingCopyFolder();
-    const QString documents = QFileInfo(_locations.documents).canonicalFilePath();
-    const QString root = QFileInfo(_locations.packageRoot).canonicalFilePath();
-    const ThemeLocations real{root, documents};
-    const auto item = NSFileManager::itemAtPath(folder);
-    if (item.error)
-        _refusal = withReason(folder, item.error);
-    else if (item.kind == Kind::Link)
-        _refusal =
-            u"%1 is a symbolic link; the choices are kept in a real folder only"_s.arg(folder);
-    else if (!root.isEmpty() && !documents.isEmpty() &&
-             isInside(real.workingCopyFolder(), real.packageFolder()))
-        _refusal = u"%1 lies in the theme's own folder, which every save empties"_s.arg(folder);
+    const ThemeLocations real{QFileInfo(_locations.packageRoot).canonicalFilePath(),
+                              QFileInfo(_locations.documents).canonicalFilePath()};
+    if (!real.packageRoot.isEmpty() && !real.documents.isEmpty() &&
+        isInside(real.workingCopyFolder(), real.packageFolder()))
+        _refusal = u"%1 lies in the theme's own folder, which every save empties"_s.arg(
+            _locations.workingCopyFolder());
+    return !_refusal.isEmpty();
 }
 
-bool WorkingCopyKeeper::claim()
+/// Where a link leads, somebody else's files may have the names of ours.
+bool WorkingCopyKeeper::refuseToFollowALink()
+{
+    const QString folder = _locations.workingCopyFolder();
+    const auto [kind, error] = NSFileManager::itemAtPath(folder);
+    if (error)
+        _refusal = withReason(folder, error);
+    else if (kind == Kind::Link)
+        _refusal =
+            u"%1 is a symbolic link; the choices are kept in a real folder only"_s.arg(folder);
+    return !_refusal.isEmpty();
+}
+
+bool WorkingCopyKeeper::lock()
 {
     if (!_refusal.isEmpty())
         return false;
     // What cannot be made here shows as soon as something is to be written there.
     NSFileManager::createDirectoryAtPath(_locations.packageRoot);
     NSFileManager::createDirectoryAtPath(_locations.documents);
-    lock(_locations.packageRoot);
-    lock(_locations.documents);
-    if (_refusal.isEmpty())
-        refuseStrangeFolders();
-    return _refusal.isEmpty();
+    lockFolder(_locations.packageRoot);
+    lockFolder(_locations.documents);
+    return _refusal.isEmpty() && !refuseToEmptyTheWorkingCopysFolder();
 }
 
 bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
 {
-    if (!claim())
+    if (!lock() || refuseToFollowALink())
         return false;
     if (willReplace)
         willReplace();
@@ -166,7 +171,7 @@ bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
 
 std::error_code WorkingCopyKeeper::moveAside()
 {
-    if (const auto error = settle())
+    if (const auto error = recover())
         return error;
     const QString path = _locations.workingCopy();
     const auto [kind, error] = NSFileManager::itemAtPath(path);
@@ -175,14 +180,15 @@ std::error_code WorkingCopyKeeper::moveAside()
     if (kind == Kind::Folder) // in the place of our file, and no choices of anybody's
         return NSFileManager::removeItemAtPath(path);
     if (const auto fault = NSFileManager::moveItemAtPath(path, _locations.workingCopyAside())) {
-        settle(); // it may have been moved and only not flushed
+        recover(); // it may have been moved and only not flushed
         return fault;
     }
     _isAside = true;
     return {};
 }
 
-std::error_code WorkingCopyKeeper::settle()
+/// Does what an interrupted replacement has left to do; nothing when there was none.
+std::error_code WorkingCopyKeeper::recover()
 {
     const auto aside = NSFileManager::itemAtPath(_locations.workingCopyAside());
     if (aside.error || aside.kind == Kind::Nothing)
@@ -194,7 +200,7 @@ std::error_code WorkingCopyKeeper::settle()
         return error; // unread, it may be all that there is of the new choices
     const bool newOnesStand = !error && PropertyList::readDictionary(bytes);
     if (const auto fault = newOnesStand
-                               ? keepAsEarlier(true)
+                               ? keepAsEarlier(IfUnreadable::KeepAsEarlier)
                                : NSFileManager::moveItemAtPath(_locations.workingCopyAside(),
                                                                _locations.workingCopy()))
         return fault;
@@ -204,20 +210,26 @@ std::error_code WorkingCopyKeeper::settle()
     return {};
 }
 
-/// Only what differs is worth its place as the earlier generation. At the end of a replacement an
-/// error of reading leaves the decision to the next start; that takes what it cannot read for
-/// different, or nobody would ever get past an unreadable file.
-std::error_code WorkingCopyKeeper::keepAsEarlier(bool isRecovery)
+/// The old working copy, which stands aside, becomes the earlier generation, or is dropped when the
+/// new one is the same.
+///
+/// Whether it is the same cannot be told while one of the two cannot be read. The end of a
+/// replacement then leaves the old one aside, for a later start may be able to read it. A start
+/// itself cannot put the question off once more, or Tintloom would never start again: it keeps the
+/// old one as if it differed.
+std::error_code WorkingCopyKeeper::keepAsEarlier(IfUnreadable choice)
 {
     const QString aside = _locations.workingCopyAside();
     const auto before = NSFileManager::contentsAtPath(aside);
     const auto now = NSFileManager::contentsAtPath(_locations.workingCopy());
     if (!before.error && !now.error && before.bytes == now.bytes)
         return NSFileManager::removeItemAtPath(aside);
-    if (!isRecovery && before.error)
-        return before.error;
-    if (!isRecovery && now.error && !isMissing(now.error))
-        return now.error;
+    if (choice == IfUnreadable::LeaveAside) {
+        if (before.error)
+            return before.error;
+        if (now.error && !isMissing(now.error)) // missing: a theme without choices of its own
+            return now.error;
+    }
     return NSFileManager::moveItemAtPath(aside, _locations.earlierWorkingCopy());
 }
 
@@ -234,6 +246,7 @@ std::error_code WorkingCopyKeeper::copy(const QString &file)
 
 std::error_code WorkingCopyKeeper::replaceWith(const QByteArray &bytes, std::error_code error)
 {
+    Q_ASSERT(_begun);
     if (!error)
         error = _notKept;
     if (!error)
@@ -247,15 +260,13 @@ std::error_code WorkingCopyKeeper::end()
     const bool isAside = std::exchange(_isAside, false);
     if (!std::exchange(_begun, false) || !isAside)
         return {};
-    return _failed ? settle() : keepAsEarlier(false);
+    return _failed ? recover() : keepAsEarlier(IfUnreadable::LeaveAside);
 }
 
 WorkingCopyKeeper::Restoration WorkingCopyKeeper::restore()
 {
     const QString earlier = _locations.earlierWorkingCopy();
-    if (_refusal.isEmpty())
-        refuseStrangeFolders();
-    if (!_refusal.isEmpty())
+    if (!_refusal.isEmpty() || refuseToFollowALink())
         return {Restored::Failed, _refusal};
     const auto [bytes, error] = NSFileManager::contentsAtPath(earlier);
     if (isMissing(error))
@@ -267,11 +278,11 @@ WorkingCopyKeeper::Restoration WorkingCopyKeeper::restore()
     if (const auto fault = moveAside())
         return {Restored::Failed, withReason(_locations.workingCopy(), fault)};
     if (const auto fault = NSFileManager::moveItemAtPath(earlier, _locations.workingCopy())) {
-        settle();
+        recover();
         return {Restored::Failed, withReason(earlier, fault)};
     }
-    if (const auto fault =
-            std::exchange(_isAside, false) ? keepAsEarlier(false) : std::error_code())
+    if (const auto fault = std::exchange(_isAside, false) ? keepAsEarlier(IfUnreadable::LeaveAside)
+                                                          : std::error_code())
         return {Restored::Failed, withReason(_locations.workingCopyAside(), fault)};
     return {};
 }

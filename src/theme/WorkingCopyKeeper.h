@@ -50,15 +50,15 @@ public:
     /// Why neither package nor working copy may be touched, for people; else empty.
     const QString &refusal() const { return _refusal; }
 
-    /// Locks the folders to change the package, making them first. False with a refusal() when
-    /// nothing may be touched.
-    bool claim();
-    /// Begins a replacement: claims the folders, calls `willReplace`, and moves the old working
-    /// copy aside. Call it before anything is removed. False with a refusal() when nothing may be
-    /// touched. When the old one cannot be kept, it stays where it is, and write() and copy() fail
-    /// for that reason.
+    /// Locks the folders to change the package alone, making them first. False with a refusal()
+    /// when nothing may be touched.
+    bool lock();
+    /// Begins a replacement: locks the folders likewise, calls `willReplace`, and moves the old
+    /// working copy aside. Call it before anything is removed. False with a refusal() when nothing
+    /// may be touched. When the old one cannot be kept, it stays where it is, and write() and
+    /// copy() fail for that reason.
     bool begin(const std::function<void()> &willReplace = {});
-    /// Writes the new working copy, or copies a file; atomically.
+    /// Writes the new working copy, or copies a file; atomically. Only after begin() has agreed.
     std::error_code write(const QByteArray &bytes);
     std::error_code copy(const QString &file);
     /// Ends the replacement. If a write failed and no new working copy stands, the old one goes
@@ -78,12 +78,14 @@ public:
 
 private:
     explicit WorkingCopyKeeper(const ThemeLocations &locations) : _locations(locations) {}
-    void lock(const QString &folder);
-    void recover();
-    void refuseStrangeFolders();
+    void lockFolder(const QString &folder);
+    void recoverAtStart();
+    std::error_code recover();
+    bool refuseToEmptyTheWorkingCopysFolder();
+    bool refuseToFollowALink();
     std::error_code moveAside();
-    std::error_code settle();
-    std::error_code keepAsEarlier(bool isRecovery);
+    enum class IfUnreadable { LeaveAside, KeepAsEarlier };
+    std::error_code keepAsEarlier(IfUnreadable choice);
     std::error_code replaceWith(const QByteArray &bytes, std::error_code error);
 
     const ThemeLocations _locations;

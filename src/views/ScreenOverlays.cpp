@@ -1,6 +1,10 @@
 #include "views/ScreenOverlays.h"
 
 #include "platform/QMLViews.h"
+#include "platform/foundation/NSLog.h"
+
+#include <QDesktopServices>
+#include <QUrl>
 
 void ScreenOverlays::setView(QQuickItem *view, QQmlEngine *engine)
 {
@@ -18,26 +22,42 @@ void ScreenOverlays::setFrames(const QRectF &loadingFrame, double noticeBottom)
 void ScreenOverlays::showLoaderWithLabel(const QString &label)
 {
     _loadingText = label;
-    _loadingView = overlay("views/LoaderBox.qml");
+    _loader = overlay("views/LoaderBox.qml", _view);
     emit loadingChanged();
 }
 
 void ScreenOverlays::removeLoader()
 {
-    takeAway(_loadingView);
+    takeAway(_loader);
     emit loadingChanged();
 }
 
-void ScreenOverlays::setNotice(const QString &notice)
+QQuickItem *ScreenOverlays::loadingItem(const char *name) const
 {
-    if (_notice == notice)
+    return _loader ? _loader->findChild<QQuickItem *>(name) : nullptr;
+}
+
+void ScreenOverlays::setNotice(const QString &notice, const QString &copyFrom)
+{
+    if (_notice == notice && _copyFrom == copyFrom)
         return;
+    if (_strip && _strip->hasActiveFocus()) // the keyboard goes back to where it came from
+        _strip->nextItemInFocusChain(false)->forceActiveFocus(Qt::BacktabFocusReason);
+    takeAway(_strip);
     _notice = notice;
+    _copyFrom = copyFrom;
     emit noticeChanged();
-    if (_notice.isEmpty())
-        takeAway(_noticeStrip);
-    else if (!_noticeStrip)
-        _noticeStrip = overlay("views/NoticeStrip.qml");
+    const char *file = !notice.isEmpty()     ? "views/NoticeStrip.qml"
+                       : !copyFrom.isEmpty() ? "views/FolderStrip.qml"
+                                             : nullptr;
+    if (file)
+        _strip = overlay(file, _view->property("content").value<QQuickItem *>());
+}
+
+void ScreenOverlays::showFolder() const
+{
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(_copyFrom)))
+        NSLog("Nothing on this desktop shows the folder %@", {_copyFrom});
 }
 
 // It may be taken away by a tap on itself, so it outlives the tap.
@@ -50,10 +70,10 @@ void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
     item.clear();
 }
 
-QQuickItem *ScreenOverlays::overlay(const char *file)
+QQuickItem *ScreenOverlays::overlay(const char *file, QQuickItem *parent)
 {
     QQuickItem *item = QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}});
-    item->setParent(_view);
-    item->setParentItem(_view);
+    item->setParent(parent);
+    item->setParentItem(parent);
     return item;
 }

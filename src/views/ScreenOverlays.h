@@ -1,7 +1,8 @@
-// What a screen lays over everything else on it: the busy box while something is going on, and the
-// strip that says what could not be written.
+// What a screen lays over everything else on it: the busy box while something is going on, and a
+// strip that says what came of it: in red, what could not be written; quietly, where a theme is
+// that has still to be copied onto the phone.
 //
-// The screen decides when and where; the two QML files beside this one draw. Main thread only.
+// The screen decides when and where; the QML files beside this one draw. Main thread only.
 #pragma once
 
 #include <QObject>
@@ -18,6 +19,7 @@ class ScreenOverlays : public QObject
     Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(QString copyFrom READ copyFrom NOTIFY noticeChanged FINAL)
     Q_PROPERTY(QRectF loadingFrame READ loadingFrame NOTIFY framesChanged FINAL)
     Q_PROPERTY(double noticeBottom READ noticeBottom NOTIFY framesChanged FINAL)
 
@@ -26,9 +28,10 @@ public:
     /// the view.
     explicit ScreenOverlays(QObject *parent) : QObject(parent) {}
 
-    /// Both must be set before anything is shown.
+    /// Both must be set before anything is shown. The strip goes into the view's "content", and
+    /// takes input when that does.
     void setView(QQuickItem *view, QQmlEngine *engine);
-    /// Points, in the view: the busy box, and the y that the strip stands on.
+    /// Points, in the view: the busy box, and the y that a strip stands on.
     void setFrames(const QRectF &loadingFrame, double noticeBottom);
     QRectF loadingFrame() const { return _loadingFrame; }
     double noticeBottom() const { return _noticeBottom; }
@@ -36,13 +39,21 @@ public:
     /// The box swallows every touch of the view while it is up.
     void showLoaderWithLabel(const QString &label);
     void removeLoader();
-    bool isLoading() const { return !_loadingView.isNull(); }
+    bool isLoading() const { return !_loader.isNull(); }
     QString loadingText() const { return _loadingText; }
+    /// The box, its text and its spinner; null while it is not up.
+    QQuickItem *loadingView() const { return loadingItem("_loadingView"); }
+    QQuickItem *loadingLabel() const { return loadingItem("_loadingLabel"); }
+    QQuickItem *spinningIndicator() const { return loadingItem("_spinningIndicator"); }
 
-    /// Lines for people; the strip is up while there are any.
-    void setNotice(const QString &notice);
+    /// Lines for people, or else the folder that a theme is to be copied from; a strip is up while
+    /// there is either. With both it shows the lines.
+    void setNotice(const QString &notice, const QString &copyFrom = {});
     QString notice() const { return _notice; }
+    QString copyFrom() const { return _copyFrom; }
     Q_INVOKABLE void dismissNotice() { setNotice({}); }
+    /// Shows the folder in the desktop's file manager.
+    Q_INVOKABLE void showFolder() const;
 
 signals:
     void loadingChanged();
@@ -50,8 +61,9 @@ signals:
     void framesChanged();
 
 private:
-    /// A new item above everything in the view, which owns it.
-    QQuickItem *overlay(const char *file);
+    /// A new item above everything in `parent`, which owns it.
+    QQuickItem *overlay(const char *file, QQuickItem *parent);
+    QQuickItem *loadingItem(const char *name) const;
     static void takeAway(QPointer<QQuickItem> &item);
 
     QQuickItem *_view = nullptr;
@@ -59,7 +71,8 @@ private:
     QRectF _loadingFrame;
     double _noticeBottom = 0.0;
     QString _loadingText;
-    QPointer<QQuickItem> _loadingView; // while the loader is up
+    QPointer<QQuickItem> _loader; // while it is up
     QString _notice;
-    QPointer<QQuickItem> _noticeStrip; // while there is a notice
+    QString _copyFrom;
+    QPointer<QQuickItem> _strip; // while there is something to say
 };

@@ -61,15 +61,9 @@ std::set<std::string> completed(const QStringList &words)
     EXPECT_EQ(bash.readAllStandardError(), "");
     return found(QString::fromUtf8(bash.readAllStandardOutput()), "^(.+)$");
 }
-
-/// The manual page's section of that name.
-QString manual(const QString &section)
-{
-    return manual().section(".SH " + section, 1).section(".SH ", 0, 0);
-}
 } // namespace
 
-TEST(HelpTest, ManualReadmeAndCompletionHaveItsOptions)
+TEST(HelpTest, ManualReadmeAndCompletionHaveItsOptionsAndCommands)
 {
     const QString option = "(--[a-z][a-z-]*)";
     const auto options = found(help(), "^  " + option);
@@ -82,32 +76,26 @@ TEST(HelpTest, ManualReadmeAndCompletionHaveItsOptions)
         EXPECT_FALSE(CommandLine::parse({"tintloom", QString::fromStdString(name), "1"})
                          .text.contains("Unknown option"))
             << name << " is refused";
-}
 
-TEST(HelpTest, ManualReadmeAndCompletionHaveItsCommands)
-{
     const auto commands = found(help(), "^  tintloom ([a-z-]+)");
     ASSERT_GE(commands.size(), 2U) << "the help's commands were not found";
     EXPECT_EQ(found(manual(), "^\\.SY \"tintloom ([a-z-]+)"), commands) << "manual, synopsis";
-    EXPECT_EQ(found(manual("DESCRIPTION"), "^\\.TP\n\\.B ([a-z-]+)$"), commands)
+    EXPECT_EQ(found(manual().section(".SH OPTIONS", 0, 0), "^\\.TP\n\\.B ([a-z-]+)$"), commands)
         << "manual, description";
     EXPECT_EQ(found(readme(), "^\\./run ([a-z-]+)"), commands) << "README.md, Without a window";
     EXPECT_EQ(completed({""}), commands) << "tintloom.bash";
 }
 
-TEST(HelpTest, ManualAndReadmeHaveItsVariablesAndStatuses)
+TEST(HelpTest, TheDecisionsNameTestsThatAreThere)
 {
-    const QString variable = "\\b(TINTLOOM_[A-Z_]+)";
-    const auto variables = found(help(), variable);
-    ASSERT_GE(variables.size(), 3U) << "the help's variables were not found";
-    EXPECT_EQ(found(manual(), "^\\.B " + variable), variables) << "packaging/tintloom.1.in";
-    EXPECT_EQ(found(readme(), variable), variables) << "README.md";
-
-    const auto statuses = found(help().section("Exit status:", 1), "(?:^|[ ,])([0-9]+) ");
-    ASSERT_GE(statuses.size(), 2U) << "the help's statuses were not found";
-    EXPECT_EQ(found(manual("EXIT STATUS"), "^\\.B ([0-9]+)$"), statuses) << "manual";
-    EXPECT_EQ(found(readme().section("Exit status:", 1), "(?:^|[ ;])([0-9]+) "), statuses)
-        << "README.md, exit status";
+    QString sources;
+    for (const QString &file : tree(TINTLOOM_SOURCE_DIR "/tests").filter("Test.cpp"))
+        sources += read("tests/" + file);
+    const auto tests = found(read("docs/decisions.md"), "`([A-Za-z]+\\.[A-Z][A-Za-z]+)`");
+    ASSERT_GE(tests.size(), 10U);
+    for (const std::string &test : tests)
+        EXPECT_TRUE(sources.contains(QString::fromStdString(test).replace(".", ", ") + ")"))
+            << test;
 }
 
 TEST(HelpTest, CompletionFitsTheWordsBefore)

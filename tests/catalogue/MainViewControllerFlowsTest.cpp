@@ -1,13 +1,29 @@
 #include "support/CatalogueFixture.h"
+#include "theme/WorkingCopyKeeper.h"
 
-#include <semaphore>
+#include <QAccessible>
+#include <QDesktopServices>
+#include <QQmlComponent>
+#include <QTimer>
 
 namespace
 {
-constexpr QFileDevice::Permissions everything(0x7777); // Qt counts the owner twice
-const QStringList filesOfRed{"Extra", "Extra/Info.plist", "Info.plist", "UIKit", "UIKit/image.png"};
+using enum NSFileManager::Operation;
 
-using MainViewControllerFlowsTest = CatalogueFixture;
+constexpr QFileDevice::Permissions everything(0x7777); // Qt counts the owner twice
+const QStringList filesOfRed{"Info.plist", "Nested", "Nested/Info.plist", "UIKit",
+                             "UIKit/image.png"};
+
+struct MainViewControllerFlowsTest : CatalogueFixture {
+    void expectAlert(const QString &title, const QString &message, const QStringList &buttons)
+    {
+        ASSERT_TRUE(window().alert());
+        EXPECT_EQ(window().alert()->title(), title);
+        EXPECT_EQ(window().alert()->message(), message);
+        EXPECT_EQ(window().alert()->buttonTitles(), buttons);
+    }
+    QString notice() { return catalogue().overlays()->notice(); }
+};
 } // namespace
 
 TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
@@ -15,67 +31,68 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
     put(installed("old.txt"), "gone afterwards");
     open();
     tap(row("Red"));
-    ASSERT_TRUE(window().alert());
-    EXPECT_EQ(window().alert()->title(), "Selecting this will overwrite your current theme.");
-    EXPECT_EQ(window().alert()->message(), "Are you sure you want to continue?");
-    EXPECT_EQ(window().alert()->buttonTitles(), (QStringList{"Cancel", "OK"}));
+    expectAlert("Selecting this will overwrite your current theme.",
+                "Are you sure you want to continue?", {"Cancel", "OK"});
+    EXPECT_FALSE(row("Red")->isSelected());
     answer(0);
     EXPECT_EQ(tree(_packageRoot), (QStringList{"Tintloom", "Tintloom/old.txt"}));
-    EXPECT_FALSE(catalogue().selectedTheme());
 
     tap(row("Red"));
     testing::internal::CaptureStderr();
     ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "SAVING THEME... Red\n");
-    EXPECT_EQ(window().alert()->message(),
-              "Red has been saved. Check biteSMS for \"Tintloom\" under themes then select "
-              "\"Apply Theme\".");
-    EXPECT_EQ(window().alert()->buttonTitles(), QStringList{"OK"});
+    expectAlert("Saved",
+                "Red has been saved. Check biteSMS for \"Tintloom\" under themes then select "
+                "\"Apply Theme\".",
+                {"OK"});
     answer(0);
-    EXPECT_FALSE(navigation().canGoBack() || item("notice"));
+    EXPECT_FALSE(navigation().canGoBack());
     EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
     for (const QString &file : filesOfRed)
         EXPECT_EQ(QFileInfo(installed(file)).permissions(), everything) << file.toStdString();
-    EXPECT_EQ(contents(installed("UIKit/image.png")), "picture");
     EXPECT_FALSE(QFileInfo::exists(folders().theme.workingCopy()));
+    EXPECT_EQ(catalogue().selectedTheme(), "Red");
+    EXPECT_EQ(row("Red")->backgroundColor(), QColor(255, 255, 210));
+    EXPECT_EQ(row("Red")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
 
-    for (const bool restarted : {false, true}) {
-        if (restarted)
-            open();
-        EXPECT_EQ(catalogue().selectedTheme(), "Red");
-        EXPECT_EQ(row("Red")->backgroundColor(), QColor(255, 255, 210));
-        EXPECT_EQ(row("Red")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
-        EXPECT_EQ(row("Blue")->backgroundColor(), QColor(Qt::white));
-    }
-    put(installed("mine.txt"), "stays");
     tap(row("Red"));
-    EXPECT_EQ(window().alert()->title(), "Red is already your chosen theme.");
-    EXPECT_EQ(window().alert()->message(), "");
+    expectAlert("Red is already your chosen theme.", "", {"OK"});
     answer(0);
     EXPECT_FALSE(window().alert());
-    EXPECT_TRUE(QFileInfo::exists(installed("mine.txt")));
+
+    // The strip leads to the folder until it is dismissed.
+    QQmlComponent desktop(qmlEngine(&table())); // anything that takes an URL
+    QDesktopServices::setUrlHandler("file", &desktop, "loadUrl");
+    ASSERT_TRUE(item("folderStrip"));
+    EXPECT_EQ(sceneFrame(item("folderStrip")).bottom(), 568.0);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(item("folderStrip"))
+                    ->text(QAccessible::Name)
+                    .contains(_packageRoot));
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(desktop.url(), QUrl::fromLocalFile(_packageRoot));
+    QDesktopServices::unsetUrlHandler("file");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(item("folderStrip"));
+    EXPECT_TRUE(table().hasActiveFocus());
 }
 
 TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
 {
     put(folders().theme.workingCopy(), info("#00FF00FF"));
-    put(folders().theme.workingCopyFolder() + "/other.txt", "stays");
     open();
     table().reloadData(); // a second recogniser on each cell, of which only one may fire
     settle();
     longPress("Red");
-    ASSERT_TRUE(window().alert());
-    EXPECT_EQ(window().alert()->title(),
-              "Would you like to send this theme to the editor to edit?");
-    EXPECT_EQ(window().alert()->message(), "Doing so will overwrite your current custom theme.");
-    EXPECT_EQ(window().alert()->buttonTitles(), (QStringList{"No", "Yes"}));
+    expectAlert("Would you like to send this theme to the editor to edit?",
+                "Doing so will overwrite your current custom theme.", {"No", "Yes"});
+    EXPECT_FALSE(row("Red")->isSelected());
     answer(0);
     EXPECT_FALSE(window().alert()); // there was one, and the row was not tapped besides
-    EXPECT_EQ(contents(folders().theme.workingCopy()), info("#00FF00FF"));
     EXPECT_FALSE(QFileInfo::exists(_packageRoot));
 
     // The editor that a tap opened before shows the old working copy.
-    tap(row("Build Your Own!"));
+    tap(row("Mine"));
     finishSlide();
     const std::weak_ptr<CustomViewController> first = catalogue().customViewController();
     EXPECT_EQ(editor().source().record(0, 0).color, "#00FF00FF");
@@ -87,93 +104,89 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "SAVING PREDEFINED THEME... Red\n-[CustomViewController dealloc]\n");
     EXPECT_TRUE(first.expired());
-    EXPECT_EQ(window().alert()->message(), "Red has been saved as your custom theme.");
+    expectAlert("Saved", "Red has been saved as your custom theme.", {"OK"});
     EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
-    EXPECT_EQ(contents(folders().theme.workingCopy()), info("#FF0000FF"));
-    EXPECT_EQ(tree(folders().theme.workingCopyFolder()),
-              (QStringList{"Info.plist", "Info.previous.plist", "other.txt"}));
-    EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!");
     EXPECT_EQ(row("Build Your Own!")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
-
+    navigation().setNavigationBarColor(Qt::gray);
     answer(0);
     finishSlide();
     ASSERT_TRUE(navigation().canGoBack());
+    EXPECT_EQ(navigation().navigationBarColor(), QColor(Qt::gray)); // only a tap colours it
     EXPECT_EQ(editor().source().record(0, 0).color, "#FF0000FF");
 }
 
 TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
 {
     open();
-    tap(row("Blue"));
-    ASSERT_TRUE(agreeAndWait());
-    answer(0);
+    put(installed("old.txt"), "to be removed");
+    catalogue().setSelectedTheme("Blue");
+    settle();
     tap(row("Build Your Own!"));
     finishSlide();
-    const auto reached = std::make_shared<std::binary_semaphore>(0);
-    const auto gate = std::make_shared<std::binary_semaphore>(0);
-    NSFileManager::setFaultHook([=, this](NSFileManager::Operation operation, const QString &path) {
-        if (operation == NSFileManager::Operation::Remove &&
-            path == folders().theme.packageFolder()) {
-            reached->release();
-            gate->acquire();
+    NSFileManager::setFaultHook([this](NSFileManager::Operation operation, const QString &path) {
+        if (operation == Remove && path == folders().theme.packageFolder()) {
+            EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!"); // before anything is removed
+        }
+        if (path == folders().theme.listBackground()) {
+            EXPECT_EQ(QThread::currentThread(), qApp->thread());
         }
         return std::error_code();
     });
-    tapSave();
-    reached->acquire();
-    EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!"); // before anything is replaced
+    editor().save();
     EXPECT_EQ(sceneFrame(item("_loadingView")), QRectF(85, 175, 150, 130));
-    goBack(); // not now: the catalogue could begin an installation into the same folder
+    // Not now: the catalogue could begin an installation into the same folder.
+    navigation().goBack();
     EXPECT_TRUE(navigation().canGoBack());
-    gate->release();
     ASSERT_TRUE(waitForSaved());
     answer(0);
     goBack();
     EXPECT_EQ(row("Blue")->backgroundColor(), QColor(Qt::white));
     EXPECT_EQ(row("Build Your Own!")->backgroundColor(), QColor(255, 255, 210));
+}
+
+TEST_F(MainViewControllerFlowsTest, AnEditorWithoutElementsEndsTheProgram)
+{
+    writeDocument(R"([{"key": "k"}])");
     open();
-    EXPECT_EQ(catalogue().selectedTheme(), "Build Your Own!");
+    QTimer::singleShot(0, &catalogue(), [this] { tap(row("Build Your Own!")); });
+    QTimer::singleShot(10'000, &catalogue(), &QCoreApplication::quit); // it goes on
+    EXPECT_EQ(QCoreApplication::exec(), EXIT_FAILURE);
+    EXPECT_FALSE(navigation().canGoBack());
 }
 
 TEST_F(MainViewControllerFlowsTest, TheListIsFrozenWhileItWorks)
 {
     open();
-    const auto gate = std::make_shared<std::binary_semaphore>(0);
-    NSFileManager::setFaultHook(
-        [=, first = true](NSFileManager::Operation, const QString &) mutable {
-            if (std::exchange(first, false))
-                gate->acquire(); // the queue waits at its first operation
-            return std::error_code();
-        });
+    auto other = WorkingCopyKeeper::open(folders().theme); // for whom the queue waits
+    ASSERT_TRUE(other->lock());
     tap(row("Red"));
     answer(1);
-    EXPECT_EQ(sceneFrame(item("_loadingView")), QRectF(85, 219, 150, 130));
-    EXPECT_FALSE(table().isScrollEnabled());
+    EXPECT_EQ(sceneFrame(catalogue().loadingView()), QRectF(85, 219, 150, 130));
+    EXPECT_EQ(catalogue().loadingLabel()->size(), QSizeF(150, 80));
+    EXPECT_EQ(sceneFrame(catalogue().spinningIndicator()), QRectF(142, 284, 37, 37));
+    EXPECT_EQ(catalogue().loadingLabel()->property("text"), "Saving theme...");
+    EXPECT_FALSE(table().isScrollEnabled() || table().allowsSelection());
     tap(row("Blue"));
     longPress("Blue");
     press(Qt::Key_Return);
     EXPECT_FALSE(window().alert());
-    gate->release();
+    other.reset();
     ASSERT_TRUE(waitForSaved());
-    EXPECT_FALSE(item("_loadingView"));
+    EXPECT_FALSE(catalogue().loadingView());
     EXPECT_TRUE(table().isScrollEnabled() && table().allowsSelection());
 }
 
 TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
 {
+    _records += themeRecord("alpha", "../Red");
     open();
-    NSFileManager::setFaultHook([](NSFileManager::Operation operation, const QString &path) {
-        return operation == NSFileManager::Operation::Copy && path.contains("UIKit")
-                   ? std::make_error_code(std::errc::no_space_on_device)
-                   : std::error_code();
-    });
+    NSFileManager::setFaultHook(failing(Copy, "/UIKit"));
     tap(row("Red"));
     ASSERT_TRUE(agreeAndWait());
     answer(0);
-    EXPECT_TRUE(catalogue().overlays()->notice().contains(installed("UIKit/image.png") +
-                                                          ": No space left on device"));
-    EXPECT_FALSE(catalogue().overlays()->notice().contains("Info.plist"));
-    ASSERT_TRUE(item("notice"));
+    EXPECT_TRUE(notice().contains(installed("UIKit") + ": No space left on device"));
+    EXPECT_TRUE(notice().contains("image.png") && !notice().contains("Info.plist"));
+    ASSERT_TRUE(item("notice") && !item("folderStrip"));
     EXPECT_EQ(sceneFrame(item("notice")).bottom(), 568.0);
     tap(sceneFrame(item("notice")).topRight() + QPointF(-22, 22));
     EXPECT_FALSE(item("notice"));
@@ -183,7 +196,15 @@ TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
     tap(row("Stripes"));
     ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(tree(_packageRoot), QStringList{"Tintloom"});
-    EXPECT_TRUE(catalogue().overlays()->notice().contains(_resources + "/Stripes: No such file"));
+    EXPECT_TRUE(notice().contains(_resources + "/Stripes: No such file"));
+    answer(0);
+
+    // No folder can have that name: there is nothing to empty the theme folder for.
+    tap(row("../Red"));
+    answer(1);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !catalogue().loadingView(); }));
+    EXPECT_FALSE(window().alert());
+    EXPECT_TRUE(notice().startsWith("Nothing was saved.\n"));
 }
 
 TEST_F(MainViewControllerFlowsTest, ClosingTheWindowFinishesAnInstallation)
@@ -195,9 +216,4 @@ TEST_F(MainViewControllerFlowsTest, ClosingTheWindowFinishesAnInstallation)
     EXPECT_TRUE(QFileInfo::exists(installed("Info.plist")));
     open();
     EXPECT_EQ(catalogue().selectedTheme(), "Blue");
-    // A catalogue and an editor that hold each other go with the window.
-    tap(row("Build Your Own!"));
-    const std::weak_ptr<CustomViewController> opened = catalogue().customViewController();
-    stop();
-    EXPECT_TRUE(opened.expired());
 }

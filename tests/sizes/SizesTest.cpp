@@ -1,9 +1,7 @@
 // Documents far beyond what anybody writes by hand: they load or are refused with a reason, and
 // what loads can be saved and is the same after a restart.
-#include "catalogue/ThemeList.h"
 #include "fuzz/FuzzTargets.h"
 #include "support/ThemeFixture.h"
-#include "support/ThemeRecords.h"
 #include "theme/ThemePackageWriter.h"
 
 using namespace Qt::StringLiterals;
@@ -51,25 +49,6 @@ TEST(SizesTest, AHundredMegabytesLoadWhole)
     ASSERT_TRUE(saved);
     EXPECT_TRUE(*saved == theme);
     EXPECT_TRUE(themeDictionary(parse(document(elements), &*saved)) == theme);
-}
-
-TEST(SizesTest, AHundredThousandSectionsAreSorted)
-{
-    constexpr int count = 100'000;
-    QByteArrayList elements;
-    QByteArray themes;
-    for (int i = 0; i < count; ++i) {
-        const QByteArray number = QByteArray::number(count + i * 7919 % count);
-        elements.append(element("key" + number, "\"#111\"", "null", "null", "\"" + number + "\""));
-        themes += themeRecord(number, number);
-    }
-    const auto source = parse(document(elements));
-    ASSERT_EQ(source.numberOfSections(), count);
-    EXPECT_TRUE(std::ranges::is_sorted(source.sortedSections()));
-    const ThemeList list = ThemeList::parse(themeList(themes), u"list"_s);
-    ASSERT_EQ(list.numberOfSections(), count);
-    EXPECT_EQ(list.titleForSection(0), QString::number(count));
-    EXPECT_EQ(list.titleForSection(count - 1), QString::number(2 * count - 1));
 }
 
 TEST(SizesTest, WhatNestsTooDeepIsRefusedAndTheRestIsKept)

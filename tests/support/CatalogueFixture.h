@@ -14,9 +14,9 @@ protected:
         writeDocument(QJsonArray{element("plain", "A", "#111111FF"),
                                  element("list-background-image", "A", "#222222FF"),
                                  element("unread-indicator-image", "A", "#333333FF")});
-        // A property list in a folder that comes before the package's own is not the package's.
         put(theme("Red", "Info.plist"), info("#FF0000FF"));
-        put(theme("Red", "Extra/Info.plist"), "inner");
+        // Only the one on top becomes the working copy, though this one is copied after it.
+        put(theme("Red", "Nested/Info.plist"), info("#00FF00FF"));
         put(theme("Red", "UIKit/image.png"), "picture");
         put(theme("Blue", "Info.plist"), info("#0000FFFF"));
     }
@@ -111,9 +111,9 @@ protected:
         return folders().theme.packageFolder() + '/' + file;
     }
 
-    QByteArray _records = themeRecord("Zebra", "Stripes", "Black and white") +
-                          themeRecord("Custom", "Build Your Own!", "not shown") +
-                          themeRecord("alpha", "Later", "not shown", "No") +
-                          themeRecord("alpha", "Red", "Warm") +
-                          themeRecord("alpha", "Blue", "Cold");
+    QByteArray _records =
+        themeRecord("Zebra", "Stripes", "Black and white") +
+        themeRecord("Custom", "Build Your Own!", "not shown") +
+        themeRecord("Custom", "Mine", "Too") + themeRecord("alpha", "Later", "not shown", "No") +
+        themeRecord("alpha", "Red", "Warm") + themeRecord("alpha", "Blue", "Cold");
 };
