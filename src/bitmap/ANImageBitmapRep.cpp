@@ -84,10 +84,10 @@ void ANImageBitmapRep::setQuality(double quality)
     setSize(size);
 }
 
-std::unique_ptr<ANImageBitmapRep> ANImageBitmapRep::copyWithZone()
+std::shared_ptr<ANImageBitmapRep> ANImageBitmapRep::copyWithZone()
 {
     const BMPoint size = bitmapSize();
-    auto copy = initWithSize(size);
+    std::shared_ptr<ANImageBitmapRep> copy = initWithSize(size);
     if (copy) {
         copy->context().drawImage(CGImage(), QRectF(0.0, 0.0, double(size.x), double(size.y)));
         copy->setNeedsUpdate(true);
@@ -113,6 +113,7 @@ bool ANImageBitmapRep::answer(Invocation &call)
         {"invertColors", operationEntry<&ANImageBitmapRep::invertColors>},
         {"setBrightness", operationEntry<&ANImageBitmapRep::setBrightness>},
         {"setQuality", operationEntry<&ANImageBitmapRep::setQuality>},
+        {"copyWithZone", operationEntry<&ANImageBitmapRep::copyWithZone>},
         {"generateBaseClasses", operationEntry<&ANImageBitmapRep::generateBaseClasses>},
     };
     return answerFrom(operations, *this, call) || BitmapContextRep::answer(call);

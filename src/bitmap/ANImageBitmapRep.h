@@ -24,7 +24,7 @@ public:
     static std::unique_ptr<ANImageBitmapRep> imageBitmapRepWithImage(const QImage &image);
 
     /// Divides the stored colours by alpha: a fully transparent pixel has colours that are not
-    /// numbers. Positions and side effects are those of getRawPixel.
+    /// numbers, as on the phone. Positions and side effects are those of getRawPixel.
     BMPixel getPixelAtPoint(BMPoint point);
     /// Stores the pixel as BMPixelGetRaw says.
     void setPixel(BMPixel pixel, BMPoint point);
@@ -33,7 +33,7 @@ public:
     QImage image();
 
     /// Replaces every colour byte v, as stored, by 255 - v; alpha stays. Where alpha is not full, a
-    /// colour byte may end above it.
+    /// colour byte may end above it, as on the phone.
     void invertColors();
     /// Multiplies the colours, up to full brightness. A negative factor wraps around, as setPixel
     /// does.
@@ -42,8 +42,9 @@ public:
     /// nothing. When that size has no pixels, a transparent picture of the old size remains.
     void setQuality(double quality);
 
-    /// A copy of the picture with a context of its own; nothing when the context is null.
-    std::unique_ptr<ANImageBitmapRep> copyWithZone();
+    /// A copy of the picture with a context of its own; nothing when the context is null. Shared,
+    /// because the result of a call by name must be one that can be copied.
+    std::shared_ptr<ANImageBitmapRep> copyWithZone();
 
     // Routed to the manipulators, where each is described.
     void cropFrame(QRectF frame);

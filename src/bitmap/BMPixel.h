@@ -44,7 +44,7 @@ Integer BMRound(double value)
 
 /// Writes the pixel as four bytes: red, green, blue, each multiplied by alpha, then alpha. Bytes
 /// are component x 255, rounded half away from zero; a component out of range keeps the low eight
-/// bits, and one that is not a number becomes 0.
+/// bits, as on the phone, and one that is not a number becomes 0.
 inline void BMPixelGetRaw(const BMPixel &pixel, std::uint8_t *raw)
 {
     const auto byte = [](double value) { return std::uint8_t(BMRound<std::int32_t>(value)); };

@@ -18,9 +18,10 @@ void BitmapContextManipulator::forwardInvocation(Invocation &call)
     _bitmapContext->invoke(call);
 }
 
-CGContext BitmapContextManipulator::newContextWithPicture(const QSizeF &canvas, const QRectF &rect)
+CGContext BitmapContextManipulator::newContextWithPicture(const QSizeF &canvas, const QRectF &rect,
+                                                          const QTransform &transform)
 {
     CGContext context = CGContextCreator::newARGBBitmapContextWithSize(canvas);
-    context.drawFirst(this->context(), rect);
+    _bitmapContext->drawOn(context, rect, transform);
     return context;
 }

@@ -33,8 +33,10 @@ public:
 protected:
     explicit BitmapContextManipulator(BitmapContextRep *context) : _bitmapContext(context) {}
 
-    /// A new canvas with the rep's picture drawn into the rectangle, bottom-left origin.
-    CGContext newContextWithPicture(const QSizeF &canvas, const QRectF &rect);
+    /// A new canvas with the rep's snapshot drawn into the rectangle under the transform,
+    /// bottom-left origin.
+    CGContext newContextWithPicture(const QSizeF &canvas, const QRectF &rect,
+                                    const QTransform &transform = {});
 
 private:
     BitmapContextRep *_bitmapContext;

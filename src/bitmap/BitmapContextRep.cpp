@@ -64,6 +64,16 @@ QImage BitmapContextRep::CGImage()
     return CGImageReturnAutoreleased(_lastImage);
 }
 
+void BitmapContextRep::drawOn(CGContext &canvas, const QRectF &rect,
+                              const QTransform &transform) const
+{
+    // The snapshot that would be made now would show the context: draw that, and copy nothing.
+    if (_needsUpdate)
+        canvas.drawFirst(_context, rect, transform);
+    else
+        canvas.drawFirst(_lastImage, rect, transform);
+}
+
 bool BitmapContextRep::answer(Invocation &call)
 {
     static const OperationTable<BitmapContextRep> operations{

@@ -36,7 +36,7 @@ public:
     void setNeedsUpdate(bool needsUpdate) { _needsUpdate = needsUpdate; }
 
     /// Four bytes, red, green, blue, alpha, the colours multiplied by alpha as stored; row 0 is at
-    /// the top. A read, too, makes the snapshot stale. Positions are not checked: keep them inside
+    /// the top. A read, too, makes the snapshot stale, as on the phone. Positions must lie inside
     /// the bitmap. On a null context nothing is read or written.
     void getRawPixel(std::uint8_t *rawPixel, BMPoint point);
     void setRawPixel(const std::uint8_t *rawPixel, BMPoint point);
@@ -44,6 +44,9 @@ public:
     /// A snapshot, made anew only when the pixels may have changed: until then each call gives the
     /// same image (the same `QImage::cacheKey`). A null image for the null context.
     QImage CGImage();
+    /// Draws what CGImage gives onto a canvas that is still transparent, at `rect` under
+    /// `transform`; a stale snapshot stays stale.
+    void drawOn(CGContext &canvas, const QRectF &rect, const QTransform &transform) const;
 
     bool answer(Invocation &call) override;
     /// Raises UnrecognisedOperation.
@@ -55,6 +58,8 @@ protected:
 private:
     std::uint8_t *pixelAt(BMPoint point) const
     {
+        Q_ASSERT(point.x >= 0 && point.x < _context.width());
+        Q_ASSERT(point.y >= 0 && point.y < _context.height());
         return _bitmapData.get() + (point.x + _context.width() * point.y) * 4;
     }
 

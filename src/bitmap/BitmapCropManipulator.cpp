@@ -51,6 +51,7 @@ void BitmapCropManipulator::cropTopEllipse(QRectF frame)
 
 QImage BitmapCropManipulator::croppedImageWithFrame(QRectF frame)
 {
+    // The canvas's pixels are not freed here, as on the phone: the image takes them over.
     return newContextWithFrame(frame).releaseAsImage();
 }
 

@@ -1,7 +1,5 @@
 #include "bitmap/BitmapRotationManipulator.h"
 
-#include "bitmap/CGContextCreator.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -11,7 +9,7 @@ namespace
 constexpr float degreesPerRadian = 57.29578f;
 constexpr double radiansPerDegree = 0.017453292519943295;
 
-// The angle of (x, y), kept in single precision, turned by some degrees; radians.
+// The angle of (x, y), in single precision as on the phone, turned by some degrees; radians.
 double turnedAngle(double y, double x, double degrees)
 {
     const float angle = float(std::atan2(y, x));
@@ -26,8 +24,8 @@ QSizeF rotatedSize(BMPoint size, double degrees)
     const double radius = std::sqrt(halfWidth * halfWidth + halfHeight * halfHeight);
     double minX = std::numeric_limits<double>::max();
     double minY = minX;
-    // Any starting point will do for the largest: some corner is always right of and above the
-    // centre.
+    // The smallest number above 0 to find the largest from, as on the phone: some corner is always
+    // right of the centre, and one above it.
     double maxX = std::numeric_limits<double>::min();
     double maxY = maxX;
     const QPointF corners[] = {{halfWidth, halfHeight},
@@ -70,13 +68,11 @@ CGContext BitmapRotationManipulator::newContextRotated(double degrees, const QSi
     const QRectF picture(std::round(canvas.width() * 0.5 - double(width) * 0.5),
                          std::round(canvas.height() * 0.5 - double(height) * 0.5), double(width),
                          double(height));
-    CGContext context = CGContextCreator::newARGBBitmapContextWithSize(canvas);
     QTransform transform;
     const QPointF origin = rotatedOrigin(canvas, degrees);
     transform.translate(origin.x(), origin.y());
     transform.rotate(degrees);
-    context.drawFirst(this->context(), picture, transform);
-    return context;
+    return newContextWithPicture(canvas, picture, transform);
 }
 
 void BitmapRotationManipulator::rotate(double degrees)

@@ -24,7 +24,7 @@ void BitmapScaleManipulator::setSizeFillingFrame(BMPoint size)
     setSizeScaling(size, width > height ? width : height);
 }
 
-// Rounded before they are compared, so that ratios equal in single precision count as a tie.
+// In single precision, as on the phone, so that ratios which are equal in it count as a tie.
 BitmapScaleManipulator::Ratios BitmapScaleManipulator::ratiosTo(BMPoint size) const
 {
     const auto [width, height] = bitmapSize();

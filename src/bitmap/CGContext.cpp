@@ -30,25 +30,28 @@ bool isDrawable(const QRectF &rect)
 
 // A painter samples four neighbours, which skips pixels once a picture shrinks to less than half;
 // so each side that shrinks is averaged down first, to the nearest whole size that is not too
-// small.
+// small. A side that passes a whole size only by the rounding of a single precision ratio is that
+// size: one pixel more would have to be squeezed in, and blur the middle of the picture.
 QImage shrunkFor(const QImage &image, const QSizeF &size)
 {
-    const int width = int(std::min(std::ceil(size.width()), double(image.width())));
-    const int height = int(std::min(std::ceil(size.height()), double(image.height())));
+    const auto shrunk = [](double side, int most) {
+        constexpr double exact = 1.0 - std::numeric_limits<float>::epsilon();
+        return int(std::min(std::ceil(side * exact), double(most)));
+    };
+    const int width = shrunk(size.width(), image.width());
+    const int height = shrunk(size.height(), image.height());
     if (width == image.width() && height == image.height())
         return image;
     return image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// For a painter whose y axis points upward.
+// For a painter whose y axis points upward; leaves it with the image's own coordinates.
 void drawUpright(QPainter &painter, const QImage &image, const QRectF &rect)
 {
     const QImage shrunk = shrunkFor(image, rect.size());
-    painter.save();
     painter.translate(rect.x(), rect.bottom()); // the upper edge
     painter.scale(1.0, -1.0);
     painter.drawImage(QRectF(QPointF(), rect.size()), shrunk, QRectF(shrunk.rect()));
-    painter.restore();
 }
 } // namespace
 
@@ -96,16 +99,28 @@ void CGContext::drawImage(const QImage &image, const QRectF &rect)
         draw([&](QPainter &painter) { drawUpright(painter, image, rect); });
 }
 
+void CGContext::drawFirst(const QImage &picture, const QRectF &rect, const QTransform &transform)
+{
+    if (!_data || picture.isNull() || !isDrawable(rect))
+        return;
+    paintFirst(picture, rect, transform);
+    swapIntoMemoryOrder(_data.get(), pixelCount(), _data.get());
+}
+
 void CGContext::drawFirst(const CGContext &picture, const QRectF &rect, const QTransform &transform)
 {
-    if (!_data || !picture || !isDrawable(rect))
-        return;
-    // Over nothing, drawing is replacing, and that treats the four bytes of a pixel alike: both
-    // sides can stay in memory order.
+    if (_data && picture && isDrawable(rect))
+        paintFirst(picture.wrapped(), rect, transform);
+}
+
+// Over nothing, drawing is replacing, and that treats the four bytes of a pixel alike: they end in
+// the order in which the picture has them.
+void CGContext::paintFirst(const QImage &picture, const QRectF &rect, const QTransform &transform)
+{
     paintOn(wrapped(), [&](QPainter &painter) {
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.setTransform(transform, true);
-        drawUpright(painter, picture.wrapped(), rect);
+        drawUpright(painter, picture, rect);
     });
 }
 
@@ -121,6 +136,7 @@ QImage CGContext::releaseAsImage()
 {
     if (!_data)
         return {};
+    Q_ASSERT(_data.use_count() == 1);
     swapIntoImageOrder(_data.get(), pixelCount(), _data.get());
     const CGContext adopted = std::exchange(*this, {});
     return {adopted._data.get(),

@@ -45,10 +45,11 @@ public:
     /// Draws the image, upright, stretched into the rectangle. Sizes are resampled smoothly in both
     /// directions. A null image, or a rectangle that is empty or not finite, draws nothing.
     void drawImage(const QImage &image, const QRectF &rect);
-    /// Draws another context's picture onto this one, which must still be transparent, at `rect`
-    /// under `transform`. What drawImage would do with a snapshot of it, but without swapping a
-    /// byte.
-    void drawFirst(const CGContext &picture, const QRectF &rect, const QTransform &transform = {});
+    /// Draws an image in Format_ARGB32_Premultiplied, at `rect` under `transform`, onto this
+    /// context, which must still be transparent. As drawImage does it, but quicker.
+    void drawFirst(const QImage &picture, const QRectF &rect, const QTransform &transform);
+    /// The same with another context's picture as it is now, without swapping a byte.
+    void drawFirst(const CGContext &picture, const QRectF &rect, const QTransform &transform);
 
     /// A copy of the pixels as they are now; a null image for the null context.
     QImage makeImage() const;
@@ -60,6 +61,7 @@ private:
     /// The block as an image, whatever order its bytes are in.
     QImage wrapped() const;
     void paintOn(QImage canvas, const std::function<void(QPainter &)> &paint) const;
+    void paintFirst(const QImage &picture, const QRectF &rect, const QTransform &transform);
     qsizetype pixelCount() const { return qsizetype(_width) * _height; }
 
     PixelBlock _data;

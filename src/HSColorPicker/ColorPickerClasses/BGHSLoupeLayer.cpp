@@ -87,7 +87,7 @@ void BGHSLoupeLayer::animationDidStop(const QAbstractAnimation &animation, bool 
 {
     if (&animation == &_disappear) {
         if (!finished)
-            return; // stays, tiny, until it appears again
+            return; // stays, tiny, until it appears again, as on the phone
         setParentItem(nullptr);
         _transformScale = 1.0;
         setScale(1.0);

@@ -59,7 +59,7 @@ public:
     /// The highlights: a bright crescent above, a soft light below. Origin as above.
     static void drawGlintInContext(QPainter &painter);
 
-    /// Kept for whoever asks; nothing here reads it.
+    /// Kept for whoever asks; nothing here reads it, as on the phone.
     QPointF loupeCenter() const { return _loupeCenter; }
     void setLoupeCenter(QPointF center) { _loupeCenter = center; }
     /// Null once the wheel is gone.
@@ -70,7 +70,8 @@ public:
     void appearInColorPicker(HSColorPickerView &colorPicker);
     /// Shrinks away; while popping up, as soon as that has ended.
     void disappear() { disappearAnimated(true); }
-    /// Without animation the loupe is gone at once, but even so a pop-up ends first.
+    /// Without animation the loupe is gone at once, but a pop-up ends first, and then it shrinks,
+    /// as on the phone.
     void disappearAnimated(bool animated);
     /// Told by the animations "cp_l_appear" and "cp_l_disappear", which are children of the layer
     /// under these names. `finished` is false when one was stopped before its end.

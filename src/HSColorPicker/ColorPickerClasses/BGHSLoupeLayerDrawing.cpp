@@ -17,7 +17,8 @@ constexpr double clipRadius = 41.0;
 
 constexpr double cellSide = 17.0;
 // Samples lie 15 points apart and show 17 wide: a magnification of 17/15. The first lies 37 points
-// up and left, so that the middle cell looks 7 points up and left of the selection.
+// up and left, so that the middle cell looks 7 points up and left of the selection, as on the
+// phone.
 constexpr double sampleSpacing = 15.0;
 constexpr double firstSample = -37.0;
 constexpr double gridStart = BGHSLoupeLayer::cellsPerSide * cellSide * -0.5;
@@ -187,7 +188,8 @@ QImage BGHSLoupeLayer::rimPicture(const QColor &fill)
     // A white ring with a thin black edge on either side.
     painter.strokePath(gridCirclePath(), QPen(Qt::black, 3.0));
     painter.strokePath(gridCirclePath(), QPen(Qt::white, 2.0));
-    // The middle cell's frame, half a point up and left of it, where its lines fill whole points.
+    // The middle cell's frame, half a point up and left of it, as on the phone: its lines fill
+    // whole points there.
     painter.setPen(QPen(Qt::black, 1.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter.drawRect(QRectF(-9.0, -9.0, cellSide, cellSide));
     return picture;
@@ -220,7 +222,7 @@ void BGHSLoupeLayer::drawStaticParts()
     _ground.setDevicePixelRatio(1.0);
 
     _cellsClip = QRegion(QBitmap::fromImage(_ground.createAlphaMask())); // what it half covers
-    _rim = rimPicture(Qt::black); // there was no wheel yet when the layer was made
+    _rim = rimPicture(Qt::black); // as on the phone, where no wheel is known yet when it is drawn
     _rim.setDevicePixelRatio(1.0);
 }
 

@@ -25,8 +25,9 @@ std::shared_ptr<ANImageBitmapRep> HSBitmapCache::bitmapForDiameter(double diamet
 HSBitmapCache::OperationPointer HSBitmapCache::operationFor(double pixelDiameter,
                                                             double pixelPadding, bool shouldCache)
 {
+    // One decimal each, as on the phone: sizes that differ by less share a bitmap.
     const QString key = QString::asprintf("%.1f-%.1f", pixelDiameter, pixelPadding);
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     if (const OperationPointer *found = _generationCache.object(key))
         return *found;
     const auto operation = HSGenerateOperation::initWithDiameter(pixelDiameter, pixelPadding);
@@ -37,28 +38,8 @@ HSBitmapCache::OperationPointer HSBitmapCache::operationFor(double pixelDiameter
     return operation;
 }
 
-void HSBitmapCache::prepareForDiameter(double diameter)
-{
-    prepareForDiameterPadding(diameter, defaultPadding);
-}
-
-void HSBitmapCache::prepareForDiameterPadding(double diameter, double padding)
-{
-    prepareForDiameterScalePadding(diameter, 1.0, padding);
-}
-
-void HSBitmapCache::prepareForDiameterScale(double diameter, double scale)
-{
-    prepareForDiameterScalePadding(diameter, scale, defaultPadding);
-}
-
-void HSBitmapCache::prepareForDiameterScalePadding(double diameter, double scale, double padding)
-{
-    prepareForDiameterScalePaddingInBackground(diameter, scale, padding, true);
-}
-
-void HSBitmapCache::prepareForDiameterScalePaddingInBackground(double diameter, double scale,
-                                                               double padding, bool inBackground)
+void HSBitmapCache::prepareForDiameter(double diameter, double scale, double padding,
+                                       bool inBackground)
 {
     const auto prepare = [=, this] { bitmapForDiameter(diameter, scale, padding, true); };
     if (inBackground)

@@ -5,8 +5,8 @@ HSBrightnessSlider::HSBrightnessSlider(QQuickItem *parent)
 {
 }
 
-void HSBrightnessSlider::myValueChanged()
+void HSBrightnessSlider::myValueChanged(UISlider &sender)
 {
     if (colorPicker())
-        colorPicker()->setBrightness(double(value()));
+        colorPicker()->setBrightness(double(sender.value()));
 }

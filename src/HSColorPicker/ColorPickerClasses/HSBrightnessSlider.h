@@ -12,5 +12,5 @@ public:
     explicit HSBrightnessSlider(QQuickItem *parent = nullptr);
 
 protected:
-    void myValueChanged() override;
+    void myValueChanged(UISlider &sender) override;
 };

@@ -124,7 +124,7 @@ HSRandomSource HSSystemRandomSource()
 
 UIColor HSRandomColorOpaque(bool isOpaque, const HSRandomSource &random)
 {
-    // 1/256 for the 7-bit numbers too: they fill the upper half of the range.
+    // 1/256 for the 7-bit numbers too, as on the phone: they fill the upper half of the range.
     const double hue = (random() & 255) / 256.0;
     const double saturation = (random() & 127) / 256.0 + 0.5;
     const double brightness = (random() & 127) / 256.0 + 0.5;

@@ -11,7 +11,7 @@
 
 /// The hexcone model of A. R. Smith, "Color Gamut Transform Pairs" (1978). Hue in turns, 1 counting
 /// as 0; saturation and brightness 0-1. Channels are not rounded, alpha is 1. A hue outside 0-1
-/// falls into the last of the six sectors, without being wrapped.
+/// falls into the last of the six sectors, without being wrapped, as on the phone.
 BMPixel HSPixelFromHSV(double hue, double saturation, double brightness);
 
 /// Writes red, green, blue and alpha, 0-1. A grey is spread over the three colours. A pattern gives

@@ -267,7 +267,7 @@ QPointF HSColorPickerView::validPointForTouch(QPointF point) const
         const QPointF middle = boundingRect().center();
         const QPointF away = point - middle;
         double angle = std::acos(away.x() / std::sqrt(QPointF::dotProduct(away, away)));
-        if (point.y() > middle.x()) // the view counts as square: both middles are one
+        if (point.y() > middle.x()) // both middles are one, as on the phone: it is a square there
             angle = 2.0 * std::numbers::pi - angle;
         const double radius = std::abs(paletteDiameter() * 0.5 - paddingDistance());
         return {middle.x() + radius * std::cos(angle), middle.y() - radius * std::sin(angle)};
@@ -309,31 +309,30 @@ void HSColorPickerView::placeLoupeLayer(QPointF point)
 
 void HSColorPickerView::prepareForDiameter(double diameter)
 {
-    HSBitmapCache::shared().prepareForDiameter(diameter);
+    prepareForDiameterPadding(diameter, defaultPadding);
 }
 
 void HSColorPickerView::prepareForDiameterPadding(double diameter, double padding)
 {
-    HSBitmapCache::shared().prepareForDiameterPadding(diameter, padding);
+    prepareForDiameterScalePadding(diameter, 1.0, padding);
 }
 
 void HSColorPickerView::prepareForDiameterScale(double diameter, double scale)
 {
-    HSBitmapCache::shared().prepareForDiameterScale(diameter, scale);
+    prepareForDiameterScalePadding(diameter, scale, defaultPadding);
 }
 
 void HSColorPickerView::prepareForDiameterScalePadding(double diameter, double scale,
                                                        double padding)
 {
-    HSBitmapCache::shared().prepareForDiameterScalePadding(diameter, scale, padding);
+    prepareForDiameterScalePaddingInBackground(diameter, scale, padding, true);
 }
 
 void HSColorPickerView::prepareForDiameterScalePaddingInBackground(double diameter, double scale,
                                                                    double padding,
                                                                    bool inBackground)
 {
-    HSBitmapCache::shared().prepareForDiameterScalePaddingInBackground(diameter, scale, padding,
-                                                                       inBackground);
+    HSBitmapCache::shared().prepareForDiameter(diameter, scale, padding, inBackground);
 }
 
 std::shared_ptr<ANImageBitmapRep> HSColorPickerView::bitmapForDiameter(double diameter,

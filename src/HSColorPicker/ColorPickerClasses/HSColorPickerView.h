@@ -68,13 +68,16 @@ public:
     static HSColorPickerView *initWithFrame(const QRectF &frame, QQuickItem *parent = nullptr);
     ~HSColorPickerView() override;
 
-    // The class's shared bitmaps: see HSBitmapCache.
+    // The bitmaps that all wheels share, in HSBitmapCache::shared(). Diameters and paddings are in
+    // points, scales in pixels per point: 1 unless given, the padding a view's own.
+    /// Make a bitmap ahead of time, in the background unless told to wait for it.
     static void prepareForDiameter(double diameter);
     static void prepareForDiameterPadding(double diameter, double padding);
     static void prepareForDiameterScale(double diameter, double scale);
     static void prepareForDiameterScalePadding(double diameter, double scale, double padding);
     static void prepareForDiameterScalePaddingInBackground(double diameter, double scale,
                                                            double padding, bool inBackground);
+    /// See HSBitmapCache.
     static std::shared_ptr<ANImageBitmapRep> bitmapForDiameter(double diameter, double scale,
                                                                double padding, bool shouldCache);
 
@@ -110,8 +113,10 @@ public:
     /// Whether the active area and the picture are round, or square as at first.
     bool cropToCircle() const { return _cropToCircle; }
     void setCropToCircle(bool cropToCircle);
-    /// Where touches are taken as they are. Made anew with each change of frame, window or shape.
+    /// Where touches are taken as they are. Made anew with each change of shape and, in a window,
+    /// of frame or window; another one holds until then.
     const QPainterPath &activeAreaShape() const { return _activeAreaShape; }
+    void setActiveAreaShape(const QPainterPath &shape) { _activeAreaShape = shape; }
     /// Whether a touch shows the loupe; it does at first.
     bool showLoupe() const { return _showLoupe; }
     void setShowLoupe(bool showLoupe);
@@ -123,7 +128,7 @@ public:
     /// The window's pixels per point; 0 without a window or a size.
     double scale() const { return _scale; }
     /// From the view's edge to the active area, in points.
-    double paddingDistance() const { return 11.0; }
+    double paddingDistance() const { return defaultPadding; }
     /// The view's width.
     double paletteDiameter() const { return width(); }
 
@@ -151,6 +156,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    static constexpr double defaultPadding = 11.0;
+
     void initRoutine();
     void genBitmap();
     void drawPictures();

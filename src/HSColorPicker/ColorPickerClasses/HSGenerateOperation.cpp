@@ -11,13 +11,13 @@ std::shared_ptr<HSGenerateOperation> HSGenerateOperation::initWithDiameter(doubl
 
 std::shared_ptr<ANImageBitmapRep> HSGenerateOperation::bitmap() const
 {
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     return _bitmap;
 }
 
 void HSGenerateOperation::setBitmap(std::shared_ptr<ANImageBitmapRep> bitmap)
 {
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     _bitmap = std::move(bitmap);
 }
 

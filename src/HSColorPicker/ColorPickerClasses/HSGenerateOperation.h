@@ -2,10 +2,10 @@
 #pragma once
 
 #include "bitmap/ANImageBitmapRep.h"
+#include "platform/foundation/ThreadAnnotations.h"
 
 #include <atomic>
 #include <memory>
-#include <mutex>
 
 /// Any thread may read or wait; one thread runs it, once.
 class HSGenerateOperation
@@ -29,7 +29,7 @@ public:
     void waitUntilFinished() const;
 
     bool isConcurrent() const { return true; }
-    /// While there is no bitmap, so also before the start.
+    /// While there is no bitmap, so also before the start, as on the phone.
     bool isExecuting() const { return !bitmap(); }
     bool isFinished() const { return !isExecuting(); }
 
@@ -38,7 +38,7 @@ private:
 
     const double _diameter;
     const double _padding;
-    mutable std::mutex _mutex; // makes _bitmap an atomic property
-    std::shared_ptr<ANImageBitmapRep> _bitmap;
+    mutable Mutex _mutex; // makes _bitmap an atomic property
+    std::shared_ptr<ANImageBitmapRep> _bitmap GUARDED_BY(_mutex);
     std::atomic<bool> _ended = false;
 };

@@ -12,7 +12,7 @@ HSGenerationQueue::HSGenerationQueue()
 HSGenerationQueue::~HSGenerationQueue()
 {
     {
-        const std::lock_guard lock(_mutex);
+        const MutexLock lock(_mutex);
         _stopping = true;
     }
     _wake.notify_all();
@@ -23,7 +23,7 @@ HSGenerationQueue::~HSGenerationQueue()
 void HSGenerationQueue::addOperation(std::shared_ptr<HSGenerateOperation> operation)
 {
     {
-        const std::lock_guard lock(_mutex);
+        const MutexLock lock(_mutex);
         _operations.push_back(std::move(operation));
     }
     _wake.notify_one();
@@ -31,9 +31,10 @@ void HSGenerationQueue::addOperation(std::shared_ptr<HSGenerateOperation> operat
 
 void HSGenerationQueue::run()
 {
-    std::unique_lock lock(_mutex);
+    MutexLock lock(_mutex);
     while (true) {
-        _wake.wait(lock, [this] { return _stopping || !_operations.empty(); });
+        while (!_stopping && _operations.empty())
+            lock.wait(_wake);
         if (_operations.empty())
             return;
         const std::shared_ptr<HSGenerateOperation> operation = std::move(_operations.front());

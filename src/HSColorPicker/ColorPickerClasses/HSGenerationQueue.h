@@ -6,7 +6,6 @@
 #include <condition_variable>
 #include <deque>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -26,9 +25,9 @@ public:
 private:
     void run();
 
-    std::mutex _mutex;
+    Mutex _mutex;
     std::condition_variable _wake;
-    std::deque<std::shared_ptr<HSGenerateOperation>> _operations;
-    bool _stopping = false;
+    std::deque<std::shared_ptr<HSGenerateOperation>> _operations GUARDED_BY(_mutex);
+    bool _stopping GUARDED_BY(_mutex) = false;
     std::vector<std::thread> _threads; // last: they use all of the above from their first moment
 };

@@ -12,10 +12,10 @@ HSOpacitySlider::HSOpacitySlider(QQuickItem *parent) : HSRampSlider(UIColor::cle
     didMoveToWindow(); // made on a parent that has one, it hears of no change
 }
 
-void HSOpacitySlider::myValueChanged()
+void HSOpacitySlider::myValueChanged(UISlider &sender)
 {
     if (colorPicker())
-        colorPicker()->setOpacity(double(value()));
+        colorPicker()->setOpacity(double(sender.value()));
 }
 
 void HSOpacitySlider::didMoveToWindow()

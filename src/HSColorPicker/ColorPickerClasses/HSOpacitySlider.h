@@ -12,7 +12,7 @@ public:
     explicit HSOpacitySlider(QQuickItem *parent = nullptr);
 
 protected:
-    void myValueChanged() override;
+    void myValueChanged(UISlider &sender) override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:

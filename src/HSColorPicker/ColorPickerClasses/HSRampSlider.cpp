@@ -8,9 +8,14 @@
 HSRampSlider::HSRampSlider(const UIColor &rampStart, QQuickItem *parent)
     : UISlider(parent), _rampStart(rampStart.qColor())
 {
+    initRoutine();
+}
+
+void HSRampSlider::initRoutine()
+{
     setMinimumValue(0.0f);
     setMaximumValue(1.0f);
-    connect(this, &UISlider::moved, this, &HSRampSlider::myValueChanged);
+    connect(this, &UISlider::moved, this, [this] { myValueChanged(*this); });
 }
 
 void HSRampSlider::setColorPicker(HSColorPickerView *colorPicker)
@@ -35,5 +40,6 @@ void HSRampSlider::drawRect(QPainter &painter, const QRectF &rect)
     row.setDevicePixelRatio(scale);
     row.fill(Qt::transparent);
     QPainter(&row).fillRect(QRectF(0.0, 0.0, rect.width(), 1.0), ramp);
-    painter.drawTiledPixmap(rect, row);
+    const QRectF shown = rect & QRectF(0.0, rect.y(), rect.width(), rect.height());
+    painter.drawTiledPixmap(shown, row, QPointF(shown.x(), 0.0));
 }

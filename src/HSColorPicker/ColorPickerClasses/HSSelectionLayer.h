@@ -17,7 +17,7 @@ public:
     using CALayer::CALayer;
 
     /// Unset at first. Drawing sets both, to white at alpha 0.4 and to black, unless both are set
-    /// already. A new colour shows after setNeedsDisplay.
+    /// already, as on the phone. A new colour shows after setNeedsDisplay.
     const std::optional<UIColor> &outerRingColor() const { return _outerRingColor; }
     void setOuterRingColor(const UIColor &color) { _outerRingColor = color; }
     const std::optional<UIColor> &innerRingColor() const { return _innerRingColor; }

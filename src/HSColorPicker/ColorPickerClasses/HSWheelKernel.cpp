@@ -29,6 +29,8 @@
 
 #include "HSColorPicker/ColorPickerClasses/HSWheelReference.h"
 
+#include <QtGlobal>
+
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -199,6 +201,7 @@ const std::vector<HSWheelVectors> &HSWheelVectorsOfThisMachine()
 
 void HSFillWheel(std::uint8_t *pixels, int side, double padding, const HSWheelVectors &vectors)
 {
+    Q_ASSERT(side >= 1);
     const double rim = side * 0.5 - padding;
     const double scale = rim > 0.0 ? 255.0 / rim : std::numeric_limits<double>::infinity();
     vectors.fill(reinterpret_cast<std::uint32_t *>(pixels), side, float(scale));

@@ -4,6 +4,7 @@
 #include <QEvent>
 
 #include <future>
+#include <mutex>
 
 DispatchQueue::DispatchQueue(std::string label)
     : _label(std::move(label)), _thread([this] { run(); })
@@ -12,8 +13,9 @@ DispatchQueue::DispatchQueue(std::string label)
 
 DispatchQueue::~DispatchQueue()
 {
+    Q_ASSERT(std::this_thread::get_id() != _thread.get_id());
     {
-        const std::lock_guard lock(_mutex);
+        const MutexLock lock(_mutex);
         _stopping = true;
     }
     _wake.notify_one();
@@ -23,7 +25,7 @@ DispatchQueue::~DispatchQueue()
 void DispatchQueue::async(Block block)
 {
     {
-        const std::lock_guard lock(_mutex);
+        const MutexLock lock(_mutex);
         _blocks.push_back(std::move(block));
     }
     _wake.notify_one();
@@ -31,6 +33,7 @@ void DispatchQueue::async(Block block)
 
 void DispatchQueue::sync(const Block &block)
 {
+    Q_ASSERT(std::this_thread::get_id() != _thread.get_id());
     std::promise<void> done;
     async([&] {
         block();
@@ -41,9 +44,10 @@ void DispatchQueue::sync(const Block &block)
 
 void DispatchQueue::run()
 {
-    std::unique_lock lock(_mutex);
+    MutexLock lock(_mutex);
     while (true) {
-        _wake.wait(lock, [this] { return _stopping || !_blocks.empty(); });
+        while (!_stopping && _blocks.empty())
+            lock.wait(_wake);
         if (_blocks.empty())
             return;
         Block block = std::move(_blocks.front());

@@ -6,10 +6,11 @@
 // values and shared pointers, never a bare `this`.
 #pragma once
 
+#include "platform/foundation/ThreadAnnotations.h"
+
 #include <condition_variable>
 #include <deque>
 #include <functional>
-#include <mutex>
 #include <string>
 #include <thread>
 
@@ -37,10 +38,10 @@ private:
     void run();
 
     const std::string _label;
-    std::mutex _mutex;
+    Mutex _mutex;
     std::condition_variable _wake;
-    std::deque<Block> _blocks;
-    bool _stopping = false;
+    std::deque<Block> _blocks GUARDED_BY(_mutex);
+    bool _stopping GUARDED_BY(_mutex) = false;
     std::thread _thread; // last: it uses all of the above from its first moment
 };
 

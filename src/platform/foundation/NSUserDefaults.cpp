@@ -24,20 +24,20 @@ NSUserDefaults::NSUserDefaults(const QString &file) : _file(file)
 
 QVariant NSUserDefaults::objectForKey(const QString &key) const
 {
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     return _values.value(key);
 }
 
 void NSUserDefaults::setObjectForKey(const QVariant &value, const QString &key)
 {
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     _values[key] = value;
     _unsaved[key] = value;
 }
 
 std::error_code NSUserDefaults::synchronize()
 {
-    const std::lock_guard lock(_mutex);
+    const MutexLock lock(_mutex);
     PropertyDictionary dictionary = readFile(_file);
     for (auto value = _unsaved.begin(); value != _unsaved.end(); ++value)
         dictionary.setValue(value.key(), value.value());

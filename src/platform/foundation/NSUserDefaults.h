@@ -5,10 +5,11 @@
 // Any thread.
 #pragma once
 
+#include "platform/foundation/ThreadAnnotations.h"
+
 #include <QString>
 #include <QVariant>
 
-#include <mutex>
 #include <system_error>
 
 class NSUserDefaults
@@ -25,7 +26,7 @@ public:
 
 private:
     const QString _file;
-    mutable std::mutex _mutex; // held over the writing too: two writers would mix their files
-    QVariantMap _values;
-    QVariantMap _unsaved;
+    mutable Mutex _mutex; // held over the writing too: two writers would mix their files
+    QVariantMap _values GUARDED_BY(_mutex);
+    QVariantMap _unsaved GUARDED_BY(_mutex);
 };
