@@ -65,7 +65,7 @@ bool MainViewController::finishCopying(const ThemeInstallation &installation,
     if (isDone)
         report.addFailure(_folders.theme.preferences(), setSelectedTheme(selected));
     removeLoader();
-    _overlays->setNotice(report.notice(), report.copyFrom(_folders.theme));
+    _overlays->showOutcome(report.notice(), report.copyFrom(_folders.theme));
     return isDone;
 }
 

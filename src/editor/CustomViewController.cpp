@@ -10,6 +10,7 @@
 #include "theme/ElementLocks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -85,6 +86,33 @@ void CustomViewController::viewWillAppear(bool)
 void CustomViewController::viewDidAppear(bool)
 {
     markWindow();
+    QMetaObject::invokeMethod(this, &CustomViewController::offerDraft, Qt::QueuedConnection);
+}
+
+void CustomViewController::offerDraft()
+{
+    if (_wasDraftSought || source().status() != ElementDataSource::Status::Loaded)
+        return;
+    _wasDraftSought = true;
+    _abandonedDraft = AbandonedDraft::find(_folders.theme.documents, source());
+    if (isDraftOffered())
+        _overlays->showQuietly(tr("You have changes that are not in the theme yet"),
+                               {{tr("Bring Back"), [this] { bringBackDraft(); }},
+                                {tr("Discard"), [this] { discardDraft(); }}});
+}
+
+void CustomViewController::bringBackDraft()
+{
+    _overlays->setNotice({});
+    if (const auto draft = std::exchange(_abandonedDraft, nullptr))
+        _draft->bringBack(draft, tr("Bring Back Changes"));
+}
+
+void CustomViewController::discardDraft()
+{
+    _overlays->setNotice({});
+    if (const auto draft = std::exchange(_abandonedDraft, nullptr))
+        _draft->discard(draft);
 }
 
 void CustomViewController::viewWillDisappear(bool)
@@ -369,7 +397,7 @@ void CustomViewController::save()
 
 void CustomViewController::finishSave(const ElementDataSource &saved, const SaveReport &report)
 {
-    _overlays->setNotice(report.notice(), report.copyFrom(_folders.theme));
+    _overlays->showOutcome(report.notice(), report.copyFrom(_folders.theme));
     removeLoader();
     if (!report.refusal.isEmpty())
         return;

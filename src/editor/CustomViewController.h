@@ -130,6 +130,10 @@ public:
 
     /// Brings the first of these elements that has a row into sight, where it flashes.
     void reveal(const std::vector<int> &indexes);
+    /// Whether a draft is on offer; and the answers to that.
+    bool isDraftOffered() const { return _abandonedDraft != nullptr; }
+    void bringBackDraft();
+    void discardDraft();
     /// Locks an element or unlocks it, and remembers that.
     void setLocked(int index, bool locked);
 
@@ -173,11 +177,15 @@ private:
                 const std::optional<UIColor> &color);
     void repaint(const std::vector<int> &indexes);
     void markWindow();
+    /// Looks for a draft that an ended program has left, once the screen is up.
+    void offerDraft();
 
     const EditorFolders _folders;
     const bool _fromMainView;
     std::unique_ptr<ThemeDocument> _document;
     std::unique_ptr<DraftKeeper> _draft;
+    std::shared_ptr<AbandonedDraft> _abandonedDraft; // while it is on offer
+    bool _wasDraftSought = false;
     EditorLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     std::shared_ptr<CustomViewDelegate> _delegate;

@@ -49,6 +49,9 @@ Action shareColor(ThemeDocument *document, int index)
 Actions EditorActions::forTheme(CustomViewController &editor)
 {
     Actions actions = undoAndRedo(editor);
+    // Its strip may have made room for another one.
+    actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
+                       editor.isDraftOffered()});
     actions.push_back({tr("Save Theme"),
                        [&editor] { editor.save(); },
                        !editor.isLoading() && !editor.isChooserOpen(),

@@ -37,27 +37,61 @@ QQuickItem *ScreenOverlays::loadingItem(const char *name) const
     return _loader ? _loader->findChild<QQuickItem *>(name) : nullptr;
 }
 
-void ScreenOverlays::setNotice(const QString &notice, const QString &copyFrom)
+void ScreenOverlays::setNotice(const QString &notice)
 {
-    if (_notice == notice && _copyFrom == copyFrom)
+    if (_notice == notice && _quietText.isEmpty())
         return;
+    _notice = notice;
+    _quietText.clear();
+    _quietActions.clear();
+    replaceStrip(notice.isEmpty() ? nullptr : "views/NoticeStrip.qml");
+}
+
+void ScreenOverlays::showQuietly(const QString &text, Actions actions)
+{
+    _notice.clear();
+    _quietText = text;
+    _quietActions = std::move(actions);
+    replaceStrip("views/QuietStrip.qml");
+}
+
+void ScreenOverlays::replaceStrip(const char *file)
+{
     if (_strip && _strip->hasActiveFocus()) // the keyboard goes back to where it came from
         _strip->nextItemInFocusChain(false)->forceActiveFocus(Qt::BacktabFocusReason);
     takeAway(_strip);
-    _notice = notice;
-    _copyFrom = copyFrom;
     emit noticeChanged();
-    const char *file = !notice.isEmpty()     ? "views/NoticeStrip.qml"
-                       : !copyFrom.isEmpty() ? "views/FolderStrip.qml"
-                                             : nullptr;
     if (file)
         _strip = overlay(file, _view->property("content").value<QQuickItem *>());
 }
 
-void ScreenOverlays::showFolder() const
+QStringList ScreenOverlays::quietActions() const
 {
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(_copyFrom)))
-        NSLog("Nothing on this desktop shows the folder %@", {_copyFrom});
+    QStringList titles;
+    for (const Action &action : _quietActions)
+        titles.append(action.title);
+    return titles;
+}
+
+void ScreenOverlays::performQuietAction(int index)
+{
+    const auto perform = _quietActions.at(std::size_t(index)).perform; // it may replace the strip
+    perform();
+}
+
+void ScreenOverlays::showOutcome(const QString &notice, const QString &copyFrom)
+{
+    setNotice(notice);
+    if (!notice.isEmpty() || copyFrom.isEmpty())
+        return;
+    const auto showFolder = [copyFrom] {
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(copyFrom)))
+            NSLog("Nothing on this desktop shows the folder %@", {copyFrom});
+    };
+    showQuietly(tr("Your theme is the folder Tintloom in\n%1\nCopy it onto the phone, into\n"
+                   "/var/mobile/Library/biteThemes")
+                    .arg(copyFrom),
+                {{tr("Show Folder"), showFolder}});
 }
 
 // It may be taken away by a tap on itself, so it outlives the tap.

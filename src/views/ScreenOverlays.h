@@ -1,9 +1,11 @@
 // What a screen lays over everything else on it: the busy box while something is going on, and a
-// strip that says what came of it: in red, what could not be written; quietly, where a theme is
-// that has still to be copied onto the phone.
+// strip: in red, it says what could not be written; quietly, what a person may want to know or do
+// next, with buttons for that.
 //
 // The screen decides when and where; the QML files beside this one draw. Main thread only.
 #pragma once
+
+#include "views/Action.h"
 
 #include <QObject>
 #include <QPointer>
@@ -19,7 +21,8 @@ class ScreenOverlays : public QObject
     Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
-    Q_PROPERTY(QString copyFrom READ copyFrom NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(QString quietText READ quietText NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(QStringList quietActions READ quietActions NOTIFY noticeChanged FINAL)
     Q_PROPERTY(QRectF loadingFrame READ loadingFrame NOTIFY framesChanged FINAL)
     Q_PROPERTY(double noticeBottom READ noticeBottom NOTIFY framesChanged FINAL)
 
@@ -46,14 +49,21 @@ public:
     QQuickItem *loadingLabel() const { return loadingItem("_loadingLabel"); }
     QQuickItem *spinningIndicator() const { return loadingItem("_spinningIndicator"); }
 
-    /// Lines for people, or else the folder that a theme is to be copied from; a strip is up while
-    /// there is either. With both it shows the lines.
-    void setNotice(const QString &notice, const QString &copyFrom = {});
+    /// Lines for people; the red strip is up while there are any, in place of a quiet one.
+    void setNotice(const QString &notice);
     QString notice() const { return _notice; }
-    QString copyFrom() const { return _copyFrom; }
+    /// The quiet strip, in place of any other: a text, and what can be done about it. It stays
+    /// until it is dismissed.
+    void showQuietly(const QString &text, Actions actions);
+    QString quietText() const { return _quietText; }
+    /// Their titles.
+    QStringList quietActions() const;
+    Q_INVOKABLE void performQuietAction(int index);
     Q_INVOKABLE void dismissNotice() { setNotice({}); }
-    /// Shows the folder in the desktop's file manager.
-    Q_INVOKABLE void showFolder() const;
+
+    /// What came of a save: the lines where there are any, or else, quietly, where the theme is
+    /// that has still to be copied onto the phone; nothing where that folder is empty, too.
+    void showOutcome(const QString &notice, const QString &copyFrom);
 
 signals:
     void loadingChanged();
@@ -65,6 +75,7 @@ private:
     QQuickItem *overlay(const char *file, QQuickItem *parent);
     QQuickItem *loadingItem(const char *name) const;
     static void takeAway(QPointer<QQuickItem> &item);
+    void replaceStrip(const char *file);
 
     QQuickItem *_view = nullptr;
     QQmlEngine *_engine = nullptr;
@@ -73,6 +84,7 @@ private:
     QString _loadingText;
     QPointer<QQuickItem> _loader; // while it is up
     QString _notice;
-    QString _copyFrom;
+    QString _quietText;
+    Actions _quietActions;
     QPointer<QQuickItem> _strip; // while there is something to say
 };

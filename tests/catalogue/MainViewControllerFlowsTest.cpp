@@ -60,9 +60,9 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
     // The strip leads to the folder until it is dismissed.
     QQmlComponent desktop(qmlEngine(&table())); // anything that takes an URL
     QDesktopServices::setUrlHandler("file", &desktop, "loadUrl");
-    ASSERT_TRUE(item("folderStrip"));
-    EXPECT_EQ(sceneFrame(item("folderStrip")).bottom(), 568.0);
-    EXPECT_TRUE(QAccessible::queryAccessibleInterface(item("folderStrip"))
+    ASSERT_TRUE(item("quietStrip"));
+    EXPECT_EQ(sceneFrame(item("quietStrip")).bottom(), 568.0);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(item("quietStrip"))
                     ->text(QAccessible::Name)
                     .contains(_packageRoot));
     press(Qt::Key_Tab);
@@ -70,7 +70,7 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
     EXPECT_EQ(desktop.url(), QUrl::fromLocalFile(_packageRoot));
     QDesktopServices::unsetUrlHandler("file");
     press(Qt::Key_Escape);
-    EXPECT_FALSE(item("folderStrip"));
+    EXPECT_FALSE(item("quietStrip"));
     EXPECT_TRUE(table().hasActiveFocus());
 }
 
@@ -138,7 +138,7 @@ TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
     ASSERT_TRUE(waitForSaved());
     answer(0);
     tap(table().cellForRowAtIndexPath({0, 0}));
-    EXPECT_FALSE(item("folderStrip")->isEnabled()); // under the chooser nothing takes input
+    EXPECT_FALSE(item("quietStrip")->isEnabled()); // under the chooser nothing takes input
     press(Qt::Key_Escape);
     editor().findChild<QAbstractAnimation *>("fade")->stop();
     goBack();
@@ -187,7 +187,7 @@ TEST_F(MainViewControllerFlowsTest, WhatCouldNotBeCopiedIsSaidUntilDismissed)
     answer(0);
     EXPECT_TRUE(notice().contains(installed("UIKit") + ": No space left on device"));
     EXPECT_TRUE(notice().contains("image.png") && !notice().contains("Info.plist"));
-    ASSERT_TRUE(item("notice") && !item("folderStrip"));
+    ASSERT_TRUE(item("notice") && !item("quietStrip"));
     tap(sceneFrame(item("notice")).topRight() + QPointF(-22, 22));
     EXPECT_FALSE(item("notice"));
 
