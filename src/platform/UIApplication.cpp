@@ -5,8 +5,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
-#include <thread>
 
 namespace
 {
@@ -25,8 +23,6 @@ void leaveWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QStri
 int UIApplicationMain(int &argc, char **argv,
                       const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate)
 {
-    // Finding the system's fonts takes a good part of a start and needs nothing else of it.
-    const std::jthread fonts([] { FcInit(); });
     const QtMessageHandler usual = qInstallMessageHandler(leaveWithoutDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(usual);
