@@ -12,12 +12,16 @@ Rectangle {
     anchors.right: parent?.right
     y: overlays.noticeBottom - height
     height: Math.min(message.implicitHeight + 16, 160)
-    enabled: !overlays.loading
+    enabled: !overlays.loading && !overlays.covered
     color: "#B3261E"
 
     Accessible.role: Accessible.Note
     Accessible.name: message.text
 
+    // Presses beside the text end here, and not on the row behind.
+    MouseArea {
+        anchors.fill: parent
+    }
     Flickable {
         anchors.fill: parent
         anchors.margins: 8

@@ -17,6 +17,7 @@ void ScreenOverlays::setFrames(const QRectF &loadingFrame, double noticeBottom)
 
 void ScreenOverlays::showLoaderWithLabel(const QString &label)
 {
+    Q_ASSERT(!isLoading());
     _loadingText = label;
     _loadingView = overlay("views/LoaderBox.qml");
     emit loadingChanged();
@@ -40,6 +41,14 @@ void ScreenOverlays::setNotice(const QString &notice)
         _noticeStrip = overlay("views/NoticeStrip.qml");
 }
 
+void ScreenOverlays::setCovered(bool covered)
+{
+    if (_isCovered == covered)
+        return;
+    _isCovered = covered;
+    emit coveredChanged();
+}
+
 // It may be taken away by a tap on itself, so it outlives the tap.
 void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
 {
@@ -52,6 +61,7 @@ void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
 
 QQuickItem *ScreenOverlays::overlay(const char *file)
 {
+    Q_ASSERT(_view && _engine);
     QQuickItem *item = QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}});
     item->setParent(_view);
     item->setParentItem(_view);

@@ -17,6 +17,7 @@ class ScreenOverlays : public QObject
     QML_UNCREATABLE("Belongs to the screen that it lies over")
     Q_PROPERTY(bool loading READ isLoading NOTIFY loadingChanged FINAL)
     Q_PROPERTY(QString loadingText READ loadingText NOTIFY loadingChanged FINAL)
+    Q_PROPERTY(bool covered READ isCovered WRITE setCovered NOTIFY coveredChanged FINAL)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
     Q_PROPERTY(QRectF loadingFrame READ loadingFrame NOTIFY framesChanged FINAL)
     Q_PROPERTY(double noticeBottom READ noticeBottom NOTIFY framesChanged FINAL)
@@ -44,8 +45,13 @@ public:
     QString notice() const { return _notice; }
     Q_INVOKABLE void dismissNotice() { setNotice({}); }
 
+    /// While something lies over the whole screen, and over the strip too, that takes no input.
+    bool isCovered() const { return _isCovered; }
+    void setCovered(bool covered);
+
 signals:
     void loadingChanged();
+    void coveredChanged();
     void noticeChanged();
     void framesChanged();
 
@@ -60,6 +66,7 @@ private:
     double _noticeBottom = 0.0;
     QString _loadingText;
     QPointer<QQuickItem> _loadingView; // while the loader is up
+    bool _isCovered = false;
     QString _notice;
     QPointer<QQuickItem> _noticeStrip; // while there is a notice
 };
