@@ -1,5 +1,6 @@
 import QtQuick
 
+// Fixed, whatever the program's version, as on the phone.
 Text {
     text: "Tintloom v2.1"
     color: "#80000000"
