@@ -46,7 +46,10 @@ void RatioReporter::printRatios(const std::vector<Ratio> &ratios, std::FILE *str
             std::fprintf(stream, "\n%-22s %-22s %8s %8s\n", "numerator", "denominator", "ratio",
                          "limit");
         headed = true;
-        std::fprintf(stream, "%-22s %-22s %8.3f %8.3f%s\n", numerator, denominator, above / below,
-                     limit, above / below > limit ? "  over the limit" : "");
+        const double ratio = above / below;
+        std::fprintf(stream, "%-22s %-22s %8.3f", numerator, denominator, ratio);
+        if (limit)
+            std::fprintf(stream, " %8.3f%s", *limit, ratio > *limit ? "  over the limit" : "");
+        std::fputc('\n', stream);
     }
 }

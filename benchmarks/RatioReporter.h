@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ enum class Clock { Passing, Processor };
 struct Ratio {
     const char *numerator; // names of benchmarks
     const char *denominator;
-    double limit; // of the median times' ratio
+    std::optional<double> limit; // of the median times' ratio; none: a figure to look at
     Clock clock;
 };
 

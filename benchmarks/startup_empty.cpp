@@ -1,5 +1,5 @@
-// The yardstick for the start of Tintloom: an empty window that imports the same modules, up to its
-// first frame.
+// The least that a start can take: an empty window that imports the same modules, up to its first
+// frame.
 #include <QGuiApplication>
 #include <QQuickView>
 

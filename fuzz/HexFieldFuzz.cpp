@@ -2,31 +2,31 @@
 // much and what, and a pasted text as many more as it is long.
 #include "chooser/HexFieldRules.h"
 #include "fuzz/FuzzTargets.h"
+#include "platform/foundation/TextEdit.h"
 #include "theme/ColorText.h"
 
 #include <algorithm>
 
 namespace
 {
-/// The field's text as the field and its delegate change it (UITextField::ask and
-/// ColorPickerViewController::shouldChangeCharactersInRange), without a window.
+/// The field's text under edits, each asked about as by a field in a window.
 class Field
 {
 public:
     const QString &text() const { return _text; }
 
-    void edit(qsizetype location, qsizetype length, const QString &replacement)
+    void edit(NSRange range, const QString &replacement)
     {
-        const HexFieldAnswer answer = answerHexFieldEdit(_text.size(), length, replacement);
-        QString supplied = _text;
-        if (answer.suppliesHash)
-            supplied.replace(location, length, u'#');
-        if (!answer.allowed)
-            _text = supplied;
-        else if (answer.suppliesHash && !replacement.isEmpty())
-            _text = supplied + replacement;
-        else
-            _text.replace(location, length, replacement);
+        const qsizetype end = range.location + range.length;
+        const TextContent before{_text, range.location, end, end};
+        const TextContent after = TextContent::withCursor(
+            QString(_text).replace(range.location, range.length, replacement),
+            range.location + replacement.size());
+        const TextEdit found = editBetween(before, after);
+        Fuzz::require(found.range == range && found.replacement == replacement,
+                      "the edit is told by what it left");
+        const auto [allowed, instead] = answerHexFieldEdit(_text, range, replacement);
+        _text = contentAfterAnswer(before, replacement, allowed, instead).value_or(after).text;
     }
 
 private:
@@ -69,7 +69,7 @@ void Fuzz::hexField(const QByteArray &bytes)
         const qsizetype length = edits.byte() % (before.size() - location + 1);
         const uchar what = edits.byte(); // up to 12: the length of a paste; else a key
         const QString replacement = what <= 12 ? edits.text(what) : QString(QChar(what));
-        field.edit(location, length, replacement);
+        field.edit({location, length}, replacement);
         const QString &after = field.text();
         wasPastedWhole |= replacement.size() == wholeText && after == replacement;
 

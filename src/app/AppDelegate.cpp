@@ -22,7 +22,7 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     QObject::connect(
         _window.get(), &QQuickWindow::frameSwapped, _window.get(),
         [window = _window.get()] { window->setIcon(QIcon(":/images/tintloom.png")); },
-        Qt::SingleShotConnection);
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     _window->makeKeyAndVisible();
 
     if (_root == Root::Catalogue) {

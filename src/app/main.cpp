@@ -21,8 +21,9 @@ int runWindow(const CommandLine::Options &options, int &argc, char **argv)
     UIScreen::mainScreen().setScale(options.scale);
     const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};
     const auto root = options.catalogue ? AppDelegate::Root::Catalogue : AppDelegate::Root::Editor;
-    return UIApplicationMain(argc, argv,
-                             [&] { return std::make_unique<AppDelegate>(folders, root); });
+    return UIApplicationMain(
+        argc, argv, [&] { return std::make_unique<AppDelegate>(folders, root); },
+        "tintloom: no display to open a window on; \"tintloom save\" works without one");
 }
 } // namespace
 

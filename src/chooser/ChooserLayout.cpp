@@ -17,7 +17,7 @@ ChooserLayout ChooserLayout::make(double width, double screenHeight)
 
     const double side = screenHeight == tallScreen ? 310.0 : 240.0;
     layout.colorPicker = {middle - side * 0.5, layout.colorPatch.bottom() + gap, side, side};
-    // The sliders are as wide as the wheel's right edge is far from the left.
+    // The sliders are as wide as the wheel's right edge is far from the left, as on the phone.
     const double sliderWidth = layout.colorPicker.right();
     layout.brightnessSlider = {middle - sliderWidth * 0.5, layout.colorPicker.bottom() + gap,
                                sliderWidth, 30.0};

@@ -33,7 +33,7 @@ public:
     double contentHeight = 0.0;
 
     /// Frames for a page of that width on a screen of that height. Only the tall phone's own height
-    /// has the large wheel.
+    /// has the large wheel, as on the phone.
     static ChooserLayout make(double width, double screenHeight);
     bool operator==(const ChooserLayout &) const = default;
 };

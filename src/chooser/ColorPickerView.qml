@@ -9,6 +9,7 @@ FocusScope {
     property alias colorPicker: wheel
     property alias brightnessSlider: brightness
     property alias opacitySlider: opacity
+    property alias colorPatch: patch
     property alias hexTextField: field
 
     // Fades as one picture, not part by part.
@@ -62,6 +63,8 @@ FocusScope {
             onTouchUpInside: root.controller.saveButtonTap()
         }
         UIView {
+            id: patch
+
             objectName: "_colorPatch"
             frame: root.controller.layout.colorPatch
 

@@ -51,6 +51,7 @@ void ColorPickerViewController::viewDidLoad()
 {
     view()->setWidth(UIScreen::mainScreen().size().width());
     const auto self = std::static_pointer_cast<ColorPickerViewController>(shared_from_this());
+    _colorPatch = view()->property("colorPatch").value<UIView *>();
     _hexTextField = view()->property("hexTextField").value<UITextField *>();
     _hexTextField->setText("#FFFFFFFF");
     _hexTextField->setDelegate(self);
@@ -80,11 +81,6 @@ void ColorPickerViewController::viewDidLayoutSubviews()
     emit layoutChanged();
 }
 
-void ColorPickerViewController::prepareForTermination()
-{
-    _delegate.reset();
-}
-
 void ColorPickerViewController::colorPickerDidChangeSelection(HSColorPickerView &colorPicker)
 {
     _color = colorPicker.selectionColor();
@@ -92,7 +88,7 @@ void ColorPickerViewController::colorPickerDidChangeSelection(HSColorPickerView 
     _brightnessSlider->setValue(float(colorPicker.brightness()));
     _opacitySlider->setValue(float(colorPicker.opacity()));
     _hexTextField->setTextColor(prefersBlackText(_color) ? Qt::black : Qt::white);
-    _hexTextField->setText(hexStringForColor(_color));
+    _hexTextField->setText(hexStringForColor(_color)); // also while it is edited, as on the phone
 }
 
 bool ColorPickerViewController::shouldChangeCharactersInRange(UITextField &field, NSRange range,
@@ -100,10 +96,9 @@ bool ColorPickerViewController::shouldChangeCharactersInRange(UITextField &field
 {
     if (&field != _hexTextField)
         return true;
-    const HexFieldAnswer answer =
-        answerHexFieldEdit(field.text().size(), range.length, replacement);
-    if (answer.suppliesHash)
-        field.setText(field.text().replace(range.location, range.length, '#'));
+    const HexFieldAnswer answer = answerHexFieldEdit(field.text(), range, replacement);
+    if (answer.instead)
+        field.setText(*answer.instead);
     return answer.allowed;
 }
 
@@ -115,7 +110,7 @@ bool ColorPickerViewController::textFieldShouldReturn(UITextField &field)
 
 void ColorPickerViewController::textFieldDidEndEditing(UITextField &field)
 {
-    const bool isWhole = field.text().size() == 9;
+    const bool isWhole = field.text().size() == 9; // all else is white, as on the phone
     _colorPicker->setSelectionColor(colorFromHexString(isWhole ? field.text() : "#FFFFFFFF"));
 }
 

@@ -8,7 +8,8 @@
 //       --> wheel --> colorPickerDidChangeSelection --> patch, sliders, text
 //
 // Accepting reads the text once more and sends it through the wheel too, so that what is handed
-// back is what the text spells.
+// back is what the text spells, after the wheel's hue, saturation and brightness: a last digit may
+// fall by one, as on the phone.
 #pragma once
 
 #include "HSColorPicker/ColorPickerClasses/HSBrightnessSlider.h"
@@ -22,8 +23,8 @@
 #include <cstdint>
 #include <memory>
 
-/// Told how the choice came out. Sections and rows are the table's. A chooser sends three of these;
-/// the two without a section are for choosers that know rows only.
+/// Told how the choice came out. Sections and rows are the table's. A chooser never sends the two
+/// without a section, even if it was made without one, as on the phone.
 class ColorPickerViewDelegate
 {
 public:
@@ -52,13 +53,16 @@ public:
     static std::shared_ptr<ColorPickerViewController>
     initWithColorSectionAndRow(const UIColor &color, std::int32_t selectedSection,
                                std::int32_t selectedRow);
-    /// For section 0.
+    /// For section 0, unless set.
     static std::shared_ptr<ColorPickerViewController> initWithColorAndRow(const UIColor &color,
                                                                           std::int32_t selectedRow);
     ~ColorPickerViewController() override;
 
+    /// The element's place in the table, which the answer bears.
     std::int32_t selectedSection() const { return _selectedSection; }
+    void setSelectedSection(std::int32_t section) { _selectedSection = section; }
     std::int32_t selectedRow() const { return _selectedRow; }
+    void setSelectedRow(std::int32_t row) { _selectedRow = row; }
     /// A new chooser is its own delegate, to whom nothing matters; whoever makes one takes its
     /// place.
     std::shared_ptr<ColorPickerViewDelegate> delegate() const { return _delegate; }
@@ -69,6 +73,8 @@ public:
     HSColorPickerView *colorPicker() const { return _colorPicker; }
     HSBrightnessSlider *brightnessSlider() const { return _brightnessSlider; }
     HSOpacitySlider *opacitySlider() const { return _opacitySlider; }
+    /// The strip whose ground is the chosen colour.
+    UIView *colorPatch() const { return _colorPatch; }
     UITextField *hexTextField() const { return _hexTextField; }
     ChooserLayout layout() const { return _layout; }
     /// The colour that the wheel last reported; the same for drawing.
@@ -78,7 +84,6 @@ public:
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
     void viewDidLayoutSubviews() override;
-    void prepareForTermination() override;
 
     void colorPickerDidChangeSelection(HSColorPickerView &colorPicker) override;
     bool shouldChangeCharactersInRange(UITextField &field, NSRange range,
@@ -121,13 +126,14 @@ private:
     void select(double red, double green, double blue, double alpha);
 
     UIColor _color;
-    const std::int32_t _selectedSection;
-    const std::int32_t _selectedRow;
+    std::int32_t _selectedSection;
+    std::int32_t _selectedRow;
     std::shared_ptr<ColorPickerViewDelegate> _delegate;
     // The view's.
     HSColorPickerView *_colorPicker = nullptr;
     HSBrightnessSlider *_brightnessSlider = nullptr;
     HSOpacitySlider *_opacitySlider = nullptr;
+    UIView *_colorPatch = nullptr;
     UITextField *_hexTextField = nullptr;
     const UIColor _initialColor;
     ChooserLayout _layout;

@@ -2,18 +2,22 @@
 // ones are hexadecimal digits, behind a "#" that supplies itself.
 #pragma once
 
-#include <QStringView>
+#include "platform/foundation/NSRange.h"
+
+#include <QString>
+
+#include <optional>
 
 struct HexFieldAnswer {
     /// Whether the edit may happen.
     bool allowed;
-    /// Whether "#" is to take the edited range's place first, allowed or not.
-    bool suppliesHash;
+    /// What the field is to hold before that, whether it happens or not: "#" in the range's place.
+    std::optional<QString> instead;
 
     bool operator==(const HexFieldAnswer &) const = default;
 };
 
-/// For an edit that puts `replacement` in the place of `rangeLength` of the field's `length`
-/// characters (UTF-16 code units). A replacement of nine is a whole colour text and goes in as it
-/// is, whatever it spells.
-HexFieldAnswer answerHexFieldEdit(qsizetype length, qsizetype rangeLength, QStringView replacement);
+/// For an edit that puts `replacement` in the place of a range of the field's text. A replacement
+/// of nine characters (UTF-16 code units) passes for a whole colour text and goes in whatever it
+/// spells, as on the phone.
+HexFieldAnswer answerHexFieldEdit(const QString &text, NSRange range, const QString &replacement);

@@ -16,49 +16,55 @@ FocusScope {
         focus: true
         enabled: !root.controller.overlays.loading && !root.controller.chooserOpen
 
-        UIView {
-            objectName: "_bgView"
-            frame: root.controller.layout.bgView
+        // What the bars blur.
+        Item {
+            id: scene
 
-            Image {
-                anchors.fill: parent
-                source: "qrc:/images/TransparentBG.png"
-                fillMode: Image.Tile
-                horizontalAlignment: Image.AlignLeft
-                verticalAlignment: Image.AlignTop
-            }
-        }
-        UIView {
-            objectName: "_hiddenView"
-            frame: root.controller.layout.hiddenView
-            visible: !root.controller.fromMainView
+            anchors.fill: parent
 
-            Rectangle {
-                anchors.fill: parent
-                color: "white"
-            }
             UIView {
-                objectName: "_appVersion"
-                frame: root.controller.layout.appVersion
+                objectName: "_bgView"
+                frame: root.controller.layout.bgView
 
-                // Out of sight until the table is pulled down.
-                Loader {
+                Image {
                     anchors.fill: parent
-                    active: scroller.contentY < -scroller.topMargin
-                    source: Qt.resolvedUrl("VersionLabel.qml")
+                    source: "qrc:/images/TransparentBG.png"
+                    fillMode: Image.Tile
+                    horizontalAlignment: Image.AlignLeft
+                    verticalAlignment: Image.AlignTop
                 }
             }
-        }
-        UIView {
-            id: tableFrame
+            UIView {
+                objectName: "_hiddenView"
+                frame: root.controller.layout.hiddenView
+                visible: !root.controller.fromMainView
 
-            objectName: "_tableView"
-            frame: root.controller.layout.tableView
+                Rectangle {
+                    anchors.fill: parent
+                    color: "white"
+                }
+                UIView {
+                    objectName: "_appVersion"
+                    frame: root.controller.layout.appVersion
 
-            TableScroller {
-                id: scroller
+                    // Out of sight until the table is pulled down.
+                    Loader {
+                        anchors.fill: parent
+                        active: scroller.contentY < -scroller.topMargin
+                        source: Qt.resolvedUrl("VersionLabel.qml")
+                    }
+                }
+            }
+            UIView {
+                objectName: "_tableView"
+                frame: root.controller.layout.tableView
 
-                anchors.fill: parent
+                TableScroller {
+                    id: scroller
+
+                    anchors.fill: parent
+                    title: qsTr("Theme elements")
+                }
             }
         }
         BlurView {
@@ -71,8 +77,8 @@ FocusScope {
 
             Backdrop {
                 anchors.fill: parent
-                behind: tableFrame
-                stretch: Qt.rect(topView.x, topView.y - tableFrame.y, topView.width, topView.height)
+                behind: scene
+                stretch: topView.frame
             }
         }
         BlurView {
@@ -84,14 +90,15 @@ FocusScope {
 
             Backdrop {
                 anchors.fill: parent
-                behind: tableFrame
-                stretch: Qt.rect(bottomView.x, bottomView.y - tableFrame.y, bottomView.width, bottomView.height)
+                behind: scene
+                stretch: bottomView.frame
             }
             ImageButton {
                 objectName: "_saveButton"
                 frame: root.controller.layout.saveButton
                 title: "Save Theme"
                 titleSize: 26
+                usable: !root.controller.overlays.loading
                 image: "qrc:/images/lightGreenButton.png"
                 highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
                 onTouchUpInside: root.controller.saveButtonTap()

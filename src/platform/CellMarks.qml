@@ -15,6 +15,8 @@ Item {
         opacity: marks.cell.marked ? 1 : 0
 
         Behavior on opacity {
+            enabled: marks.cell.fadesMark
+
             NumberAnimation {
                 duration: 150
             }

@@ -11,7 +11,7 @@ PushButton {
     property int titleSize: 15
 
     focusFrame: true
-    opacity: enabled ? 1 : 0.6
+    opacity: usable ? 1 : 0.6
 
     // The corners, 18 points each, keep their shape; the middle stretches.
     BorderImage {

@@ -13,6 +13,10 @@ Rectangle {
     visible: !bar.controller.barHidden
     color: bar.controller.barColor
 
+    // The page goes on below the bar; presses on the bar are not for it.
+    MouseArea {
+        anchors.fill: parent
+    }
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width

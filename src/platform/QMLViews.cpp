@@ -1,6 +1,5 @@
 #include "platform/QMLViews.h"
 
-#include <QQmlComponent>
 #include <QUrl>
 
 extern void qml_register_types_Tintloom(); // generated for the QML module
@@ -21,6 +20,11 @@ void QMLViews::prepareEngine(QQmlEngine &engine)
     }();
     Q_UNUSED(registered)
     engine.addImportPath("qrc:/qt/qml");
+}
+
+std::unique_ptr<QQmlComponent> QMLViews::readAhead(QQmlEngine &engine, const char *file)
+{
+    return std::make_unique<QQmlComponent>(&engine, urlOf(file), QQmlComponent::Asynchronous);
 }
 
 QQuickItem *QMLViews::create(QQmlEngine &engine, const char *file, const QVariantMap &properties)

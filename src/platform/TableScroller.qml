@@ -6,7 +6,7 @@ Flickable {
     id: scroller
 
     property alias table: content
-    property string title: qsTr("Theme elements")
+    required property string title // for assistive technology
 
     contentWidth: width
     contentHeight: content.contentHeight

@@ -5,28 +5,27 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
-#include <thread>
 
 namespace
 {
-// Qt aborts with a core dump when it finds no display. Its last words come through the message
+const char *lastWords = "";
+
+// Qt aborts with a core dump when it finds no display. What it says then comes through the message
 // handler, which is the one place to leave more politely.
 void leaveWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs("tintloom: no display to open a window on; \"tintloom save\" works without one\n",
-               stderr);
+    std::fprintf(stderr, "%s\n", lastWords);
     std::_Exit(UIApplication::noDisplay);
 }
 } // namespace
 
 int UIApplicationMain(int &argc, char **argv,
-                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate)
+                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate,
+                      const char *withoutDisplay)
 {
-    // Finding the system's fonts takes a good part of a start and needs nothing else of it.
-    const std::jthread fonts([] { FcInit(); });
+    lastWords = withoutDisplay;
     const QtMessageHandler usual = qInstallMessageHandler(leaveWithoutDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(usual);

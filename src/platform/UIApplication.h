@@ -1,13 +1,14 @@
 // The application's loop.
 #pragma once
 
+#include "platform/UIResponder.h"
+
 #include <functional>
 #include <memory>
 
-class UIApplicationDelegate
+class UIApplicationDelegate : public UIResponder
 {
 public:
-    virtual ~UIApplicationDelegate() = default;
     /// Builds the window. False ends the program at once with a failure status.
     virtual bool didFinishLaunchingWithOptions() = 0;
     virtual void applicationWillResignActive() {}
@@ -24,7 +25,8 @@ inline constexpr int noDisplay = 69;
 } // namespace UIApplication
 
 /// Makes the delegate, runs the loop until the last window is closed, lets go of the delegate and
-/// its windows, and returns the exit status. Without a display it says so on standard error and
-/// ends the process with UIApplication::noDisplay.
+/// its windows, and returns the exit status. Without a display it puts `withoutDisplay`, a line in
+/// the locale's encoding, on standard error and ends the process with UIApplication::noDisplay.
 int UIApplicationMain(int &argc, char **argv,
-                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate);
+                      const std::function<std::unique_ptr<UIApplicationDelegate>()> &makeDelegate,
+                      const char *withoutDisplay);

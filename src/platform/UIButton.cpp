@@ -17,6 +17,15 @@ void UIButton::setTitle(const QString &title)
     emit titleChanged();
 }
 
+void UIButton::setUsable(bool usable)
+{
+    if (_isUsable == usable)
+        return;
+    _isUsable = usable;
+    setEnabled(usable);
+    emit usableChanged();
+}
+
 void UIButton::setPressed(bool pressed)
 {
     if (_isPressed == pressed)

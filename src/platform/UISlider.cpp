@@ -133,7 +133,6 @@ void UISlider::beginTracking(int holder, QPointF point)
     if (_holder)
         return;
     _holder = holder;
-    _fingerX = point.x();
     // A page that scrolls must not take the finger away.
     setKeepMouseGrab(true);
     setKeepTouchGrab(true);
@@ -146,10 +145,7 @@ void UISlider::beginTracking(int holder, QPointF point)
 
 void UISlider::continueTracking(QPointF point)
 {
-    if (point.x() == _fingerX)
-        return; // or a value that no pixel stands for would be rounded by a mere touch
-    _fingerX = point.x();
-    moveTo(valueAt(_fingerX - _grip));
+    moveTo(valueAt(point.x() - _grip));
 }
 
 void UISlider::mousePressEvent(QMouseEvent *event)

@@ -90,6 +90,5 @@ private:
     CALayer _backing; // the background and what drawRect draws
     CALayer _knob;
     std::optional<int> _holder; // the touch point's id, or the mouse
-    double _fingerX = 0.0;
-    double _grip = 0.0; // where the finger holds the knob, right of its middle
+    double _grip = 0.0;         // where the finger holds the knob, right of its middle
 };

@@ -124,12 +124,15 @@ int UITableView::numberOfRows(int section) const
 
 QRectF UITableView::rectForRow(NSIndexPath indexPath) const
 {
+    Q_ASSERT(indexPath.isValid() && indexPath.section < numberOfSections() &&
+             indexPath.row < numberOfRows(indexPath.section));
     const double top = _sectionTops[indexPath.section] + headerHeight + indexPath.row * _rowHeight;
     return {0.0, top, width(), _rowHeight};
 }
 
 QRectF UITableView::rectForHeader(int section) const
 {
+    Q_ASSERT(0 <= section && section < numberOfSections());
     const double natural = _sectionTops[section];
     const double sticking = std::min(_contentOffset + _insetTop, // pushed out by the next header
                                      _sectionTops[section + 1] - headerHeight);
@@ -145,7 +148,7 @@ int UITableView::sectionAt(double y) const
 
 NSIndexPath UITableView::rowAt(double y) const
 {
-    if (numberOfSections() == 0 || y < 0.0 || y >= contentHeight())
+    if (y < 0.0 || y >= contentHeight())
         return {};
     const int section = sectionAt(y);
     if (rectForHeader(section).top() <= y && y < rectForHeader(section).bottom())

@@ -6,6 +6,10 @@
 // to the back of a pool and the next row asks the front of the pool first, so a table of any length
 // lives on a screenful of cells. What a cell shows is decided by the data source alone.
 //
+// Not Qt's ListView. That pins a section's header at 0 whatever the margin above, lets its origin
+// drift and estimates its height, destroys the cells in sight when the data is loaded anew, and has
+// no header for a section without rows.
+//
 //   content y:  0        first header (28 points), then its rows, then the next header, ...
 //   offset:     -inset.top at rest; a header sticks at offset + inset.top
 #pragma once

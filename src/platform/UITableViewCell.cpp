@@ -4,6 +4,12 @@
 
 #include <algorithm>
 
+void UITableViewCell::prepare(Style style, const QString &reuseIdentifier)
+{
+    _style = style;
+    _reuseIdentifier = reuseIdentifier;
+}
+
 void UITableViewCell::setBackgroundColor(const QColor &color)
 {
     if (_backgroundColor == color)
@@ -12,11 +18,13 @@ void UITableViewCell::setBackgroundColor(const QColor &color)
     emit backgroundColorChanged();
 }
 
-void UITableViewCell::setSelected(bool selected, bool)
+void UITableViewCell::setSelected(bool selected, bool animated)
 {
     if (_selected == selected)
         return;
     _selected = selected;
+    _fadesMark = animated;
+    emit fadesMarkChanged(); // first: the mark reacts to the other signal
     makeMarks();
     emit selectedChanged();
 }
@@ -104,7 +112,7 @@ bool UITableViewCell::isLongPressed() const
 void UITableViewCell::makeMarks()
 {
     QQmlEngine *engine = qmlEngine(this);
-    if (_marks || !engine) // a cell without a look of its own has none for this either
+    if (_marks || !engine) // made in code alone, it is not drawn: nothing to mark
         return;
     _marks =
         QMLViews::create(*engine, "platform/CellMarks.qml", {{"cell", QVariant::fromValue(this)}});

@@ -13,7 +13,7 @@ UITableViewSubtitleCell::initWithReuseIdentifier(const QString &reuseIdentifier,
 {
     auto *cell = qobject_cast<UITableViewSubtitleCell *>(
         QMLViews::create(engine, "platform/SubtitleCellView.qml"));
-    cell->setReuseIdentifier(reuseIdentifier);
+    cell->prepare(Style::Subtitle, reuseIdentifier);
     return cell;
 }
 

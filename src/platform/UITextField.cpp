@@ -1,3 +1,5 @@
+// Qt Quick keeps the class of its TextInput to itself; what is public of it are its properties and
+// its invokable methods, so the field drives it by their names.
 #include "platform/UITextField.h"
 
 #include "platform/QMLViews.h"
@@ -9,7 +11,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
-#include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -92,18 +94,13 @@ void UITextField::setEditing(bool editing)
         delegate->textFieldDidEndEditing(*this);
 }
 
-UITextField::Content UITextField::content() const
+TextContent UITextField::content() const
 {
     return {_input->property("text").toString(), _input->property("selectionStart").toInt(),
             _input->property("selectionEnd").toInt(), _input->property("cursorPosition").toInt()};
 }
 
-UITextField::Content UITextField::contentOf(const QString &text, qsizetype cursor)
-{
-    return {text, cursor, cursor, cursor};
-}
-
-void UITextField::setContent(const Content &content)
+void UITextField::setContent(const TextContent &content)
 {
     _input->setProperty("text", content.text);
     _input->setProperty("cursorPosition", content.cursor);
@@ -112,37 +109,32 @@ void UITextField::setContent(const Content &content)
                                   Q_ARG(int, int(content.selectionEnd)));
 }
 
-void UITextField::bracket(const std::function<void()> &edit, qsizetype offset)
+void UITextField::editAndAsk(const std::function<void()> &edit, qsizetype offset)
 {
-    const Content before = content();
+    const TextContent before = content();
     _wasEdited = false;
     edit();
-    const Content after = content();
+    const TextContent after = content();
     if (!_wasEdited && after.text == before.text)
         return;
-    // The cursor stands behind what came in, and what follows it has not changed. What came in
-    // begins where the selection or the cursor was, or further left if the edit deleted there.
-    const qsizetype end =
-        std::max<qsizetype>(before.text.size() - (after.text.size() - after.cursor), 0);
-    const qsizetype start =
-        std::clamp<qsizetype>(std::min(before.selectionStart + offset, after.cursor), 0, end);
-    const QString replacement = after.text.mid(start, after.cursor - start);
-    if (const auto answer = ask(before, {start, end - start}, replacement))
-        setContent(*answer);
+    const TextEdit done = editBetween(before, after, offset);
+    if (const auto instead = ask(before, done.range, done.replacement))
+        setContent(*instead);
 }
 
 void UITextField::replace(NSRange range, const QString &replacement)
 {
     hideMenu();
-    const Content before = content();
+    const TextContent before = content();
     QString text = before.text;
     text.replace(range.location, range.length, replacement);
-    const auto answer = ask(before, range, replacement);
-    setContent(answer.value_or(contentOf(text, range.location + replacement.size())));
+    const auto instead = ask(before, range, replacement);
+    setContent(
+        instead.value_or(TextContent::withCursor(text, range.location + replacement.size())));
 }
 
-std::optional<UITextField::Content> UITextField::ask(const Content &before, NSRange range,
-                                                     const QString &replacement)
+std::optional<TextContent> UITextField::ask(const TextContent &before, NSRange range,
+                                            const QString &replacement)
 {
     const auto delegate = _delegate.lock();
     if (!delegate)
@@ -150,12 +142,8 @@ std::optional<UITextField::Content> UITextField::ask(const Content &before, NSRa
     _textBefore = before.text;
     const bool allowed = delegate->shouldChangeCharactersInRange(*this, range, replacement);
     _textBefore.reset();
-    const auto instead = std::exchange(_textInstead, std::nullopt);
-    if (!allowed)
-        return instead ? contentOf(*instead, instead->size()) : before;
-    if (!instead || replacement.isEmpty())
-        return std::nullopt;
-    return contentOf(*instead + replacement, instead->size() + replacement.size());
+    return contentAfterAnswer(before, replacement, allowed,
+                              std::exchange(_textInstead, std::nullopt));
 }
 
 bool UITextField::eventFilter(QObject *watched, QEvent *event)
@@ -169,8 +157,11 @@ bool UITextField::eventFilter(QObject *watched, QEvent *event)
     case QEvent::InputMethod:
         takeInputMethod(static_cast<QInputMethodEvent &>(*event));
         return true;
+    case QEvent::MouseButtonPress:
+        // The right button opens the menu; it must not take away what that is to cut or copy.
+        return static_cast<QMouseEvent *>(event)->button() == Qt::RightButton;
     case QEvent::MouseButtonRelease: // of the middle button: pastes what is selected elsewhere
-        bracket([&] { deliver(*event); });
+        editAndAsk([&] { deliver(*event); });
         return true;
     default:
         return false;
@@ -193,6 +184,10 @@ void UITextField::takeKey(QKeyEvent &event)
     hideMenu();
     if (event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo))
         return;
+    if (event.matches(QKeySequence::Cut)) {
+        cut();
+        return;
+    }
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
         if (const auto delegate = _delegate.lock(); delegate && !event.isAutoRepeat())
             delegate->textFieldShouldReturn(*this);
@@ -200,7 +195,7 @@ void UITextField::takeKey(QKeyEvent &event)
     }
     QKeyEvent key(event.type(), event.key(), event.modifiers(), typed(event.text()),
                   event.isAutoRepeat(), event.count());
-    bracket([&] { deliver(key); });
+    editAndAsk([&] { deliver(key); });
     event.setAccepted(key.isAccepted());
 }
 
@@ -208,13 +203,14 @@ void UITextField::takeInputMethod(QInputMethodEvent &event)
 {
     event.setCommitString(typed(event.commitString()), event.replacementStart(),
                           event.replacementLength());
-    bracket([&] { deliver(event); }, event.replacementStart());
+    editAndAsk([&] { deliver(event); }, event.replacementStart());
 }
 
 void UITextField::cut()
 {
     hideMenu();
-    bracket([this] { call(_input, "cut"); });
+    if (content().selectionStart != content().selectionEnd) // or the input deletes what comes next
+        editAndAsk([this] { call(_input, "cut"); });
 }
 
 void UITextField::copy()
@@ -226,12 +222,11 @@ void UITextField::copy()
 void UITextField::paste()
 {
     hideMenu();
-    bracket([this] { call(_input, "paste"); });
+    editAndAsk([this] { call(_input, "paste"); });
 }
 
 void UITextField::selectAll()
 {
-    hideMenu();
     call(_input, "selectAll");
 }
 

@@ -1,13 +1,13 @@
 // A one-line text field that asks before a person's edit changes its text.
 //
 // The editing itself is Qt's: a TextInput, which TextFieldView.qml lays into the field and the
-// field watches. Each event that may edit is bracketed. The input takes it and shows the new text,
-// which no frame has drawn yet; from the text, selection and cursor of before and after follows the
-// exact range that was replaced and what replaced it; the delegate is asked about these; and on a
-// refusal the text of before is put back.
+// field watches. The input takes each event that may edit and shows the new text, which no frame
+// has drawn yet; from the text, selection and cursor of before and after follows the exact range
+// that was replaced and what replaced it; the delegate is asked about these; and on a refusal the
+// text of before is put back.
 //
 //   key, commit of an input method, middle button, drop --+
-//   cut, paste, clear of the field's own menu ------------+--> bracket --> delegate
+//   cut, paste, clear of the field's own menu ------------+--> editAndAsk --> delegate
 //
 // Where the input's hints ask the keyboard for capitals (Qt::ImhUppercaseOnly), letters come in as
 // capitals from keyboards that do not know hints, too; what is pasted stays as it is.
@@ -16,7 +16,7 @@
 #pragma once
 
 #include "platform/UIView.h"
-#include "platform/foundation/NSRange.h"
+#include "platform/foundation/TextEdit.h"
 
 #include <QColor>
 #include <QPointer>
@@ -80,7 +80,7 @@ public:
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void clear();
     /// The menu: below the field and above all else in the window, until its next use or a press
-    /// elsewhere.
+    /// elsewhere. It stays up for what is to be done with all that it has selected.
     Q_INVOKABLE void showMenu();
     Q_INVOKABLE void hideMenu();
     bool isMenuShown() const { return _menu; }
@@ -98,24 +98,16 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    /// The input's text, selection and cursor.
-    struct Content {
-        QString text;
-        qsizetype selectionStart;
-        qsizetype selectionEnd;
-        qsizetype cursor; // where the selection is empty, both its ends too
-    };
-    Content content() const;
-    static Content contentOf(const QString &text, qsizetype cursor);
-    void setContent(const Content &content);
+    TextContent content() const;
+    void setContent(const TextContent &content);
 
-    /// Lets the input edit, then asks about what it did. `offset` is where the replaced range
-    /// starts, counted from the selection, for an edit that begins with a deletion of its own.
-    void bracket(const std::function<void()> &edit, qsizetype offset = 0);
+    /// Lets the input edit, then asks about what it did. `offset` is as in editBetween.
+    void editAndAsk(const std::function<void()> &edit, qsizetype offset = 0);
     /// Asks first, then edits.
     void replace(NSRange range, const QString &replacement);
     /// What the field is to hold after the delegate's answer; nothing where the edit may stand.
-    std::optional<Content> ask(const Content &before, NSRange range, const QString &replacement);
+    std::optional<TextContent> ask(const TextContent &before, NSRange range,
+                                   const QString &replacement);
     void takeKey(QKeyEvent &event);
     void takeInputMethod(QInputMethodEvent &event);
     void deliver(QEvent &event);

@@ -3,10 +3,13 @@
 #include "platform/QMLViews.h"
 #include "platform/foundation/UIScreen.h"
 
+#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QResizeEvent>
 
 #include <algorithm>
+#include <fontconfig/fontconfig.h>
 #include <utility>
 
 namespace
@@ -14,9 +17,13 @@ namespace
 UIWindow *theKeyWindow = nullptr;
 } // namespace
 
-UIWindow::UIWindow() : _stage(new QQuickItem(contentItem()))
+UIWindow::UIWindow() : _fontSearch([] { FcInit(); }), _stage(new QQuickItem(contentItem()))
 {
     QMLViews::prepareEngine(_engine);
+    _firstRead = QMLViews::readAhead(_engine, "platform/NavigationView.qml");
+    // While another thread reads, this one loads the font that the first text would wait for.
+    _fontSearch.join(); // or it would search all over again
+    QFontMetricsF(QGuiApplication::font()).height();
     setColor(Qt::white);
     resize(UIScreen::mainScreen().size().toSize());
     _stage->setFlag(QQuickItem::ItemIsFocusScope);

@@ -9,10 +9,12 @@
 #include "platform/UIAlertView.h"
 #include "platform/UIViewController.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
 #include <memory>
+#include <thread>
 #include <vector>
 
 class UIWindow : public QQuickWindow
@@ -63,7 +65,9 @@ private:
     /// Gives the input to what is on top, and to nothing below that.
     void giveInputToTop();
 
+    std::jthread _fontSearch; // while the engine is made; both take long and need nothing else
     QQmlEngine _engine;
+    std::unique_ptr<QQmlComponent> _firstRead;
     bool _isDocumentEdited = false;
     QQuickItem *_stage; // everything below sheets and alerts
     std::shared_ptr<UIViewController> _rootViewController;

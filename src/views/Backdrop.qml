@@ -3,7 +3,8 @@ import QtQuick
 // The blurred picture of what lies behind a translucent bar. Blurring takes shaders: on the software
 // renderer there is nothing here, and the bar's tint alone remains.
 Loader {
-    // What scrolls behind the bar, and which stretch of it. The bar must not be inside it.
+    // All that is behind the bar, an opaque ground included, or what is sharp shows between; and which
+    // stretch of it, in its own coordinates. The bar must not be inside it.
     required property Item behind
     required property rect stretch
 

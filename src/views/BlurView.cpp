@@ -2,6 +2,7 @@
 
 BlurView::BlurView(QQuickItem *parent) : UIView(parent)
 {
+    setAcceptedMouseButtons(Qt::AllButtons);
     setup();
 }
 
@@ -17,7 +18,8 @@ void BlurView::setup()
 
 void BlurView::setBlurTintColor(const QColor &color)
 {
-    _toolbar->setBarTintColor(color);
+    if (_toolbar)
+        _toolbar->setBarTintColor(color);
 }
 
 void BlurView::setToolbar(UIToolbar *toolbar)

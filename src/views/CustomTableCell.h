@@ -18,10 +18,8 @@ class CustomTableCell : public UITableViewCell
     Q_PROPERTY(QString spokenLock READ spokenLock NOTIFY lockedChanged FINAL)
 
 public:
-    enum class Style { Default = 0, Subtitle = 3 };
-
     explicit CustomTableCell(QQuickItem *parent = nullptr);
-    /// A new cell with its looks. The style is handed to the base, which has but one look.
+    /// A new cell with its looks. Style and identifier are handed to the base.
     static CustomTableCell *initWithStyle(Style style, const QString &reuseIdentifier,
                                           QQmlEngine &engine);
 

@@ -21,6 +21,7 @@ void ScreenOverlays::setFrames(const QRectF &loadingFrame, double noticeBottom)
 
 void ScreenOverlays::showLoaderWithLabel(const QString &label)
 {
+    Q_ASSERT(!isLoading());
     _loadingText = label;
     _loader = overlay("views/LoaderBox.qml", _view);
     emit loadingChanged();
@@ -106,6 +107,7 @@ void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
 
 QQuickItem *ScreenOverlays::overlay(const char *file, QQuickItem *parent)
 {
+    Q_ASSERT(_view && _engine);
     QQuickItem *item = QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}});
     item->setParent(parent);
     item->setParentItem(parent);

@@ -33,6 +33,10 @@ FocusScope {
             color: "#33000000"
         }
     }
+    // Presses beside the text end here, and not on the row behind.
+    MouseArea {
+        anchors.fill: parent
+    }
     Flickable {
         anchors.fill: parent
         anchors.margins: 8

@@ -11,7 +11,7 @@
 QImage imageWithColor(const UIColor &color, double scale = UIScreen::mainScreen().scale());
 
 /// An image of the rectangle's size, in points, in which the rectangle itself is filled: an origin
-/// other than (0, 0) leaves the rest of the canvas transparent. A null image when the size is
-/// empty.
+/// other than (0, 0) leaves the rest of the canvas transparent, as on the phone. A null image when
+/// the size is empty.
 QImage imageWithColorRect(const UIColor &color, const QRectF &rect,
                           double scale = UIScreen::mainScreen().scale());

@@ -3,6 +3,7 @@
 
 #include "chooser/ColorPickerViewController.h"
 #include "platform/QMLViews.h"
+#include "platform/UIButton.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIWindow.h"
 #include "platform/foundation/UIScreen.h"

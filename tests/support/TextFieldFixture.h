@@ -18,8 +18,6 @@ protected:
         {
             asked += QString("%1+%2 %3").arg(range.location).arg(range.length).arg(replacement) +
                      " in " + field.text();
-            if (instead)
-                field.setText(*instead);
             return allows;
         }
         bool textFieldShouldReturn(UITextField &field) override
@@ -31,7 +29,6 @@ protected:
 
         QStringList asked; // "where+length replacement in text"
         bool allows = true;
-        std::optional<QString> instead;
         int ends = 0;
     };
 

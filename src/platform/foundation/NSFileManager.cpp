@@ -1,5 +1,6 @@
 #include "platform/foundation/NSFileManager.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -57,13 +58,16 @@ private:
     const int _number;
 };
 
-/// Distinct enough that nobody else's file bears such a name.
-const QString temporaryMark = u".tintloom-"_s;
+/// With the program's name, distinct enough that nobody else's file bears such a name.
+QString temporaryMark()
+{
+    return u'.' + QCoreApplication::applicationName().toLower() + u'-';
+}
 
 fs::path temporaryFor(const QString &path)
 {
     const quint64 number = QRandomGenerator::global()->generate64();
-    return native(path + temporaryMark + QString::asprintf("%016llx", number));
+    return native(path + temporaryMark() + QString::asprintf("%016llx", number));
 }
 
 std::error_code fillAndFlush(const fs::path &path, const QByteArray &bytes)
@@ -251,8 +255,8 @@ std::error_code NSFileManager::writeToFile(const QString &path, const QByteArray
 
 bool NSFileManager::isTemporaryName(const QString &name)
 {
-    static const QRegularExpression pattern(u"\\A.+"_s + QRegularExpression::escape(temporaryMark) +
-                                            u"[0-9a-f]{16}\\z"_s);
+    const QRegularExpression pattern(u"\\A.+"_s + QRegularExpression::escape(temporaryMark()) +
+                                     u"[0-9a-f]{16}\\z"_s);
     return pattern.match(name).hasMatch();
 }
 

@@ -92,7 +92,8 @@ public:
     static std::error_code writeToFile(const QString &path, const QByteArray &bytes);
 
     /// True for the name of a temporary file that a killed writeToFile may have left in the
-    /// target's folder: "Info.plist.tintloom-0123456789abcdef".
+    /// target's folder: the target's own name, the application's in lower case and a number, as in
+    /// "Info.plist.tintloom-0123456789abcdef". So set the application's name before anything else.
     static bool isTemporaryName(const QString &name);
 
     /// Renames a file in one step, over a file that stands at the new path, and flushes it and both
