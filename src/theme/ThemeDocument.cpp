@@ -167,10 +167,11 @@ void ThemeDocument::noteSaved(const ElementDataSource &snapshot)
     const bool hadUnsaved = hasUnsavedChanges();
     _savedInstead.clear();
     for (int index = 0; index < count(); ++index) {
-        const ElementChoice saved = snapshot.tableSource().at(size_t(index)).choice();
-        if (!(record(index).choice() == saved))
-            _savedInstead.emplace(index, saved);
+        const ElementChoice choice = snapshot.tableSource().at(size_t(index)).choice();
+        if (!(record(index).choice() == choice))
+            _savedInstead.emplace(index, choice);
     }
+    emit saved();
     if (hadUnsaved != hasUnsavedChanges())
         emit unsavedChanged();
 }

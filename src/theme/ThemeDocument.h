@@ -102,6 +102,8 @@ signals:
     /// Another step can be undone or redone.
     void historyChanged();
     void unsavedChanged();
+    /// What counts as saved is another state than before.
+    void saved();
     void lockChanged(int index);
     /// The passing colour of that element has come, changed or gone.
     void passingColorChanged(int index);

@@ -204,7 +204,7 @@ DraftKeeper::DraftKeeper(ThemeDocument &document, const QString &documents)
     : _document(document), _desk(std::make_shared<Desk>(documents))
 {
     connect(&document, &ThemeDocument::changed, this, &DraftKeeper::update);
-    connect(&document, &ThemeDocument::unsavedChanged, this, &DraftKeeper::update);
+    connect(&document, &ThemeDocument::saved, this, &DraftKeeper::update);
 }
 
 DraftKeeper::~DraftKeeper() = default;
