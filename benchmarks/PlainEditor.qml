@@ -128,5 +128,24 @@ Item {
                 font.pixelSize: 26
             }
         }
+        BorderImage {
+            x: 264
+            y: 5
+            width: 52
+            height: 40
+            source: "qrc:/images/greyButton.png"
+            border {
+                left: 18
+                top: 18
+                right: 18
+                bottom: 18
+            }
+
+            Text {
+                anchors.centerIn: parent
+                text: "More"
+                font.pixelSize: 15
+            }
+        }
     }
 }

@@ -24,6 +24,9 @@ const std::vector<Ratio> ratios = {
     {"rotate/30", "rotate_qpainter/30", 1.3, Clock::Passing},
     {"drag", "drag_plain", 2.0, Clock::Passing},
     {"open_chooser", "open_chooser_plain", 1.3, Clock::Passing},
+    {"edit/100000", "edit/1000", 1.5, Clock::Processor},
+    // Ten times the steps; a step must not cost more for those before it.
+    {"history/10000", "history/1000", 12.0, Clock::Processor},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.
