@@ -36,7 +36,6 @@ MainViewController::~MainViewController()
 void MainViewController::install()
 {
     NSLog("%s", {"-[MainViewController install]"});
-    _saveFileQueue = std::make_unique<DispatchQueue>("io.tintloom.savefilequeue1");
     _tableSource = ThemeList::load(_folders.resources);
 }
 
@@ -52,6 +51,7 @@ void MainViewController::viewDidLoad()
     _appVersion = view()->findChild<UIView *>("appVersion");
     _tableFrame = view()->findChild<UIView *>("tableView");
     _tableView = view()->property("table").value<UITableView *>();
+    _saving.setTable(_tableView);
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
     _tableView->setContentInset(0.0, 0.0);
@@ -78,9 +78,7 @@ void MainViewController::viewDidLayoutSubviews()
 
 void MainViewController::prepareForTermination()
 {
-    // Work that has begun is finished: its first step on the queue, its second on this thread.
-    _saveFileQueue->sync([] {});
-    MainQueue::drain();
+    _saving.finish();
     if (const auto editor = std::exchange(_customViewController, nullptr))
         editor->prepareForTermination();
 }
@@ -236,4 +234,76 @@ std::error_code MainViewController::setSelectedTheme(const QString &name)
 void MainViewController::setCustomTheme()
 {
     setSelectedTheme(ThemeRecord::ownTheme());
+}
+
+void MainViewController::save()
+{
+    NSLog("SAVING THEME... %@", {_clickedTheme});
+    _overlays->setNotice({});
+    _saving.run(
+        "Saving theme...", self(),
+        [this, theme = _clickedTheme] {
+            return beginInstalling(_folders.resources, theme, _folders.theme);
+        },
+        [this, theme = _clickedTheme](const ThemeInstallation &installation) {
+            finishSave(installation, theme);
+        });
+}
+
+void MainViewController::finishSave(const ThemeInstallation &installation, const QString &theme)
+{
+    if (!finishCopying(installation, theme))
+        return;
+    showAlert(std::make_unique<UIAlertView>(
+        "Saved",
+        QString("%1 has been saved. Check biteSMS for \"Tintloom\" under themes then select "
+                "\"Apply Theme\".")
+            .arg(theme),
+        std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
+}
+
+void MainViewController::editPredefinedTheme()
+{
+    NSLog("SAVING PREDEFINED THEME... %@", {_clickedTheme});
+    _overlays->setNotice({});
+    _saving.run(
+        "Saving theme...", self(),
+        [this, theme = _clickedTheme] {
+            // The next editor shall read the new working copy. Nobody else looks at this one now:
+            // it is off the screen, and the busy box is up.
+            _customViewController.reset();
+            return beginEditing(_folders.resources, theme, _folders.theme);
+        },
+        [this, theme = _clickedTheme](const ThemeInstallation &installation) {
+            finishEditing(installation, theme);
+        });
+}
+
+void MainViewController::finishEditing(const ThemeInstallation &installation, const QString &theme)
+{
+    if (!finishCopying(installation, ThemeRecord::ownTheme()))
+        return;
+    auto alert = std::make_unique<UIAlertView>(
+        "Saved", QString("%1 has been saved as your custom theme.").arg(theme), self(),
+        QStringList{"OK"});
+    alert->setTag(EditedTag);
+    showAlert(std::move(alert));
+}
+
+bool MainViewController::finishCopying(const ThemeInstallation &installation,
+                                       const QString &selected)
+{
+    SaveReport report = copyTheme(installation);
+    const bool isDone = report.refusal.isEmpty();
+    if (isDone)
+        report.addFailure(_folders.theme.preferences(), setSelectedTheme(selected));
+    removeLoader();
+    _overlays->showOutcome(report.notice(), report.copyFrom(_folders.theme));
+    return isDone;
+}
+
+void MainViewController::showAlert(std::unique_ptr<UIAlertView> alertView)
+{
+    _alertView = alertView.get();
+    UIAlertView::show(std::move(alertView));
 }

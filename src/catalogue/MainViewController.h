@@ -15,8 +15,8 @@
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
-#include "platform/foundation/DispatchQueue.h"
 #include "views/ScreenOverlays.h"
+#include "views/ScreenWork.h"
 
 #include <QPointer>
 
@@ -69,8 +69,8 @@ public:
     /// Installs it and makes it the editor's working copy.
     void editPredefinedTheme();
 
-    void showLoaderWithLabel(const QString &label);
-    void removeLoader();
+    void showLoaderWithLabel(const QString &label) { _saving.start(label); }
+    void removeLoader() { _saving.stop(); }
     /// The busy box, its text and its spinner; null while it is not up.
     QQuickItem *loadingView() const { return _overlays->loadingView(); }
     QQuickItem *loadingLabel() const { return _overlays->loadingLabel(); }
@@ -105,7 +105,6 @@ private:
     SelectedTheme _selectedTheme;
     QString _clickedTheme;
     ThemeList _tableSource;
-    std::unique_ptr<DispatchQueue> _saveFileQueue;
     std::shared_ptr<CustomViewController> _customViewController; // made at first need
     UIView *_hiddenView = nullptr; // this and the next three: the view's
     UIView *_appVersion = nullptr;
@@ -113,4 +112,5 @@ private:
     UITableView *_tableView = nullptr;
     QPointer<UIAlertView> _alertView;
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
+    ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
 };

@@ -2,13 +2,13 @@
 
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
+#include "platform/foundation/ThreadAnnotations.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
-#include <mutex>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -143,7 +143,7 @@ public:
 
     void leave(std::vector<Entry> entries)
     {
-        const std::lock_guard guard(_mutex);
+        const MutexLock lock(_mutex);
         _next = std::move(entries);
     }
 
@@ -152,7 +152,7 @@ public:
     {
         std::optional<std::vector<Entry>> entries;
         {
-            const std::lock_guard guard(_mutex);
+            const MutexLock lock(_mutex);
             entries.swap(_next);
         }
         if (!entries) // the block before took it, together with its own
@@ -193,8 +193,8 @@ private:
     }
 
     const QString _documents;
-    std::mutex _mutex;
-    std::optional<std::vector<Entry>> _next; // not taken yet
+    Mutex _mutex;
+    std::optional<std::vector<Entry>> _next GUARDED_BY(_mutex); // not taken yet
     QString _folder;
     std::shared_ptr<const void> _lock; // while there is a folder
     bool _isInStep = true;

@@ -1,5 +1,7 @@
 #include "HSColorPicker/ColorPickerClasses/HSBitmapCache.h"
 
+#include <algorithm>
+
 HSBitmapCache &HSBitmapCache::shared()
 {
     static HSBitmapCache cache;
@@ -7,7 +9,10 @@ HSBitmapCache &HSBitmapCache::shared()
 }
 
 HSBitmapCache::HSBitmapCache(qsizetype costLimit)
-    : _generationCache(costLimit), _backgroundQueue("org.tintloom.HSColorPickerView.background")
+    : _generationCache(costLimit),
+      _generationQueue("org.tintloom.HSColorPickerView.generation",
+                       std::max(1U, std::thread::hardware_concurrency())),
+      _backgroundQueue("org.tintloom.HSColorPickerView.background")
 {
 }
 
@@ -34,7 +39,7 @@ HSBitmapCache::OperationPointer HSBitmapCache::operationFor(double pixelDiameter
     if (shouldCache)
         _generationCache.insert(key, new OperationPointer(operation),
                                 qsizetype(BMRound(std::trunc(pixelDiameter))));
-    _generationQueue.addOperation(operation);
+    _generationQueue.async([operation] { operation->start(); });
     return operation;
 }
 

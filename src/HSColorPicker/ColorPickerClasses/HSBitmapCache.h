@@ -6,7 +6,7 @@
 // holds a bitmap keeps it.
 #pragma once
 
-#include "HSColorPicker/ColorPickerClasses/HSGenerationQueue.h"
+#include "HSColorPicker/ColorPickerClasses/HSGenerateOperation.h"
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/ThreadAnnotations.h"
 
@@ -45,6 +45,6 @@ private:
 
     Mutex _mutex;
     QCache<QString, OperationPointer> _generationCache GUARDED_BY(_mutex);
-    HSGenerationQueue _generationQueue;
+    DispatchQueue _generationQueue; // a thread for each processor
     DispatchQueue _backgroundQueue; // last: its blocks use all of the above
 };

@@ -3,23 +3,31 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <future>
 #include <mutex>
 
-DispatchQueue::DispatchQueue(std::string label)
-    : _label(std::move(label)), _thread([this] { run(); })
+DispatchQueue::DispatchQueue(std::string label, unsigned threads) : _label(std::move(label))
 {
+    for (unsigned started = 0; started < threads; ++started)
+        _threads.emplace_back([this] { run(); });
 }
 
 DispatchQueue::~DispatchQueue()
 {
-    Q_ASSERT(std::this_thread::get_id() != _thread.get_id());
+    Q_ASSERT(!isOwnThread());
     {
         const MutexLock lock(_mutex);
         _stopping = true;
     }
-    _wake.notify_one();
-    _thread.join();
+    _wake.notify_all();
+    for (std::thread &thread : _threads)
+        thread.join();
+}
+
+bool DispatchQueue::isOwnThread() const
+{
+    return std::ranges::count(_threads, std::this_thread::get_id(), &std::thread::get_id) > 0;
 }
 
 void DispatchQueue::async(Block block)
@@ -33,7 +41,7 @@ void DispatchQueue::async(Block block)
 
 void DispatchQueue::sync(const Block &block)
 {
-    Q_ASSERT(std::this_thread::get_id() != _thread.get_id());
+    Q_ASSERT(!isOwnThread());
     std::promise<void> done;
     async([&] {
         block();

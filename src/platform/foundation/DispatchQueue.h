@@ -13,15 +13,18 @@
 #include <functional>
 #include <string>
 #include <thread>
+#include <vector>
 
 class DispatchQueue
 {
 public:
     using Block = std::function<void()>;
 
-    /// Starts the thread. The label is for people: debuggers and logs show it.
-    explicit DispatchQueue(std::string label);
-    /// Runs what is still queued, then joins the thread. Must not be called from a block of the
+    /// Starts the thread, or that many: of these each takes the next block that waits, so that
+    /// blocks begin in order and run side by side. The label is for people: debuggers and logs show
+    /// it.
+    explicit DispatchQueue(std::string label, unsigned threads = 1);
+    /// Runs what is still queued, then joins the threads. Must not be called from a block of the
     /// queue.
     ~DispatchQueue();
     DispatchQueue(const DispatchQueue &) = delete;
@@ -29,20 +32,22 @@ public:
 
     /// Queues a block and returns at once; any thread.
     void async(Block block);
-    /// Queues a block and waits until it has run; any thread but the queue's own.
+    /// Queues a block and waits until it has run; any thread but the queue's own. On one thread,
+    /// all that was queued before has run then, too.
     void sync(const Block &block);
 
     const std::string &label() const { return _label; }
 
 private:
     void run();
+    bool isOwnThread() const;
 
     const std::string _label;
     Mutex _mutex;
     std::condition_variable _wake;
     std::deque<Block> _blocks GUARDED_BY(_mutex);
     bool _stopping GUARDED_BY(_mutex) = false;
-    std::thread _thread; // last: it uses all of the above from its first moment
+    std::vector<std::thread> _threads; // last: they use all of the above from their first moment
 };
 
 namespace MainQueue
