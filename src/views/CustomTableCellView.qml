@@ -40,9 +40,7 @@ CustomTableCell {
         x: cell.width - width - 6
         y: 18
         active: cell.locked
-        sourceComponent: LockMark {
-            color: cell.colorLabel.textColor
-        }
+        source: Qt.resolvedUrl("LockMark.qml")
     }
     LabelView {
         label: cell.colorLabel

@@ -1,10 +1,12 @@
 import QtQuick
+import Tintloom
 
-// A small closed lock.
+// A small closed lock, loaded by the row that it stands in.
 Item {
     id: mark
 
-    property color color: "black"
+    readonly property CustomTableCell cell: (parent as Loader)?.parent as CustomTableCell
+    readonly property color ink: mark.cell?.colorLabel.textColor ?? "black"
 
     width: 9
     height: 12
@@ -15,7 +17,7 @@ Item {
         height: 9
         radius: 2.5
         color: "transparent"
-        border.color: mark.color
+        border.color: mark.ink
         border.width: 1.5
         antialiasing: true
     }
@@ -24,7 +26,7 @@ Item {
         width: 9
         height: 7
         radius: 1.5
-        color: mark.color
+        color: mark.ink
         antialiasing: true
     }
 }
