@@ -20,6 +20,8 @@ constexpr int usageError = 2;
 const QString help = uR"(Usage:
   tintloom [options] [--catalogue]      open the editor window, or the catalogue's
   tintloom list [options] [--json]      print every element in table order
+  tintloom set [options] KEY=VALUE...   apply the edits to the current choices; the theme
+                                        itself stays as it is
   tintloom save [options] [--set KEY=VALUE]...
                                         apply the edits to the current choices, then
                                         save the theme
@@ -86,14 +88,20 @@ public:
             return CommandLine::Command::Window;
         using enum CommandLine::Command;
         static const QMap<QString, CommandLine::Command> commands{
-            {u"list"_s, List},     {u"save"_s, Save},       {u"restore"_s, Restore},
-            {u"themes"_s, Themes}, {u"install"_s, Install}, {u"edit"_s, Edit},
+            {u"list"_s, List},       {u"set"_s, Set},       {u"save"_s, Save},
+            {u"restore"_s, Restore}, {u"themes"_s, Themes}, {u"install"_s, Install},
+            {u"edit"_s, Edit},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
             fail(u"unknown command '%1'; there are %2"_s.arg(
                 words[0], QStringList(commands.keys()).join(", "_L1)));
             return Window;
+        }
+        if (*command == Set) {
+            if (words.size() < 2)
+                fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
+            return Set;
         }
         const qsizetype expected = *command == Install || *command == Edit ? 2 : 1;
         if (words.size() > expected)
@@ -103,6 +111,8 @@ public:
         return *command;
     }
 
+    /// What `set` is to do.
+    QStringList edits() const { return _parser.positionalArguments().sliced(1); }
     /// What `install` and `edit` are to work on.
     QString theme() const { return _parser.positionalArguments().value(1); }
 
@@ -195,10 +205,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.theme = reader.theme();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.json = parser.isSet(u"json"_s);
-    options.edits = parser.values(u"set"_s);
+    options.edits = options.command == Command::Set ? reader.edits() : parser.values(u"set"_s);
     for (const QString &edit : std::as_const(options.edits)) {
         if (!edit.contains(u'='))
-            reader.fail(u"--set '%1' is not KEY=VALUE"_s.arg(edit));
+            reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));
     }
     if (!reader.problem().isEmpty())
         return refusal(reader.problem());

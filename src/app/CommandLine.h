@@ -13,7 +13,7 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Save, Restore, Themes, Install, Edit };
+enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit };
 
 struct Options {
     Command command = Command::Window;
@@ -25,7 +25,7 @@ struct Options {
     bool json = false;           // list, themes
     bool catalogue = false;      // window
     QString theme;               // install, edit: the name, as typed
-    QStringList edits;           // save: "KEY=VALUE", as typed
+    QStringList edits;           // set, save: "KEY=VALUE", as typed
 };
 
 struct Outcome {

@@ -34,9 +34,10 @@ Outcome withColor(const ElementRecord &record, const QString &value)
     const auto color = value.isEmpty() ? QString("") : normalizedColorText(value);
     if (color)
         return {ElementChoice{*color, record.value}, {}};
-    return {{},
-            u"'%1' is no colour for '%2'; give 3, 6 or 8 hexadecimal digits, or nothing to remove the colour"_s
-                .arg(value, record.key)};
+    return {
+        {},
+        u"'%1' is no colour for '%2'; give 3, 6 or 8 hexadecimal digits, or nothing to remove the colour"_s
+            .arg(value, record.key)};
 }
 
 Outcome withOption(const ElementRecord &record, const QString &label)

@@ -3,6 +3,7 @@
 #include "app/ElementEdits.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
+#include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -127,28 +128,71 @@ int runList(const CommandLine::Options &options)
     return print(options.json ? jsonList(source) : readableList(source));
 }
 
-int runSave(const CommandLine::Options &options)
+namespace
 {
-    // Held from the load on: what another Tintloom saves in between would be undone by this save.
-    auto keeper = openKeeper(options);
-    if (!keeper)
-        return failed;
+/// The choices with the edits; or, told why, the exit status.
+struct Edited {
+    std::shared_ptr<WorkingCopyKeeper> keeper; // held from the load on, see below
+    std::optional<ElementDataSource> elements;
+    int status = failed;
+};
+
+Edited edited(const CommandLine::Options &options)
+{
+    // What another Tintloom saves between load and save would be undone by this save.
+    Edited result{openKeeper(options), {}, failed};
+    if (!result.keeper)
+        return result;
     ThemeDocument document(ElementDataSource::load(options.resources, options.documents));
     const ElementDataSource &source = document.elements();
     if (source.status() == ElementDataSource::Status::Unusable)
-        return failed; // the log has named the reason
+        return result; // the log has named the reason
     if (source.status() == ElementDataSource::Status::Malformed) {
         // An empty theme would wipe the user's choices.
         complain(u"malformed data source, nothing saved: %1"_s.arg(source.problem()));
+    } else if (const auto problem = applyEdits(document, options.edits)) {
+        complain(*problem + "; nothing saved"_L1);
+        result.status = wrongUsage;
+    } else {
+        result.elements = source;
+    }
+    return result;
+}
+} // namespace
+
+int runSet(const CommandLine::Options &options)
+{
+    const auto [keeper, elements, status] = edited(options);
+    if (!elements)
+        return status;
+    const ThemeLocations locations = locationsOf(options);
+    if (!keeper->begin()) {
+        complain(keeper->refusal() + "; nothing saved"_L1);
         return failed;
     }
-    if (const auto problem = applyEdits(document, options.edits)) {
-        complain(*problem + "; nothing saved"_L1);
-        return wrongUsage;
+    std::error_code error = NSFileManager::createDirectoryAtPath(locations.workingCopyFolder());
+    if (!error)
+        error = keeper->write(PropertyList::writeDictionary(themeDictionary(*elements)));
+    if (!error)
+        error = NSFileManager::setPosixPermissions(locations.workingCopy(), 0777);
+    if (const auto ending = keeper->end(); ending && !error)
+        error = ending;
+    if (error) {
+        complain(u"cannot write %1: %2"_s.arg(locations.workingCopy(),
+                                              QString::fromStdString(error.message())));
+        return failed;
     }
+    return print(locations.workingCopy().toUtf8() + '\n');
+}
+
+int runSave(const CommandLine::Options &options)
+{
+    auto [keeper, elements, status] = edited(options);
+    if (!elements)
+        return status;
     NSLog(u"SAVING THEME..."_s);
     const SaveReport report =
-        writeTheme(buildTheme(source, locationsOf(options), options.scale, std::move(keeper)));
+        writeTheme(buildTheme(*elements, locationsOf(options), options.scale, std::move(keeper)));
     if (!report.refusal.isEmpty()) {
         complain(report.refusal + "; nothing saved"_L1);
         return failed;

@@ -10,6 +10,10 @@
 /// data source is an empty table, here as in the window, with a warning.
 int runList(const CommandLine::Options &options);
 
+/// Applies the edits to the current choices and writes the working copy alone; the one before stays
+/// as the earlier generation. Refused as a save is.
+int runSet(const CommandLine::Options &options);
+
 /// Applies the edits to the current choices and saves the theme; prints the paths written. Nothing
 /// on the disk is touched unless data source and edits are all right.
 int runSave(const CommandLine::Options &options);

@@ -43,6 +43,8 @@ int main(int argc, char **argv)
     switch (outcome.options->command) {
     case CommandLine::Command::List:
         return runList(*outcome.options);
+    case CommandLine::Command::Set:
+        return runSet(*outcome.options);
     case CommandLine::Command::Save:
         return runSave(*outcome.options);
     case CommandLine::Command::Restore:
