@@ -20,12 +20,9 @@ protected:
                                  element("choice", "Zulu", {}, letters, "b"), last});
         start();
     }
-    void tapRow(NSIndexPath indexPath) { tap(sceneFrame(cell(indexPath)).center()); }
+    void tapRow(NSIndexPath indexPath) { tap(cell(indexPath)); }
     ColorPickerViewController *chooser() { return editor().colorPickerView(); }
-    void tapInChooser(const char *name)
-    {
-        tap(sceneFrame(chooser()->view()->findChild<QQuickItem *>(name)).center());
-    }
+    void tapInChooser(const char *name) { tap(chooser()->view()->findChild<QQuickItem *>(name)); }
     QAbstractAnimation *fade() { return editor().findChild<QAbstractAnimation *>("fade"); }
     void endFade()
     {
@@ -35,10 +32,7 @@ protected:
     }
     QVariant colorOf(const QString &key)
     {
-        for (const auto &record : editor().source().tableSource())
-            if (record.key == key)
-                return record.color;
-        return {};
+        return std::ranges::find(editor().source().tableSource(), key, &ElementRecord::key)->color;
     }
     void expectCell(NSIndexPath indexPath, const QString &caption, const QColor &background,
                     const QColor &text)
@@ -182,7 +176,7 @@ TEST_F(RoundTripTest, TheChooserTakesAllInputUntilItIsGone)
         }
     }
     tapInChooser("_removeButton");
-    tap(sceneFrame(cell({1, 0})).center());
+    tapRow({1, 0});
     tapSave();
     EXPECT_FALSE(editor().isLoading());
     EXPECT_EQ(chooser(), first);

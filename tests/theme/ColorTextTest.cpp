@@ -21,64 +21,41 @@ quint32 bits(const UIColor &color)
 
 TEST(ColorTextTest, ReadsAnyText)
 {
-    const struct {
-        QString text;
-        quint32 expected;
-    } cases[] = {
-        {u"#F00"_s, 0xFF0000FF},
-        {u"f0a"_s, 0xFF00AAFF},
-        {u"#12ab9F"_s, 0x12AB9FFF},
-        {u"FF000080"_s, 0xFF000080},
-        {u"##FF0000"_s, 0xFF0000FF},
-        {u"F#F0#0#00"_s, 0xFF0000FF},
-        {u"ABCD"_s, 0x0000ABCD},
-        {u"1234567"_s, 0x01234567},
-        {u"#123456789"_s, 0xFFFFFFFF},
-        {u"000000001"_s, 0x00000001},
-        {u"FFFFFFFFFFFFFFFFFFFFF"_s, 0xFFFFFFFF},
-        {u""_s, 0},
-        {u"#"_s, 0},
-        {u"null"_s, 0},
-        {u"12345g78"_s, 0x00012345},
-        {u"  \t\nFF000080"_s, 0xFF000080},
-        {u"0xFF00"_s, 0x00FF00FF},
-        {u"0XFF000080"_s, 0xFF000080},
-        {u" 0x12345678"_s, 0x12345678},
-        {u"0xF"_s, 0},
-        {u"0x"_s, 0},
-        {u"0x0x12345"_s, 0},
-        {u"-FF000080"_s, 0},
-        {u"\uFF11\uFF12\uFF13"_s, 0},
-        {u"\U0001F3A8a"_s, 0},
+    const std::pair<quint32, QStringList> cases[] = {
+        {0xFF0000FF, {"#F00", "##FF0000", "F#F0#0#00"}},
+        {0xFF00AAFF, {"f0a"}},
+        {0xFF000080, {"FF000080", "  \t\nFF000080", "0XFF000080"}},
+        {0x0000ABCD, {"ABCD"}},
+        {0x01234567, {"1234567"}},
+        {0xFFFFFFFF, {"#123456789", "FFFFFFFFFFFFFFFFFFFFF"}},
+        {0x00000001, {"000000001"}},
+        {0x00012345, {"12345g78"}},
+        {0x00FF00FF, {"0xFF00"}},
+        {0x12345678, {" 0x12345678"}},
+        {0,
+         {"", "#", "null", "0xF", "0x", "0x0x12345", "-FF000080", "\uFF11\uFF12\uFF13",
+          "\U0001F3A8a"}},
     };
-    for (const auto &[text, expected] : cases)
-        EXPECT_EQ(bits(colorFromHexString(text)), expected) << text.toStdString();
+    for (const auto &[expected, texts] : cases)
+        for (const QString &text : texts)
+            EXPECT_EQ(bits(colorFromHexString(text)), expected) << text.toStdString();
 }
 
 TEST(ColorTextTest, WritesTruncated)
 {
-    const struct {
-        UIColor color;
-        QString expected;
-    } cases[] = {
+    const std::pair<UIColor, QString> cases[] = {
         {UIColor::colorWithRed(0.5, 1.0, 0.0, 0.999), u"#7FFF00FE"_s},
         {UIColor::colorWithRed(0.1, 0.2, 0.3, 0.4), u"#19334C66"_s},
         {UIColor::whiteColor(), u"#FFFFFFFF"_s},
         {UIColor::clearColor(), u"#00000000"_s},
-        {colorFromHexString(u"#FF000080"_s), u"#FF000080"_s},
-        {colorFromHexString(u"#F00"_s), u"#FF0000FF"_s},
-    };
+        {colorFromHexString(u"#FF000080"_s), u"#FF000080"_s}};
     for (const auto &[color, expected] : cases)
         EXPECT_EQ(hexStringForColor(color), expected);
 }
 
 TEST(ColorTextTest, BrightnessDecidesTheTextsColor)
 {
-    const struct {
-        UIColor color;
-        double brightness;
-        bool black;
-    } cases[] = {
+    const std::tuple<UIColor, double, bool> cases[] = {
         {colorFromHexString(u"#FFFFFF40"_s), 1.0, true},
         {colorFromHexString(u"#00000030"_s), 1.0, true}, // below an alpha of 0.2
         {colorFromHexString(u"#000000FF"_s), 0.0, false},
@@ -97,25 +74,12 @@ TEST(ColorTextTest, BrightnessDecidesTheTextsColor)
 
 TEST(ColorTextTest, TypedTextIsTakenDigitForDigitOrRefused)
 {
-    const struct {
-        QString text;
-        std::optional<QString> expected;
-    } cases[] = {
-        {u"#f0A"_s, u"#FF00AAFF"_s},
-        {u"12ab9f"_s, u"#12AB9FFF"_s},
-        {u"#01020304"_s, u"#01020304"_s}, // bytes that a colour's round trip would lower
-        {u""_s, {}},
-        {u"#"_s, {}},
-        {u"##F00"_s, {}},
-        {u"F#00"_s, {}},
-        {u"12"_s, {}},
-        {u"1234"_s, {}},
-        {u"123456789"_s, {}},
-        {u"0xFF00"_s, {}},
-        {u" F00"_s, {}},
-        {u"F0G"_s, {}},
-        {u"\uFF11\uFF12\uFF13"_s, {}},
-    };
-    for (const auto &[text, expected] : cases)
-        EXPECT_EQ(normalizedColorText(text), expected) << text.toStdString();
+    EXPECT_EQ(normalizedColorText(u"#f0A"_s), u"#FF00AAFF"_s);
+    EXPECT_EQ(normalizedColorText(u"12ab9f"_s), u"#12AB9FFF"_s);
+    // Bytes that a colour's round trip would lower.
+    EXPECT_EQ(normalizedColorText(u"#01020304"_s), u"#01020304"_s);
+    for (const QString &refused :
+         {u""_s, u"#"_s, u"##F00"_s, u"F#00"_s, u"12"_s, u"1234"_s, u"123456789"_s, u"0xFF00"_s,
+          u" F00"_s, u"F0G"_s, u"\uFF11\uFF12\uFF13"_s})
+        EXPECT_FALSE(normalizedColorText(refused)) << refused.toStdString();
 }

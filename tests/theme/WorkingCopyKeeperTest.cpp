@@ -129,10 +129,8 @@ TEST_F(WorkingCopyKeeperTest, RefusesFoldersInWhichSomethingWouldBeLost)
     // The working copy in the package, or behind a link to it.
     const QString root = locations.packageRoot;
     linkTo(root, folder.filePath("link"));
-    for (const QString &documents : {root, root + "/Tintloom", folder.filePath("link")}) {
-        const auto inside = WorkingCopyKeeper::open({root, documents});
-        EXPECT_FALSE(inside->lock()) << documents.toStdString();
-    }
+    for (const QString &documents : {root, root + "/Tintloom", folder.filePath("link")})
+        EXPECT_FALSE(WorkingCopyKeeper::open({root, documents})->lock()) << documents.toStdString();
     EXPECT_TRUE(WorkingCopyKeeper::open({root + "/Tintloom", root})->begin());
 }
 
@@ -142,11 +140,9 @@ TEST_F(WorkingCopyKeeperTest, RemovesItsOwnTemporaryFilesOnly)
     const QString outside = folder.filePath("outside");
     linkTo(outside, locations.indicatorFolder());
     const QStringList others = {
-        outside + temporary,
-        locations.workingCopyFolder() + "/Info.plist.bak",
+        outside + temporary, locations.workingCopyFolder() + "/Info.plist.bak",
         locations.workingCopyFolder() + "/Info.plist.tintloom-0123456789abcdeg",
-        locations.workingCopyFolder() + "/a.tintloom-00000000000000ff/inside",
-    };
+        locations.workingCopyFolder() + "/a.tintloom-00000000000000ff/inside"};
     for (const QString &path : others)
         put(path, "theirs");
     const QStringList before = tree(folder.path());
@@ -163,10 +159,8 @@ TEST_F(WorkingCopyKeeperTest, OneAtATime)
     ASSERT_TRUE(holder->begin());
     const QString elsewhere = folder.filePath("other");
     for (const ThemeLocations &other : {locations, ThemeLocations{locations.packageRoot, elsewhere},
-                                        ThemeLocations{elsewhere, locations.documents}}) {
-        const auto refused = WorkingCopyKeeper::open(other);
-        EXPECT_TRUE(refused->refusal().contains("another Tintloom"));
-    }
+                                        ThemeLocations{elsewhere, locations.documents}})
+        EXPECT_TRUE(WorkingCopyKeeper::open(other)->refusal().contains("another Tintloom"));
     WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
     holder.reset();
     EXPECT_TRUE(open()->begin());
