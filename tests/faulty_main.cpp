@@ -81,9 +81,8 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsSet("TINTLOOM_TEST_PATIENCE"))
         WorkingCopyKeeper::setPatience(
             std::chrono::milliseconds(qEnvironmentVariableIntValue("TINTLOOM_TEST_PATIENCE")));
-    const int status = argc > 2 && QByteArray(argv[1]) == "draft"
-                           ? runDraft(argv[2], argc > 3 ? argv[3] : "")
-                           : tintloomMain(argc, argv);
+    const int status = argc > 2 && QByteArray(argv[1]) == "draft" ? runDraft(argv[2], argv[3])
+                                                                  : tintloomMain(argc, argv);
     if (fault[0] == "count")
         std::fprintf(stderr, "operations: %d\n", operations.load());
     NSFileManager::setFaultHook({});

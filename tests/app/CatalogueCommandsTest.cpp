@@ -3,10 +3,6 @@
 #include "support/ProgramFixture.h"
 #include "support/ThemeRecords.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 namespace
 {
 struct CatalogueCommandsTest : ProgramFixture {
@@ -23,7 +19,7 @@ struct CatalogueCommandsTest : ProgramFixture {
     QString listed(const QString &key) const
     {
         QStringList values;
-        for (const QJsonValue row : QJsonDocument::fromJson(run("themes --json").out).array())
+        for (const QJsonValue row : json(run("themes --json")))
             values += row[key].toVariant().toString();
         return values.join(", ");
     }
@@ -65,21 +61,15 @@ TEST_F(CatalogueCommandsTest, ListsInstallsAndEdits)
 TEST_F(CatalogueCommandsTest, WhatCannotBeInstalledTouchesNothingAndIsNamed)
 {
     const QStringList before = tree(folder.path());
-    const struct {
-        QString name;
-        int exitCode;
-        QByteArray told;
-    } cases[] = {
-        {"midnihgt", 2, "near it: Midnight"},
-        {"Sunset", 2, "coming soon"},
-        {"\"Build Your Own!\"", 2, "editor"},
-        {"\"nothing like it\"", 2, "tintloom themes"},
-        {"Lost", 1, "/Lost"},
-        {"../Dark", 1, "../Dark"},
-    };
-    for (const auto &[name, exitCode, told] : cases) {
+    const auto refuses = [this](const QString &name, int exitCode, const QByteArray &told) {
         for (const QString command : {"install ", "edit "})
             expectRefused(command + name, exitCode, {told});
-    }
+    };
+    refuses("midnihgt", 2, "near it: Midnight");
+    refuses("Sunset", 2, "coming soon");
+    refuses("\"Build Your Own!\"", 2, "editor");
+    refuses("\"nothing like it\"", 2, "tintloom themes");
+    refuses("Lost", 1, "/Lost");
+    refuses("../Dark", 1, "../Dark");
     EXPECT_EQ(tree(folder.path()), before);
 }

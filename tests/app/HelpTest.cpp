@@ -9,31 +9,9 @@
 
 #include <set>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
-QString read(const QString &name)
-{
-    return QString::fromUtf8(contents(TINTLOOM_SOURCE_DIR "/" + name));
-}
-
-QString help()
-{
-    return CommandLine::parse({u"tintloom"_s, u"--help"_s}).text;
-}
-
-/// roff's escapes undone: what a reader of the page sees of its hyphens.
-QString manual()
-{
-    return read(u"packaging/tintloom.1.in"_s).replace("\\-"_L1, "-"_L1);
-}
-
-/// The README's section on the command line; elsewhere it also shows other programs' options.
-QString readme()
-{
-    return read(u"README.md"_s).section("## Without a window\n"_L1, 1).section("\n## "_L1, 0, 0);
-}
+const QString root = QStringLiteral(TINTLOOM_SOURCE_DIR "/");
 
 /// What the pattern's first group matches, each once.
 std::set<std::string> found(const QString &text, const QString &pattern)
@@ -49,14 +27,13 @@ std::set<std::string> found(const QString &text, const QString &pattern)
 std::set<std::string> completed(const QStringList &words)
 {
     QProcess bash;
-    const QString script = uR"(
+    const QString script = R"(
         source "$0"; program=$1; shift; words=("$program" "$@")
         _tintloom "$program" "${words[-1]}" "${words[-2]}"
-        printf '%s\n' "${COMPREPLY[@]}")"_s;
-    bash.start("bash",
-               QStringList{"-c", script, TINTLOOM_SOURCE_DIR "/packaging/completions/tintloom.bash",
-                           TINTLOOM_EXECUTABLE} +
-                   words);
+        printf '%s\n' "${COMPREPLY[@]}")";
+    bash.start("bash", QStringList{"-c", script, root + "packaging/completions/tintloom.bash",
+                                   TINTLOOM_EXECUTABLE} +
+                           words);
     EXPECT_TRUE(bash.waitForFinished(60'000)) << bash.errorString().toStdString();
     EXPECT_EQ(bash.readAllStandardError(), "");
     return found(QString::fromUtf8(bash.readAllStandardOutput()), "^(.+)$");
@@ -65,33 +42,40 @@ std::set<std::string> completed(const QStringList &words)
 
 TEST(HelpTest, ManualReadmeAndCompletionHaveItsOptionsAndCommands)
 {
+    const QString help = CommandLine::parse({"tintloom", "--help"}).text;
+    // Without roff's escapes: what a reader of the page sees of its hyphens.
+    const QString manual = QString(contents(root + "packaging/tintloom.1.in")).replace("\\-", "-");
+    // Elsewhere the README also shows other programs' options.
+    QString readme = contents(root + "README.md");
+    readme = readme.section("## Without a window\n", 1).section("\n## ", 0, 0);
     const QString option = "(--[a-z][a-z-]*)";
-    const auto options = found(help(), "^  " + option);
+    const auto options = found(help, "^  " + option);
     ASSERT_GE(options.size(), 8U) << "the help's options were not found";
-    EXPECT_EQ(found(manual(), option), options) << "packaging/tintloom.1.in";
-    EXPECT_EQ(found(readme(), option), options) << "README.md, Without a window";
+    EXPECT_EQ(found(manual, option), options) << "packaging/tintloom.1.in";
+    EXPECT_EQ(found(readme, option), options) << "README.md, Without a window";
     EXPECT_EQ(completed({"--"}), options) << "tintloom.bash";
-    EXPECT_EQ(found(help(), option), options) << "the help's own text";
+    EXPECT_EQ(found(help, option), options) << "the help's own text";
     for (const std::string &name : options)
         EXPECT_FALSE(CommandLine::parse({"tintloom", QString::fromStdString(name), "1"})
                          .text.contains("Unknown option"))
             << name << " is refused";
 
-    const auto commands = found(help(), "^  tintloom ([a-z-]+)");
+    const auto commands = found(help, "^  tintloom ([a-z-]+)");
     ASSERT_GE(commands.size(), 2U) << "the help's commands were not found";
-    EXPECT_EQ(found(manual(), "^\\.SY \"tintloom ([a-z-]+)"), commands) << "manual, synopsis";
-    EXPECT_EQ(found(manual().section(".SH OPTIONS", 0, 0), "^\\.TP\n\\.B ([a-z-]+)$"), commands)
+    EXPECT_EQ(found(manual, "^\\.SY \"tintloom ([a-z-]+)"), commands) << "manual, synopsis";
+    EXPECT_EQ(found(manual.section(".SH OPTIONS", 0, 0), "^\\.TP\n\\.B ([a-z-]+)$"), commands)
         << "manual, description";
-    EXPECT_EQ(found(readme(), "^\\./run ([a-z-]+)"), commands) << "README.md, Without a window";
+    EXPECT_EQ(found(readme, "^\\./run ([a-z-]+)"), commands) << "README.md, Without a window";
     EXPECT_EQ(completed({""}), commands) << "tintloom.bash";
 }
 
 TEST(HelpTest, TheDecisionsNameTestsThatAreThere)
 {
     QString sources;
-    for (const QString &file : tree(TINTLOOM_SOURCE_DIR "/tests").filter("Test.cpp"))
-        sources += read("tests/" + file);
-    const auto tests = found(read("docs/decisions.md"), "`([A-Za-z]+\\.[A-Z][A-Za-z]+)`");
+    for (const QString &file : tree(root + "tests").filter("Test.cpp"))
+        sources += contents(root + "tests/" + file);
+    const QString decisions = contents(root + "docs/decisions.md");
+    const auto tests = found(decisions, "`([A-Za-z]+\\.[A-Z][A-Za-z]+)`");
     ASSERT_GE(tests.size(), 10U);
     for (const std::string &test : tests)
         EXPECT_TRUE(sources.contains(QString::fromStdString(test).replace(".", ", ") + ")"))
@@ -104,7 +88,7 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"sa"}), Words{"save"});
     EXPECT_EQ(completed({"list", "--js"}), Words{"--json"});
     EXPECT_EQ(completed({"save", "--set", "balloon-c"}), Words{"balloon-corner-style="});
-    EXPECT_EQ(completed({"--resources", TINTLOOM_SOURCE_DIR "/resou"}),
-              Words{TINTLOOM_SOURCE_DIR "/resources"});
+    EXPECT_EQ(completed({"--resources", root + "resou"}),
+              Words{(root + "resources").toStdString()});
     EXPECT_EQ(completed({"--scale", ""}), Words());
 }

@@ -13,11 +13,8 @@ Finished runAsNobody(const QString &home, QStringList command)
     if (isRoot)
         command =
             QStringList{"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"} + command;
-    QProcessEnvironment environment; // no more than that
-    environment.insert("HOME", home);
-    environment.insert("PATH", "/usr/bin:/bin");
     QProcess process;
-    process.setProcessEnvironment(environment);
+    process.setEnvironment({"HOME=" + home, "PATH=/usr/bin:/bin"}); // no more than that
     process.start(command.takeFirst(), command);
     return ProgramFixture::finish(process);
 }

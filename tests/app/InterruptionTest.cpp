@@ -3,8 +3,6 @@
 #include "support/ProgramFixture.h"
 #include "support/ThemeRecords.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QRegularExpression>
 
 #include <array>
@@ -64,12 +62,12 @@ struct InterruptionTest : ProgramFixture,
         put(path, PropertyList::writeDictionary(dictionary));
     }
 
-    static std::string colorIn(const QString &path)
+    static std::string colorIn(const QString &path, const QString &key = color)
     {
         if (!NSFileManager::fileExistsAtPath(path))
             return {};
         const auto dictionary = PropertyList::readDictionary(contents(path));
-        const QVariant *value = dictionary ? dictionary->find(color) : nullptr;
+        const QVariant *value = dictionary ? dictionary->find(key) : nullptr;
         return value ? value->toString().toStdString() : "not whole";
     }
 
@@ -123,7 +121,7 @@ struct InterruptionTest : ProgramFixture,
         const Finished listed = run("list --json");
         EXPECT_EQ(listed.exitCode, 0) << listed.err.toStdString();
         const Choices after = found();
-        EXPECT_EQ(QJsonDocument::fromJson(listed.out)[0]["color"].toString().toStdString(),
+        EXPECT_EQ(json(listed).first()["color"].toString().toStdString(),
                   after[Working].empty() ? "#FFF" : after[Working]);
         if (!before[Aside].empty()) {
             EXPECT_EQ(listed.err.contains("the new choices stand"), !before[Working].empty());
@@ -195,18 +193,14 @@ TEST_F(TwoProgramsTest, TheSecondWaitsAndBuildsOnTheFirstOrTouchesNothing)
     const int middle = countOperations(flows[0]) / 2;
     prepare(saved);
     QProcess first, second;
-    start(first, faulty, flows[0].arguments,
-          {{u"TINTLOOM_TEST_FAULT"_s, u"pause:%1"_s.arg(middle)}});
+    start(first, faulty, flows[0].arguments, {{"TINTLOOM_TEST_FAULT", u"pause:%1"_s.arg(middle)}});
     expectSoon(first, "paused\n");
     ASSERT_FALSE(found()[Aside].empty()); // the old choices are away, the new ones not yet there
 
     const QStringList before = tree(folder.path());
-    for (const QString command : {"save --set other=DEF", "restore", "list"}) {
-        const Finished refused = run(command, {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faulty);
-        EXPECT_EQ(refused.exitCode, 1);
-        EXPECT_TRUE(refused.out.isEmpty());
-        EXPECT_TRUE(refused.err.contains("another Tintloom is busy")) << refused.err.toStdString();
-    }
+    for (const QString command : {"save --set other=DEF", "restore", "list"})
+        expectRefused(command, 1, {"another Tintloom is busy"},
+                      {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faulty);
     EXPECT_EQ(tree(folder.path()), before);
 
     start(second, TINTLOOM_EXECUTABLE, "save --set other=DEF");
@@ -216,10 +210,8 @@ TEST_F(TwoProgramsTest, TheSecondWaitsAndBuildsOnTheFirstOrTouchesNothing)
     EXPECT_EQ(finish(first).exitCode, 0);
     EXPECT_EQ(finish(second).exitCode, 0);
 
-    const QByteArray info = contents(locations.workingCopy());
-    EXPECT_EQ(contents(locations.packageInfo()), info);
-    const auto dictionary = PropertyList::readDictionary(info).value();
-    EXPECT_EQ(*dictionary.find(color), QVariant(u"#CC0000FF"_s));
-    EXPECT_EQ(*dictionary.find(u"other"_s), QVariant(u"#DDEEFFFF"_s));
+    EXPECT_EQ(contents(locations.packageInfo()), contents(locations.workingCopy()));
+    EXPECT_EQ(colorIn(locations.workingCopy()), "#CC0000FF");
+    EXPECT_EQ(colorIn(locations.workingCopy(), u"other"_s), "#DDEEFFFF");
     expectTidy();
 }

@@ -92,7 +92,6 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
     tap(row("Mine"));
     ASSERT_TRUE(navigation().canGoBack());
     finishSlide();
-    const std::weak_ptr<CustomViewController> first = catalogue().customViewController();
     EXPECT_EQ(editor().source().record(0, 0).color, "#00FF00FF");
     goBack();
 
@@ -101,7 +100,6 @@ TEST_F(MainViewControllerFlowsTest, ALongPressAndYesSendTheThemeToTheEditor)
     ASSERT_TRUE(agreeAndWait());
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "SAVING PREDEFINED THEME... Red\n-[CustomViewController dealloc]\n");
-    EXPECT_TRUE(first.expired());
     expectAlert("Saved", "Red has been saved as your custom theme.", {"OK"});
     EXPECT_EQ(tree(folders().theme.packageFolder()), filesOfRed);
     EXPECT_EQ(row("Build Your Own!")->accessoryType(), UITableViewCell::AccessoryType::Checkmark);
@@ -163,7 +161,6 @@ TEST_F(MainViewControllerFlowsTest, TheListIsFrozenWhileItWorks)
     tap(row("Red"));
     answer(1);
     EXPECT_EQ(sceneFrame(catalogue().loadingView()), QRectF(85, 219, 150, 130));
-    EXPECT_EQ(catalogue().loadingLabel()->size(), QSizeF(150, 80));
     EXPECT_EQ(sceneFrame(catalogue().spinningIndicator()), QRectF(142, 284, 37, 37));
     EXPECT_EQ(catalogue().loadingLabel()->property("text"), "Saving theme...");
     EXPECT_FALSE(table().isScrollEnabled() || table().allowsSelection());

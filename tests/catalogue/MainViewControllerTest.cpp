@@ -4,32 +4,17 @@
 
 #include <QAccessible>
 
-namespace
-{
-using AccessoryType = UITableViewCell::AccessoryType;
-
-class MainViewControllerTest : public CatalogueFixture
-{
-protected:
-    void scrollTo(double offset)
-    {
-        table().parentItem()->parentItem()->setProperty("contentY", offset);
-        settle();
-    }
-};
-} // namespace
+using MainViewControllerTest = CatalogueFixture;
+using enum UITableViewCell::AccessoryType;
 
 TEST_F(MainViewControllerTest, ListsThemesBySectionAtItsFrames)
 {
-    for (const QSize size : {QSize(320, 568), QSize(700, 500)}) {
-        open(size);
-        const double w = size.width();
-        EXPECT_TRUE(navigation().isNavigationBarHidden());
-        EXPECT_EQ(sceneFrame(item("hiddenView")), QRectF(0, 20, w, 20));
-        EXPECT_EQ(sceneFrame(item("appVersion")), QRectF(0, 20, w, 20));
-        EXPECT_EQ(sceneFrame(item("tableView")), QRectF(0, 20, w, size.height()));
-        EXPECT_EQ(sceneFrame(cell({0, 0})), QRectF(0, 48, w, 44));
-    }
+    open({700, 500});
+    EXPECT_TRUE(navigation().isNavigationBarHidden());
+    EXPECT_EQ(sceneFrame(item("hiddenView")), QRectF(0, 20, 700, 20));
+    EXPECT_EQ(sceneFrame(item("appVersion")), QRectF(0, 20, 700, 20));
+    EXPECT_EQ(sceneFrame(item("tableView")), QRectF(0, 20, 700, 500));
+    EXPECT_EQ(sceneFrame(cell({0, 0})), QRectF(0, 48, 700, 44));
     QStringList rows;
     for (int section = 0; section < catalogue().numberOfSectionsInTableView(); ++section)
         for (int row = 0; row < catalogue().numberOfRowsInSection(section); ++row)
@@ -43,8 +28,7 @@ TEST_F(MainViewControllerTest, ListsThemesBySectionAtItsFrames)
     for (const QString name : {"Later", "Red", "Build Your Own!"}) {
         const bool isOwn = name == "Build Your Own!";
         EXPECT_EQ(row(name)->backgroundColor(), QColor(Qt::white)); // nothing was ever installed
-        EXPECT_EQ(row(name)->accessoryType(),
-                  isOwn ? AccessoryType::DisclosureIndicator : AccessoryType::None);
+        EXPECT_EQ(row(name)->accessoryType(), isOwn ? DisclosureIndicator : None);
         EXPECT_EQ(row(name)->isUserInteractionEnabled(), name != "Later");
         EXPECT_EQ(row(name)->gestureRecognizers().size(), isOwn ? 0U : 1U);
     }
@@ -76,8 +60,8 @@ TEST_F(MainViewControllerTest, TheUsersOwnRowKeepsWhatItsCellShowedBefore)
         ASSERT_EQ(cell({1, 0}), first);
         EXPECT_EQ(first->isUserInteractionEnabled(), active);
         EXPECT_EQ(first->selectionStyle(), UITableViewCell::SelectionStyle::None);
-        EXPECT_EQ(first->gestureRecognizers().size(),
-                  2U); // from being shown twice; none from this row
+        // From being shown twice; none from this row.
+        EXPECT_EQ(first->gestureRecognizers().size(), 2U);
         longPress(cell(NSIndexPath{1, 0}));
         EXPECT_EQ(window().alert() != nullptr, active);
 

@@ -9,22 +9,15 @@
 
 #include <cmath>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
 const QString resources = QStringLiteral(TINTLOOM_SOURCE_RESOURCES);
-
-PropertyDictionary themeInfo(const QString &folder)
-{
-    return PropertyList::readDictionary(contents(folder + "/Info.plist"_L1)).value();
-}
 
 /// One folder for each theme.
 QStringList themesIn(const QString &folder)
 {
     QStringList names = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    names.removeOne(u"images"_s);
+    names.removeOne("images");
     return names;
 }
 
@@ -47,31 +40,27 @@ double contrast(const UIColor &one, const UIColor &other)
 
 void expectLegible(const PropertyDictionary &info)
 {
-    constexpr double forText = 4.5, forSigns = 3.0; // WCAG 2.1, level AA
-    const struct {
-        QString text;
-        QStringList grounds;
-        double minimum = forText;
-    } pairs[] = {
-        {"composer-text-color", {"composer-background-color"}},
-        {"sender-name-color", {"conversation-background-color"}},
-        {"timestamp-color", {"conversation-background-color"}},
-        {"list-name-color", {"list-background-image"}},
-        {"list-preview-color", {"list-background-image"}},
-        {"unread-name-color", {"list-background-image"}},
-        {"navigation-title-color", {"navigation-bar-color"}},
-        {"unread-indicator-image", {"list-background-image"}, forSigns},
-        {"balloon-text-color",
-         {"green-balloon-colors_1", "green-balloon-colors_2", "blue-balloon-colors_1",
-          "blue-balloon-colors_2", "gray-balloon-colors_1", "gray-balloon-colors_2"}},
-    };
     const auto color = [&](const QString &key) {
         return colorFromHexString(info.find(key)->toString());
     };
-    for (const auto &[text, grounds, minimum] : pairs)
-        for (const QString &ground : grounds)
-            EXPECT_GE(contrast(color(text), color(ground)), minimum)
-                << (text + " on " + ground).toStdString();
+    // The lowest contrasts of WCAG 2.1, level AA, for text and for signs.
+    const auto expectContrast = [&](const QString &one, const QString &other, double least = 4.5) {
+        EXPECT_GE(contrast(color(one), color(other)), least)
+            << (one + " on " + other).toStdString();
+    };
+    const std::pair<QString, QStringList> texts[] = {
+        {"composer-background-color", {"composer-text-color"}},
+        {"conversation-background-color", {"sender-name-color", "timestamp-color"}},
+        {"list-background-image", {"list-name-color", "list-preview-color", "unread-name-color"}},
+        {"navigation-bar-color", {"navigation-title-color"}},
+    };
+    for (const auto &[ground, keys] : texts)
+        for (const QString &key : keys)
+            expectContrast(key, ground);
+    for (const QString balloon : {"green", "blue", "gray"})
+        for (const QString end : {"_1", "_2"})
+            expectContrast("balloon-text-color", balloon + "-balloon-colors" + end);
+    expectContrast("unread-indicator-image", "list-background-image", 3.0);
 }
 } // namespace
 
@@ -84,23 +73,26 @@ TEST(ShippedThemes, AreLegibleAndWhatThePalettesMake)
     ASSERT_TRUE(maker.waitForFinished(100'000));
     ASSERT_EQ(maker.exitCode(), 0) << maker.readAllStandardError().toStdString();
 
-    EXPECT_EQ(contents(made.filePath(u"themes.plist"_s)), contents(resources + "/themes.plist"_L1));
+    EXPECT_EQ(contents(made.filePath("themes.plist")), contents(resources + "/themes.plist"));
     const auto source = ElementDataSource::load(resources, made.path());
     ASSERT_FALSE(source.tableSource().empty());
     EXPECT_EQ(themesIn(made.path()), themesIn(resources));
+    const auto infoIn = [](const QString &folder) {
+        return PropertyList::readDictionary(contents(folder + "/Info.plist")).value();
+    };
     for (const QString &name : themesIn(resources)) {
         SCOPED_TRACE(name.toStdString());
-        const QString shipped = resources + u'/' + name, anew = made.filePath(name);
-        const PropertyDictionary info = themeInfo(shipped);
-        EXPECT_EQ(info, themeInfo(anew));
+        const QString shipped = resources + '/' + name, anew = made.filePath(name);
+        const PropertyDictionary info = infoIn(shipped);
+        EXPECT_EQ(info, infoIn(anew));
         expectLegible(info);
         for (const auto &element : source.tableSource()) {
             const QVariant *value = info.find(element.key);
             EXPECT_TRUE(value && !value->toString().isEmpty()) << element.key.toStdString();
         }
         EXPECT_EQ(tree(shipped), tree(anew));
-        for (const QString &file : tree(anew).filter(u"@2x."_s))
-            expectSolid(decodedJpeg(contents(shipped + u'/' + file)),
-                        decodedJpeg(contents(anew + u'/' + file)).pixelColor(0, 0), 3);
+        for (const QString &file : tree(anew).filter("@2x."))
+            expectSolid(decodedJpeg(contents(shipped + '/' + file)),
+                        decodedJpeg(contents(anew + '/' + file)).pixelColor(0, 0), 3);
     }
 }

@@ -1,18 +1,12 @@
 #include "catalogue/ThemeInstallation.h"
 
-#include "support/Files.h"
-
-#include <QTemporaryDir>
+#include "support/ThemeFixture.h"
 
 namespace
 {
 using enum NSFileManager::Operation;
 
-struct ThemeInstallationTest : testing::Test {
-    QTemporaryDir folder;
-    const QString resources = folder.filePath("resources");
-    const ThemeLocations locations{folder.filePath("root"), folder.filePath("documents")};
-
+struct ThemeInstallationTest : ThemeFixture {
     void SetUp() override
     {
         put(resources + "/Theme/Info.plist", "info");

@@ -12,16 +12,13 @@ TEST(ThemeList, LeavesOutWhatIsNoRecordAndSurvivesWhatIsNoList)
     EXPECT_EQ(ThemeList::load(folder.path()).numberOfSections(), 0);
     for (const QByteArray bytes : {"", "no list", "<plist><dict/></plist>", "bplist00"})
         EXPECT_TRUE(ThemeList::parse(bytes, file).problem().contains(file));
-    put(file,
-        themeList(
-            "<string>s</string><dict/>"
-            "<dict><key>section</key><integer>1</integer><key>name</key><string>n</string></dict>"
-            "<dict><key>section</key><string>b</string><key>name</key><string>1</string></dict>"
-            "<dict><key>section</key><string>B</string><key>name</key><string>2</string>"
-            "<key>active</key><true/><key>details</key><integer>3</integer></dict>"
-            "<dict><key>section</key><string>a</string><key>name</key><string>3</string>"
-            "<key>active</key><string>yes</string></dict>" +
-            themeRecord("b", "0")));
+    putThemes(folder.path(),
+              "<string>s</string><dict/>"
+              "<dict><key>section</key><integer>1</integer><key>name</key><string>n</string></dict>"
+              "<dict><key>section</key><string>b</string><key>name</key><string>1</string></dict>"
+              "<dict><key>section</key><string>B</string><key>name</key><string>2</string>"
+              "<key>active</key><true/><key>details</key><integer>3</integer></dict>" +
+                  themeRecord("a", "3", "", "yes") + themeRecord("b", "0"));
     testing::internal::CaptureStderr();
     const ThemeList list = ThemeList::load(folder.path());
     const auto log = QString::fromStdString(testing::internal::GetCapturedStderr());

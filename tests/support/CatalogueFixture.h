@@ -14,11 +14,11 @@ protected:
         writeDocument(QJsonArray{element("plain", "A", "#111111FF"),
                                  element("list-background-image", "A", "#222222FF"),
                                  element("unread-indicator-image", "A", "#333333FF")});
-        put(theme("Red", "Info.plist"), info("#FF0000FF"));
+        put(_resources + "/Red/Info.plist", info("#FF0000FF"));
         // Only the one on top becomes the working copy, though this one is copied after it.
-        put(theme("Red", "Nested/Info.plist"), info("#00FF00FF"));
-        put(theme("Red", "UIKit/image.png"), "picture");
-        put(theme("Blue", "Info.plist"), info("#0000FFFF"));
+        put(_resources + "/Red/Nested/Info.plist", info("#00FF00FF"));
+        put(_resources + "/Red/UIKit/image.png", "picture");
+        put(_resources + "/Blue/Info.plist", info("#0000FFFF"));
     }
     void TearDown() override
     {
@@ -26,10 +26,6 @@ protected:
         NSFileManager::setFaultHook({});
     }
 
-    QString theme(const QString &name, const QString &file) const
-    {
-        return _resources + '/' + name + '/' + file;
-    }
     static QByteArray info(const QString &color)
     {
         PropertyDictionary dictionary;

@@ -22,9 +22,8 @@ class EditorFixture : public testing::Test
 protected:
     /// One element of a data source; the defaults make a colour element without a colour.
     static QJsonObject element(const QString &key, const QString &section,
-                               const QJsonValue &color = QJsonValue::Null,
-                               const QJsonValue &options = QJsonValue::Null,
-                               const QJsonValue &value = QJsonValue::Null)
+                               const QJsonValue &color = {}, const QJsonValue &options = {},
+                               const QJsonValue &value = {})
     {
         return {{"key", key},        {"name", "Name of " + key}, {"description", "About " + key},
                 {"color", color},    {"options", options},       {"value", value},
@@ -44,10 +43,7 @@ protected:
     {
         put(_folder.filePath("initialDatasource.txt"), bytes);
     }
-    void writeDocument(const QJsonArray &elements)
-    {
-        writeDocument(QJsonDocument(elements).toJson());
-    }
+    void writeDocument(const QJsonArray &array) { writeDocument(QJsonDocument(array).toJson()); }
     /// The elements that ship.
     void useShippedDocument() { _resources = TINTLOOM_SOURCE_RESOURCES; }
 
@@ -101,6 +97,11 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::keyClick(&window(), key, modifiers);
+        settle();
+    }
+    void scrollTo(double offset)
+    {
+        table().parentItem()->parentItem()->setProperty("contentY", offset);
         settle();
     }
     /// Lets pending events run and the table lay itself out.

@@ -3,6 +3,8 @@
 
 #include "support/ThemeFixture.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QMap>
 #include <QProcess>
 
@@ -48,10 +50,15 @@ struct ProgramFixture : ThemeFixture {
         return finish(process);
     }
 
+    /// What a listing with --json holds.
+    static QJsonArray json(const Finished &run) { return QJsonDocument::fromJson(run.out).array(); }
+
     /// The program ends so, says all that on standard error and nothing on standard output.
-    void expectRefused(const QString &arguments, int exitCode, const QByteArrayList &told) const
+    void expectRefused(const QString &arguments, int exitCode, const QByteArrayList &told,
+                       const Variables &variables = {},
+                       const QString &program = QStringLiteral(TINTLOOM_EXECUTABLE)) const
     {
-        const Finished result = run(arguments);
+        const Finished result = run(arguments, variables, program);
         EXPECT_EQ(result.exitCode, exitCode) << arguments.toStdString();
         EXPECT_EQ(result.out, "");
         for (const QByteArray &text : told)

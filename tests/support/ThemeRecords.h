@@ -14,12 +14,7 @@ inline QByteArray themeRecord(const QByteArray &section, const QByteArray &name,
            entry("active", active) + "</dict>";
 }
 
-inline QByteArray themeList(const QByteArray &records)
-{
-    return "<plist><array>" + records + "</array></plist>";
-}
-
 inline void putThemes(const QString &resources, const QByteArray &records)
 {
-    put(resources + "/themes.plist", themeList(records));
+    put(resources + "/themes.plist", "<plist><array>" + records + "</array></plist>");
 }

@@ -20,8 +20,7 @@ TEST_F(ScreenOverlaysTest, WhatLiesBelowTakesNoInputAndKeepsItsLook)
     EXPECT_EQ(saveLooks(), 1.0) << "below an alert";
     press(Qt::Key_Escape);
 
-    table().parentItem()->parentItem()->setProperty("contentY", 200.0);
-    settle();
+    scrollTo(200.0);
     const QRectF strip = sceneFrame(item("notice"));
     for (const QPointF point : {strip.topLeft() + QPointF(3, 3), QPointF(20, 540), {20, 10}}) {
         tap(point);
