@@ -10,10 +10,7 @@ using namespace Pictures;
 
 TEST(ANImageBitmapRepTest, StoresPixelsPremultipliedAndRounded)
 {
-    const struct {
-        BMPixel pixel;
-        Raw raw;
-    } cases[] = {
+    const std::pair<BMPixel, Raw> cases[] = {
         {{0.5, 0, 0, 1}, {128, 0, 0, 255}},
         {{std::nan(""), 1, 1, 0}, {0, 0, 0, 0}},
         {{1.5 / 255, 0.49999 / 255, -0.5 / 255, 1}, {2, 0, 255, 255}}, // halves go away from zero

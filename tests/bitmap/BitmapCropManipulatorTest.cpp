@@ -6,10 +6,7 @@ using namespace Pictures;
 
 TEST(BitmapCropManipulatorTest, CutsFromTheCornerThatTheOperationNames)
 {
-    const struct {
-        QRectF frame;
-        Corners fromBottom, fromTop;
-    } cases[] = {
+    const std::tuple<QRectF, Corners, Corners> cases[] = {
         {{0, 0, 10, 10}, {blue, blue, blue, blue}, {red, red, red, red}},
         {{90, 0, 20, 10}, {white, clear, white, clear}, {green, clear, green, clear}},
         {{-5, -5, 10, 10}, {clear, blue, clear, clear}, {clear, clear, clear, red}},

@@ -6,11 +6,7 @@ using namespace Pictures;
 
 TEST(BitmapRotationManipulatorTest, TurnsCounterClockwise)
 {
-    const struct {
-        double degrees;
-        QSize rotated;
-        Corners corners;
-    } cases[] = {
+    const std::tuple<double, QSize, Corners> cases[] = {
         {90, {50, 100}, {green, white, red, blue}},
         {-90, {50, 100}, {blue, red, white, green}},
         {180, {100, 50}, {white, blue, green, red}},

@@ -7,11 +7,8 @@ using namespace Pictures;
 
 TEST(BitmapScaleManipulatorTest, FitsOrFillsInProportion)
 {
-    const struct {
-        bool fills;
-        BMPoint picture, frame;
-        QRect shown; // the whole picture, on the canvas
-    } cases[] = {
+    // Shown is the whole picture, on the canvas.
+    const std::tuple<bool, BMPoint, BMPoint, QRect> cases[] = {
         {false, {100, 100}, {200, 100}, {50, 0, 100, 100}},
         {true, {100, 100}, {200, 100}, {0, -50, 200, 200}},
         {false, {100, 50}, {100, 100}, {0, 25, 100, 50}},

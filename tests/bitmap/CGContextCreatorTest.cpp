@@ -9,10 +9,7 @@ TEST(CGContextCreatorTest, SaysWhyThereIsNoContext)
     const std::string noMemory =
         "Malloc failed which is too bad.  I was hoping to use this memory.\n";
     const std::string noBitmap = "Failed to create bitmap!\n";
-    const struct {
-        QSizeF size;
-        std::string message;
-    } cases[] = {
+    const std::pair<QSizeF, std::string> cases[] = {
         {{10, 0.4}, noBitmap},         {{-5, 10}, noMemory},
         {{-5, -5}, noBitmap},        // the byte count is positive, the sides are not
         {{32768, 16384}, noMemory},  // 2^31 bytes read as a negative count

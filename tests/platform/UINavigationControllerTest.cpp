@@ -37,28 +37,26 @@ private:
 TEST(UINavigationController, PushesAndPopsWithOneLifecyclePerStep)
 {
     events.clear();
+    const auto takeEvents = [] { return std::exchange(events, {}); };
     UIWindow window;
     auto stack = UINavigationController::initWithRootViewController(Page::make("root"));
     window.setRootViewController(stack);
     window.makeKeyAndVisible();
-    EXPECT_EQ(events, (QStringList{"root load", "root will", "root did"}));
+    EXPECT_EQ(takeEvents(), (QStringList{"root load", "root will", "root did"}));
 
-    events.clear();
     stack->pushViewController(Page::make("next"), true);
     auto *slide = stack->findChild<QPropertyAnimation *>("slide");
     EXPECT_EQ(stack->topViewController()->view()->x(), window.width());
     slide->setCurrentTime(slide->duration());
-    EXPECT_EQ(events, (QStringList{"root leave", "next load", "next will", "next did"}));
+    EXPECT_EQ(takeEvents(), (QStringList{"root leave", "next load", "next will", "next did"}));
     EXPECT_EQ(stack->topViewController()->view()->x(), 0.0);
 
-    events.clear();
     stack->popViewController(true);
     slide->setCurrentTime(slide->duration());
-    EXPECT_EQ(events, (QStringList{"next leave", "root will", "root did", "next gone"}));
+    EXPECT_EQ(takeEvents(), (QStringList{"next leave", "root will", "root did", "next gone"}));
 
-    events.clear();
     stack->popViewController(true); // the root stays
-    EXPECT_TRUE(events.isEmpty());
+    EXPECT_TRUE(takeEvents().isEmpty());
 
     // A pop in the middle of a push finishes the push first.
     stack->pushViewController(Page::make("hasty"), true);

@@ -6,14 +6,11 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace
 {
 // 230 points wide: the knob's middle travels from 15 to 215, a hundredth of the range every 2.
-class UISliderTest : public testing::Test
-{
-protected:
+struct UISliderTest : testing::Test {
     UISliderTest()
     {
         slider.setFrame({10, 20, 230, 30});
@@ -36,8 +33,7 @@ protected:
 
 TEST_F(UISliderTest, ClampsWhatIsSetAndReportsNothing)
 {
-    const float notANumber = std::numeric_limits<float>::quiet_NaN();
-    for (const auto &[set, kept] : {std::pair(-1.0f, 0.0f), {7.0f, 1.0f}, {notANumber, 0.0f}}) {
+    for (const auto &[set, kept] : {std::pair(-1.0f, 0.0f), {7.0f, 1.0f}, {NAN, 0.0f}}) {
         slider.setValue(set);
         EXPECT_EQ(slider.value(), kept);
     }

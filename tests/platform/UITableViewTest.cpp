@@ -8,16 +8,11 @@
 
 namespace
 {
-class PlainCell : public UITableViewCell
-{
+struct PlainCell : UITableViewCell {
 };
 
 // A table, on sections of given lengths.
-class UITableViewTest : public testing::Test,
-                        public UITableViewDataSource,
-                        public UITableViewDelegate
-{
-protected:
+struct UITableViewTest : testing::Test, UITableViewDataSource, UITableViewDelegate {
     int numberOfSectionsInTableView() const override { return int(sections.size()); }
     QString titleForHeaderInSection(int) const override { return {}; }
     int numberOfRowsInSection(int section) const override { return sections[section]; }
@@ -134,20 +129,17 @@ TEST_F(UITableViewTest, KeysWalkThroughRowsAcrossEmptySections)
 {
     show({1, 0, 10, 0});
     table.setBoundsHeight(380.0);
-    const struct {
-        Qt::Key key;
-        NSIndexPath row;
-    } steps[] = {
+    const std::pair<Qt::Key, NSIndexPath> steps[] = {
         {Qt::Key_Down, {0, 0}},     {Qt::Key_Down, {2, 0}}, {Qt::Key_Up, {0, 0}},
         {Qt::Key_PageDown, {2, 4}}, // 380 - 20 - 28 - 50 points hold five rows
         {Qt::Key_End, {2, 9}},      {Qt::Key_Down, {2, 9}}, {Qt::Key_PageUp, {2, 4}},
         {Qt::Key_Home, {0, 0}},
     };
-    for (const auto &step : steps) {
-        key(step.key);
+    for (const auto &[pressed, row] : steps) {
+        key(pressed);
         key(Qt::Key_Return);
-        EXPECT_EQ(selected.back(), step.row);
-        const QRectF current = table.rectForRow(step.row);
+        EXPECT_EQ(selected.back(), row);
+        const QRectF current = table.rectForRow(row);
         EXPECT_GE(current.top(), table.contentOffset() + 20.0 + 28.0);
         EXPECT_LE(current.bottom(), table.contentOffset() + 380.0 - 50.0);
     }

@@ -10,14 +10,9 @@
 
 namespace
 {
-class UITextFieldTest : public TextFieldFixture
-{
-protected:
+struct UITextFieldTest : TextFieldFixture {
     QQuickItem &input() { return *field().input(); }
-    static QString withoutMarks(QString marked)
-    {
-        return marked.remove(QRegularExpression("[][|]"));
-    }
+    static QString withoutMarks(QString text) { return text.remove(QRegularExpression("[][|]")); }
     /// Text with "[" and "]" around the selection, or "|" at the cursor.
     void put(const QString &marked)
     {
@@ -36,10 +31,7 @@ protected:
             return text.insert(input().property("cursorPosition").toInt(), '|');
         return text.insert(end, ']').insert(start, '[');
     }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&window, key, modifiers);
-    }
+    void key(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&window, key, with); }
     void ctrl(Qt::Key with) { key(with, Qt::ControlModifier); }
     void commit(const QString &text, int from = 0, int length = 0)
     {
@@ -56,7 +48,6 @@ protected:
         QDragEnterEvent enter(end.toPoint(), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
         QCoreApplication::sendEvent(&window, &enter);
         QDropEvent drop(end, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-        EXPECT_EQ(drop.dropAction(), Qt::MoveAction);
         QCoreApplication::sendEvent(&window, &drop);
         EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "nothing is taken from where it was";
     }
@@ -81,8 +72,8 @@ TEST_F(UITextFieldTest, AsksWithTheTrueRangeWhicheverWayItIsEdited)
         {"cut", "a[bc]d", [&] { ctrl(Qt::Key_X); }, "1+2 ", "a|d"},
         {"cut by menu", "a[bc]d", [&] { field().cut(); }, "1+2 ", "a|d"},
         {"paste", "a[bc]d", [&] { ctrl(Qt::Key_V); }, "1+2 pasted", "apasted|d"},
-        {"paste by menu", "|", [&] { field().paste(); }, "0+0 pasted", "pasted|"},
-        {"paste what is there", "[pasted]", [&] { field().paste(); }, "0+6 pasted", "pasted|"},
+        {"paste by menu what is there", "[pasted]", [&] { field().paste(); }, "0+6 pasted",
+         "pasted|"},
         {"clear", "ab|c", [&] { field().clear(); }, "0+3 ", "|"},
         {"drop", "|abc", [&] { dropAtTheEnd("xy"); }, "3+0 xy", "abcxy|"},
         {"compose", "a[b]c", [&] { commit("xy"); }, "1+1 xy", "axy|c"},

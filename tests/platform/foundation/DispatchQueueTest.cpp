@@ -27,19 +27,22 @@ TEST(DispatchQueueTest, RunsBlocksInOrderOnOneOtherThread)
 TEST(DispatchQueueTest, ABlockLetsGoOfWhatItHoldsOnceRun)
 {
     DispatchQueue queue("test.release");
-    auto held = std::make_shared<int>(1);
-    const std::weak_ptr<int> watch = held;
+    bool letGo = false;
+    std::shared_ptr<void> held(nullptr, [&](void *) {
+        queue.async([&] { letGo = true; }); // the queue's own lock is free by then
+    });
     queue.async([held = std::move(held)] {});
     queue.sync([] {}); // the next block starts only after the first is gone
-    EXPECT_TRUE(watch.expired());
+    queue.sync([&] { EXPECT_TRUE(letGo); });
 }
 
 TEST(DispatchQueueTest, TheMainQueueRunsOnTheMainThreadLater)
 {
-    std::thread::id thread;
-    DispatchQueue queue("test.main");
-    queue.sync([&] { MainQueue::async([&] { thread = std::this_thread::get_id(); }); });
-    EXPECT_EQ(thread, std::thread::id());
+    std::vector<std::thread::id> ran;
+    const auto post = [&] { MainQueue::async([&] { ran.push_back(std::this_thread::get_id()); }); };
+    DispatchQueue("test.main").sync(post);
+    post(); // not at once from the main thread either
+    EXPECT_TRUE(ran.empty());
     MainQueue::drain();
-    EXPECT_EQ(thread, std::this_thread::get_id());
+    EXPECT_EQ(ran, std::vector(2, std::this_thread::get_id()));
 }

@@ -1,7 +1,6 @@
 #include "platform/foundation/PropertyList.h"
 
 #include <QDateTime>
-#include <QXmlStreamReader>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -76,44 +75,26 @@ TEST(PropertyListTest, LeavesOutWhatXmlCannotCarry)
     const QString nasty = u"a\u0001\u001b"_s + QChar(0xd800) + u"<b>"_s + QChar(0xffff);
     const auto dictionary = dictionaryOf(
         {{nasty, nasty}, {u"null"_s, QVariant()}, {u"list"_s, QVariantList{QVariant()}}});
-    const QByteArray xml = PropertyList::writeDictionary(dictionary);
-    QXmlStreamReader reader(xml);
-    while (!reader.atEnd())
-        reader.readNext();
-    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
-    const auto restored = PropertyList::readDictionary(xml);
-    ASSERT_TRUE(restored);
-    EXPECT_EQ(*restored, dictionaryOf({{u"a<b>"_s, u"a<b>"_s}, {u"list"_s, QVariantList{}}}));
+    const auto plain = dictionaryOf({{u"a<b>"_s, u"a<b>"_s}, {u"list"_s, QVariantList{}}});
+    EXPECT_EQ(PropertyList::writeDictionary(dictionary), PropertyList::writeDictionary(plain));
 }
 
 TEST(PropertyListTest, ReadsOnlyDictionaries)
 {
     const QByteArray good = xmlList("<dict><key>k</key><integer>-7</integer></dict>");
-    const struct {
-        const char *name;
-        QByteArray bytes;
-        bool readable;
-    } cases[] = {
-        {"plain", good, true},
-        {"byte order mark", "\xEF\xBB\xBF" + good, true},
-        {"comments", xmlList("<!-- <dict> --><dict><!-- </dict> --></dict>"), true},
-        {"character data", xmlList("<dict><key>k</key><string><![CDATA[<dict>]]></string></dict>"),
-         true},
-        {"flat with many arrays",
-         xmlList("<dict><key>k</key><array>" + QByteArray("<array></array>").repeated(2000) +
-                 "</array></dict>"),
-         true},
-        {"binary", binaryList({"\xd1\x01\x02", "\x51k", "\x51v"}), true},
-        {"array on top", xmlList("<array></array>"), false},
-        {"nothing", "", false},
-        {"other text", "not a property list", false},
-        {"cut off", good.left(good.size() / 2), false},
-        {"binary cut off", binaryList({"\xd1\x01\x02", "\x51k", "\x51v"}).chopped(3), false},
-        {"binary that points outside", binaryList({"\xd1\x01\x09", "\x51k"}), false},
-        {"binary without trailer", "bplist00", false},
-    };
-    for (const auto &[name, bytes, readable] : cases)
-        EXPECT_EQ(PropertyList::readDictionary(bytes).has_value(), readable) << name;
+    const QByteArray binary = binaryList({"\xd1\x01\x02", "\x51k", "\x51v"});
+    const QByteArray manyArrays = QByteArray("<array></array>").repeated(2000);
+    for (const QByteArray &bytes :
+         {good, "\xEF\xBB\xBF" + good, binary,
+          xmlList("<!-- <dict> --><dict><!-- </dict> --></dict>"),
+          xmlList("<dict><key>k</key><string><![CDATA[<dict>]]></string></dict>"),
+          xmlList("<dict><key>k</key><array>" + manyArrays + "</array></dict>")})
+        EXPECT_TRUE(PropertyList::readDictionary(bytes)) << bytes.left(120).toStdString();
+    for (const QByteArray &bytes :
+         {xmlList("<array></array>"), QByteArray(), QByteArray("not a property list"),
+          good.left(good.size() / 2), binary.chopped(3), binaryList({"\xd1\x01\x09", "\x51k"}),
+          QByteArray("bplist00")})
+        EXPECT_FALSE(PropertyList::readDictionary(bytes)) << bytes.toStdString();
     EXPECT_EQ(PropertyList::readDictionary(good)->entries()[0].second, QVariant(-7LL));
 }
 
@@ -126,28 +107,19 @@ TEST(PropertyListTest, RefusesHostileLists)
                        "</dict>");
     };
     QList<QByteArray> doubling{"\xd1\x01\x02", "\x51k"};
-    QList<QByteArray> chain = doubling;
     for (char next = 3; next < 40; ++next)
         doubling.append(QByteArray("\xa2") + next + next);
     doubling.append("\x51v");
-    const QByteArray hidingComment = "<array><!-- </array> -->";
-    const struct {
-        const char *name;
-        QByteArray bytes;
-    } cases[] = {
+    const std::pair<const char *, QByteArray> cases[] = {
         {"deep", nested("<array>", "</array>")},
-        {"deep, closers in comments", nested(hidingComment, "</array>")},
+        {"deep, closers in comments", nested("<array><!-- </array> -->", "</array>")},
         {"deep, closers in attributes", nested("<array a=\"</array>\">", "</array>")},
         {"deep, closers in instructions", nested("<array><?x </array> ?>", "</array>")},
         {"deep, closers between instructions",
          nested("<array><?x \"?></array><?y \"?>", "</array>")},
         {"deep dictionaries", nested("<dict><key>k</key>", "</dict>")},
         {"shared references", binaryList(doubling)},
-        {"key with a zero", binaryList({"\xd1\x01\x02",
-                                        QByteArray("\x53"
-                                                   "a\0b",
-                                                   4),
-                                        "\x51v"})},
+        {"key with a zero", binaryList({"\xd1\x01\x02", QByteArray("\x53\x61\0b", 4), "\x51v"})},
         {"itself", binaryList({QByteArray("\xd1\x01\x00", 3), "\x51k"})},
     };
     for (const auto &[name, bytes] : cases)
@@ -157,10 +129,7 @@ TEST(PropertyListTest, RefusesHostileLists)
 TEST(PropertyListTest, EqualityIsOfTypeAndValue)
 {
     const qint64 large = (1LL << 53) + 1; // no double
-    const struct {
-        QVariant left, right;
-        bool equal;
-    } cases[] = {
+    const std::tuple<QVariant, QVariant, bool> cases[] = {
         {1LL, 1.0, true},
         {large, double(large), false},
         {std::numeric_limits<qint64>::max(), 9223372036854775808.0, false},

@@ -5,21 +5,13 @@
 
 TEST(UIColorTest, HueAndBack)
 {
-    const struct {
-        UIColor::RGBA rgba;
-        double hue, saturation, brightness;
-    } cases[] = {
-        {{1.0, 0.0, 0.0, 1.0}, 0.0, 1.0, 1.0},
-        {{1.0, 1.0, 0.0, 0.5}, 1.0 / 6.0, 1.0, 1.0},
-        {{0.0, 1.0, 0.0, 1.0}, 2.0 / 6.0, 1.0, 1.0},
-        {{0.0, 1.0, 1.0, 1.0}, 3.0 / 6.0, 1.0, 1.0},
-        {{0.0, 0.0, 1.0, 1.0}, 4.0 / 6.0, 1.0, 1.0},
-        {{1.0, 0.0, 1.0, 1.0}, 5.0 / 6.0, 1.0, 1.0},
-        {{0.25, 0.5, 0.375, 0.25}, 2.5 / 6.0, 0.5, 0.5},
-        {{0.5, 0.5, 0.5, 1.0}, 0.0, 0.0, 0.5},
-        {{0.0, 0.0, 0.0, 1.0}, 0.0, 0.0, 0.0},
+    const std::tuple<UIColor::RGBA, double, double, double> cases[] = {
+        {{1, 0, 0, 1}, 0, 1, 1},         {{1, 1, 0, .5}, 1, 1, 1},    {{0, 1, 0, 1}, 2, 1, 1},
+        {{0, 1, 1, 1}, 3, 1, 1},         {{0, 0, 1, 1}, 4, 1, 1},     {{1, 0, 1, 1}, 5, 1, 1},
+        {{.2, .4, .3, .5}, 2.5, .5, .4}, {{.5, .5, .5, 1}, 0, 0, .5}, {{0, 0, 0, 1}, 0, 0, 0},
     };
-    for (const auto &[rgba, hue, saturation, brightness] : cases) {
+    for (const auto &[rgba, sixths, saturation, brightness] : cases) {
+        const double hue = sixths / 6.0;
         const auto made = UIColor::colorWithRed(rgba.red, rgba.green, rgba.blue, rgba.alpha);
         EXPECT_EQ(made.getRed(), rgba);
         const auto hsba = made.getHue().value();
