@@ -32,6 +32,7 @@ const std::vector<Flow> flows = {
     {"save", saveRed, saved, {saved, {"#CC0000FF", "#00B", ""}}},
     {"first save", saveRed, {}, {{}, {"#CC0000FF", "", ""}}},
     {"save without a change", "save --scale=1", saved, {saved}},
+    {"set", "set list-background-image=C00", saved, {saved, {"#CC0000FF", "#00B", ""}}},
     {"restore", "restore", saved, {saved, {"#0A0", "#00B", ""}}},
     {"install", "install Sea", saved, {saved}},
     {"edit", "edit Sea", saved, {saved, {"#C00", "#00B", ""}}},

@@ -175,3 +175,26 @@ TEST_F(EditorActionsTest, ALockedRowKeepsItsColourThroughChangesOfMany)
     start();
     EXPECT_FALSE(cell({0, 2})->isLocked());
 }
+
+TEST_F(EditorActionsTest, ADraftIsOfferedUntilItIsAnsweredAndComesBackAsOneStep)
+{
+    choose(3, "#FF0000FF");
+    start(); // ended with something unsaved
+    EXPECT_EQ(colorOf(3), "#336699FF");
+    ASSERT_TRUE(item("quietStrip"));
+    tap(sceneFrame(item("quietStrip")).topRight() + QPointF(-22, 22)); // later
+    EXPECT_FALSE(item("quietStrip"));
+    tap(item("_moreButton"));
+    click("Bring Back Unsaved Changes");
+    EXPECT_EQ(colorOf(3), "#FF0000FF");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(colorOf(3), "#336699FF");
+
+    choose(3, "#00FF00FF");
+    start();
+    const QRectF strip = sceneFrame(item("quietStrip"));
+    tap(strip.bottomLeft() + QPointF(120, -20)); // "Discard"
+    EXPECT_FALSE(item("quietStrip"));
+    start();
+    EXPECT_FALSE(item("quietStrip"));
+}
