@@ -32,17 +32,17 @@ Actions undoAndRedo(CustomViewController &editor)
 /// The colour of one element for the others that were of its old colour, too.
 Action shareColor(ThemeDocument *document, int index)
 {
-    const auto [oldColor, others] = document->namesakes(index);
-    const QString title = tr("Use This Color for %1 More That Were %2").arg(others.size());
-    return {title.arg(oldColor),
+    const ThemeDocument::Namesakes found = document->namesakes(index);
+    const QString title = tr("Use This Color for %1 More That Were %2");
+    return {title.arg(found.indexes.size()).arg(found.colorText),
             [=] {
                 ThemeDocument::Changes changes;
-                for (const int other : others)
+                for (const int other : found.indexes)
                     changes.push_back(
                         {other, {document->record(index).color, document->record(other).value}});
-                document->changeUnlocked(std::move(changes), tr("Change %1").arg(oldColor));
+                document->changeUnlocked(std::move(changes), tr("Change %1").arg(found.colorText));
             },
-            !others.empty()};
+            !found.indexes.empty()};
 }
 } // namespace
 

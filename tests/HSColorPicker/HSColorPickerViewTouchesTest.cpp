@@ -61,7 +61,12 @@ protected:
     BGHSLoupeLayer *loupe() { return view->findChild<BGHSLoupeLayer *>(); }
     void endPopUp() { view->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(350); }
 
-    QPointingDevice *screen = QTest::createTouchDevice();
+    static QPointingDevice *touchScreen()
+    {
+        static QPointingDevice *const device = QTest::createTouchDevice(); // Qt keeps it for good
+        return device;
+    }
+    QPointingDevice *screen = touchScreen();
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
     QQmlEngine engine;
     QQuickWindow window;

@@ -69,9 +69,10 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
         press(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(colorOf(30), "#00FF00FF");
     };
-    tapSave();
-    EXPECT_TRUE(editor().isLoading());
+    editor().showLoaderWithLabel("Busy");
     expectNoUndo();
+    editor().removeLoader();
+    tapSave();
     ASSERT_TRUE(waitForAlert());
     expectNoUndo();
     EXPECT_EQ(window().title(), "Tintloom");
