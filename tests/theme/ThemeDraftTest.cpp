@@ -1,56 +1,15 @@
 #include "theme/ThemeDraft.h"
 
-#include "support/ProgramFixture.h"
+#include "support/DraftFixture.h"
 
 #include <atomic>
-#include <csignal>
 #include <semaphore>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-struct ThemeDraftTest : ProgramFixture {
-    void SetUp() override
-    {
-        putElements({element("first", "\"#F00\""), element("twice", "null"),
-                     element("choice", "null", "{\"A\":1,\"B\":2}", "1"), element("twice", "\"\""),
-                     element("list-background-image", "\"#FFF\""),
-                     element("unread-indicator-image", "\"#FFF\"")});
-    }
-
-    std::shared_ptr<AbandonedDraft> find()
-    {
-        return AbandonedDraft::find(locations.documents, load());
-    }
-    /// Leaves a draft as a program does that ends.
-    void abandon(const QString &color)
-    {
-        ThemeDocument document(load());
-        const DraftKeeper keeper(document, locations.documents);
-        document.setColor(0, color);
-    }
-    /// Drafts on the disk, by the colours of the first element in them.
-    QStringList drafts() const
-    {
-        QStringList colors;
-        for (const QString &path : tree(locations.documents)) {
-            if (!path.endsWith("/Draft.plist"_L1))
-                continue; // a killed write leaves a file of another name
-            const auto draft =
-                PropertyList::readDictionary(contents(locations.documents + u'/' + path));
-            const auto changes = draft ? draft->find(u"changes"_s)->toList() : QVariantList();
-            colors += changes.value(0).toMap().value(u"color"_s, u"not whole"_s).toString();
-        }
-        colors.sort();
-        return colors;
-    }
-    QString savedColor() const
-    {
-        const auto dictionary = PropertyList::readDictionary(contents(locations.workingCopy()));
-        return dictionary ? dictionary->find(u"first"_s)->toString() : QString();
-    }
-};
+using ThemeDraftTest = DraftFixture<ThemeFixture>;
 } // namespace
 
 TEST_F(ThemeDraftTest, OutlivesTheProgramAndComesBackAsOneStep)
@@ -146,48 +105,4 @@ TEST_F(ThemeDraftTest, WritesNothingBehindALink)
     abandon(u"#1"_s);
     EXPECT_TRUE(QDir(folder.filePath("elsewhere")).isEmpty());
     EXPECT_FALSE(find());
-}
-
-// What the editor does with drafts, killed or refused at each file operation in turn.
-TEST_F(ThemeDraftTest, LosesNothingAtAnyOperation)
-{
-    // With each the drafts of an undisturbed run, and whether the draft that was there before stays
-    // whatever happens.
-    const std::tuple<QString, QStringList, bool> flows[] = {
-        {u"edit #2"_s, {u"#1"_s, u"#2"_s}, true},
-        {u"save #2"_s, {u"#1"_s}, true},
-        {u"bring-back"_s, {u"#1"_s}, true},
-        {u"discard"_s, {}, false}};
-    const auto runWith = [this](const QString &flow, const QString &fault) {
-        QDir(locations.documents).removeRecursively();
-        abandon(u"#1"_s);
-        return run("draft "_L1 + flow, {{u"TINTLOOM_TEST_FAULT"_s, fault}},
-                   QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE));
-    };
-    for (const auto &[flow, expected, isFirstKept] : flows) {
-        SCOPED_TRACE(flow.toStdString());
-        const QByteArray counted = runWith(flow, u"count"_s).err;
-        EXPECT_EQ(drafts(), expected);
-        const int operations = counted.sliced(counted.lastIndexOf(' ')).trimmed().toInt();
-        ASSERT_GT(operations, 5);
-        int kills = 0;
-        for (const QString &kind : {u"kill"_s, u"full"_s, u"denied"_s}) {
-            for (int operation = 0; operation < operations; ++operation) {
-                SCOPED_TRACE(kind.toStdString() + std::to_string(operation));
-                const Finished run = runWith(flow, u"%1:%2"_s.arg(kind).arg(operation));
-                ASSERT_EQ(run.crashed ? run.exitCode : 0, run.crashed ? SIGKILL : 0);
-                ASSERT_TRUE(!run.crashed || kind == "kill"_L1) << run.err.toStdString();
-                kills += run.crashed;
-                const QStringList left = drafts();
-                EXPECT_FALSE(left.contains(u"not whole"_s));
-                EXPECT_TRUE(left.contains(u"#1"_s) || !isFirstKept);
-                const bool isNewKept = left.contains(u"#2"_s) || savedColor() == "#2"_L1;
-                EXPECT_TRUE(isNewKept || run.exitCode != 0 || !flow.contains(u'#') ||
-                            run.err.contains("Cannot keep the draft"))
-                    << run.err.toStdString();
-            }
-        }
-        // Of two writes in a row the first is sometimes saved.
-        EXPECT_GT(kills, operations / 2);
-    }
 }

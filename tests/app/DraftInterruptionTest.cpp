@@ -1,0 +1,61 @@
+#include "support/DraftFixture.h"
+#include "support/ProgramFixture.h"
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct DraftInterruptionTest : DraftFixture<ProgramFixture> {
+    QString savedColor() const
+    {
+        const auto dictionary = PropertyList::readDictionary(contents(locations.workingCopy()));
+        return dictionary ? dictionary->find(u"first"_s)->toString() : QString();
+    }
+};
+} // namespace
+
+// What the editor does with drafts, killed or refused at each file operation in turn.
+TEST_F(DraftInterruptionTest, LosesNothingAtAnyOperation)
+{
+    // With each the drafts of an undisturbed run, and whether the draft that was there before stays
+    // whatever happens.
+    const std::tuple<QString, QStringList, bool> flows[] = {
+        {u"edit #2"_s, {u"#1"_s, u"#2"_s}, true},
+        {u"save #2"_s, {u"#1"_s}, true},
+        {u"bring-back"_s, {u"#1"_s}, true},
+        {u"discard"_s, {}, false}};
+    const auto runWith = [this](const QString &flow, const QString &fault) {
+        QDir(locations.documents).removeRecursively();
+        abandon(u"#1"_s);
+        return run("draft "_L1 + flow, {{u"TINTLOOM_TEST_FAULT"_s, fault}},
+                   QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE));
+    };
+    for (const auto &[flow, expected, isFirstKept] : flows) {
+        SCOPED_TRACE(flow.toStdString());
+        const QByteArray counted = runWith(flow, u"count"_s).err;
+        EXPECT_EQ(drafts(), expected);
+        const int operations = counted.sliced(counted.lastIndexOf(' ')).trimmed().toInt();
+        ASSERT_GT(operations, 5);
+        int kills = 0;
+        for (const QString &kind : {u"kill"_s, u"full"_s, u"denied"_s}) {
+            for (int operation = 0; operation < operations; ++operation) {
+                SCOPED_TRACE(kind.toStdString() + std::to_string(operation));
+                const Finished run = runWith(flow, u"%1:%2"_s.arg(kind).arg(operation));
+                ASSERT_EQ(run.crashed ? run.exitCode : 0, run.crashed ? SIGKILL : 0);
+                ASSERT_TRUE(!run.crashed || kind == "kill"_L1) << run.err.toStdString();
+                kills += run.crashed;
+                const QStringList left = drafts();
+                EXPECT_FALSE(left.contains(u"not whole"_s));
+                EXPECT_TRUE(left.contains(u"#1"_s) || !isFirstKept);
+                const bool isNewKept = left.contains(u"#2"_s) || savedColor() == "#2"_L1;
+                EXPECT_TRUE(isNewKept || run.exitCode != 0 || !flow.contains(u'#') ||
+                            run.err.contains("Cannot keep the draft"))
+                    << run.err.toStdString();
+            }
+        }
+        // Of two writes in a row the first is sometimes saved.
+        EXPECT_GT(kills, operations / 2);
+    }
+}
