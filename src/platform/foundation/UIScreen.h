@@ -1,7 +1,8 @@
 // The phone's screen.
 //
-// Its size is that of the window's stage, in points; its scale, in pixels per point, rules the images
-// that are written into packages and has nothing to do with the display that the window is on.
+// Its size is that of the window's stage, in points; its scale, in pixels per point, rules the
+// images that are written into packages and has nothing to do with the display that the window is
+// on.
 #pragma once
 
 #include <QSizeF>
