@@ -2,7 +2,7 @@
 // Qt's own items. The wheel's bitmap is there already, on both sides.
 
 #include "BenchApplication.h"
-#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
+#include "HSColorPicker/window/HSColorPickerView.h"
 #include "QuietLog.h"
 #include "editor/CustomViewController.h"
 #include "platform/QMLViews.h"

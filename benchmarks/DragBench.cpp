@@ -2,9 +2,9 @@
 // could cost: two ready pictures that move over a third.
 
 #include "BenchApplication.h"
-#include "HSColorPicker/ColorPickerClasses/BGHSLoupeLayer.h"
-#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
-#include "HSColorPicker/ColorPickerClasses/HSSelectionLayer.h"
+#include "HSColorPicker/window/BGHSLoupeLayer.h"
+#include "HSColorPicker/window/HSColorPickerView.h"
+#include "HSColorPicker/window/HSSelectionLayer.h"
 #include "support/Canvas.h"
 
 #include <QTest>

@@ -2,11 +2,11 @@
 // working copy and bring the same bytes to the disk. Each save changes a colour, so that there is
 // something to keep.
 #include "QuietLog.h"
+#include "bitmap/UIImage+JTColor.h"
 #include "platform/foundation/NSFileManager.h"
 #include "theme/ColorText.h"
 #include "theme/ThemeDocument.h"
 #include "theme/ThemePackageWriter.h"
-#include "views/UIImage+JTColor.h"
 
 #include <QTemporaryDir>
 

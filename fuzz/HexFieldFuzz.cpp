@@ -1,9 +1,9 @@
 // The chooser's hex field under a sequence of edits. Each edit takes three bytes for where, how
 // much and what, and a pasted text as many more as it is long.
-#include "chooser/HexFieldRules.h"
 #include "fuzz/FuzzTargets.h"
 #include "platform/foundation/TextEdit.h"
 #include "theme/ColorText.h"
+#include "theme/HexFieldRules.h"
 
 #include <algorithm>
 

@@ -2,15 +2,16 @@ import QtQuick
 import Tintloom
 
 // The chooser's page. Keys that no part of it takes move the wheel's selection, accept or cancel.
-FocusScope {
+ChooserPage {
     id: root
 
     required property ColorPickerViewController controller
-    property alias colorPicker: wheel
-    property alias brightnessSlider: brightness
-    property alias opacitySlider: opacity
-    property alias colorPatch: patch
-    property alias hexTextField: field
+
+    colorPicker: wheel
+    brightnessSlider: brightness
+    opacitySlider: opacitySlide
+    colorPatch: patch
+    hexTextField: field
 
     // Fades as one picture, not part by part.
     layer.enabled: root.opacity < 1
@@ -112,7 +113,7 @@ FocusScope {
             Accessible.onDecreaseAction: brightness.step(-1)
         }
         HSOpacitySlider {
-            id: opacity
+            id: opacitySlide
 
             objectName: "_opacitySlider"
             frame: root.controller.layout.opacitySlider
@@ -120,8 +121,8 @@ FocusScope {
 
             Accessible.role: Accessible.Slider
             Accessible.name: qsTr("Opacity")
-            Accessible.onIncreaseAction: opacity.step(1)
-            Accessible.onDecreaseAction: opacity.step(-1)
+            Accessible.onIncreaseAction: opacitySlide.step(1)
+            Accessible.onDecreaseAction: opacitySlide.step(-1)
         }
         Row {
             objectName: "quickButtons"

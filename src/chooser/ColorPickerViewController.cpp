@@ -1,10 +1,10 @@
 #include "chooser/ColorPickerViewController.h"
 
-#include "chooser/HexFieldRules.h"
 #include "platform/UINavigationController.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
+#include "theme/HexFieldRules.h"
 
 ColorPickerViewController::ColorPickerViewController(const UIColor &color, std::int32_t section,
                                                      std::int32_t row)
@@ -51,17 +51,18 @@ void ColorPickerViewController::viewDidLoad()
 {
     view()->setWidth(UIScreen::mainScreen().size().width());
     const auto self = std::static_pointer_cast<ColorPickerViewController>(shared_from_this());
-    _colorPatch = view()->property("colorPatch").value<UIView *>();
-    _hexTextField = view()->property("hexTextField").value<UITextField *>();
+    const ChooserPage &parts = page<ChooserPage>();
+    _colorPatch = parts.colorPatch;
+    _hexTextField = parts.hexTextField;
     _hexTextField->setText("#FFFFFFFF");
     _hexTextField->setDelegate(self);
-    _colorPicker = view()->property("colorPicker").value<HSColorPickerView *>();
+    _colorPicker = parts.colorPicker;
     _colorPicker->setCropToCircle(false);
     _colorPicker->setSelectionColor(_initialColor);
     _colorPicker->setDelegate(self); // from here on; the first report comes with the first layout
-    _brightnessSlider = view()->property("brightnessSlider").value<HSBrightnessSlider *>();
+    _brightnessSlider = parts.brightnessSlider;
     _brightnessSlider->setColorPicker(_colorPicker);
-    _opacitySlider = view()->property("opacitySlider").value<HSOpacitySlider *>();
+    _opacitySlider = parts.opacitySlider;
     _opacitySlider->setColorPicker(_colorPicker);
 }
 

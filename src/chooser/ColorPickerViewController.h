@@ -12,11 +12,8 @@
 // fall by one, as on the phone.
 #pragma once
 
-#include "HSColorPicker/ColorPickerClasses/HSBrightnessSlider.h"
-#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
-#include "HSColorPicker/ColorPickerClasses/HSOpacitySlider.h"
 #include "chooser/ChooserLayout.h"
-#include "platform/UITextField.h"
+#include "chooser/ChooserPage.h"
 #include "platform/UIViewController.h"
 #include "platform/foundation/UIColor.h"
 

@@ -39,7 +39,7 @@ CustomViewController::CustomViewController(const EditorFolders &folders, bool fr
     connect(&_chooserPresentation, &ChooserPresentation::openChanged, this, [this] {
         emit chooserOpenChanged();
         if (!isChooserOpen())
-            view()->property("content").value<QQuickItem *>()->setFocus(true);
+            page<ScreenPage>().content->setFocus(true);
     });
 }
 
@@ -69,8 +69,8 @@ void CustomViewController::setDelegate(std::shared_ptr<CustomViewDelegate> deleg
 
 void CustomViewController::viewDidLoad()
 {
-    _overlays->setView(view(), engine());
-    _tableView = view()->property("table").value<UITableView *>();
+    _overlays->setView(page<ScreenPage>(), *engine());
+    _tableView = page<ScreenPage>().table;
     _saving.setTable(_tableView);
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);

@@ -2,15 +2,16 @@ import QtQuick
 import Tintloom
 
 // The editor's screen, back to front.
-FocusScope {
+ScreenPage {
     id: root
 
     required property CustomViewController controller
-    property alias table: scroller.table
-    property alias content: content
+
+    content: covered
+    table: scroller.table
 
     FocusScope {
-        id: content
+        id: covered
 
         anchors.fill: parent
         focus: true

@@ -2,16 +2,19 @@ import QtQuick
 import Tintloom
 
 // A stack of pages. The controller lays its bar over them when it is first shown.
-FocusScope {
+UINavigationPage {
     id: root
 
     required property UINavigationController controller
+
+    pages: stack
 
     // Fades as one picture, not part by part.
     layer.enabled: root.opacity < 1
 
     FocusScope {
-        objectName: "pages"
+        id: stack
+
         anchors.fill: parent
         focus: true
     }

@@ -1,6 +1,7 @@
 #include "platform/UINavigationController.h"
 
 #include "platform/QMLViews.h"
+#include "platform/UINavigationPage.h"
 
 UINavigationController::UINavigationController()
 {
@@ -51,7 +52,7 @@ void UINavigationController::showBarIfNeeded()
 
 QQuickItem *UINavigationController::pages() const
 {
-    return view()->findChild<QQuickItem *>("pages");
+    return page<UINavigationPage>().pages;
 }
 
 void UINavigationController::place(UIViewController &controller)

@@ -25,6 +25,15 @@ public:
     /// Null before the view is needed.
     QQuickItem *view() const { return _view.get(); }
     void loadViewIfNeeded(QQmlEngine &engine);
+    /// The view as the type that the root of its file must have. Only once the view is loaded.
+    template <typename Page>
+    Page &page() const
+    {
+        auto *page = qobject_cast<Page *>(view());
+        if (!page)
+            qFatal("%s is no %s", viewFile(), Page::staticMetaObject.className());
+        return *page;
+    }
 
     /// The stack that the controller stands in, or null. Set by that stack.
     UINavigationController *navigationController() const { return _navigationController; }

@@ -1,11 +1,11 @@
 #include "theme/ThemePackageWriter.h"
 
+#include "bitmap/UIImage+JTColor.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
 #include "theme/WorkingCopyKeeper.h"
-#include "views/UIImage+JTColor.h"
 
 #include <algorithm>
 

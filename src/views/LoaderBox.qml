@@ -2,17 +2,25 @@ import QtQuick
 import Tintloom
 
 // The box that is up while something is going on, and swallows every touch meanwhile.
-MouseArea {
+LoaderPage {
     id: root
 
     required property ScreenOverlays overlays
 
     anchors.fill: parent
-    hoverEnabled: true
-    preventStealing: true
-    onWheel: wheel => wheel.accepted = true
+    loadingView: box
+    loadingLabel: label
+    spinningIndicator: spinner
 
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        preventStealing: true
+        onWheel: wheel => wheel.accepted = true
+    }
     UIView {
+        id: box
+
         objectName: "_loadingView"
         frame: root.overlays.loadingFrame
 
@@ -25,6 +33,8 @@ MouseArea {
             color: "#8C000000"
         }
         Text {
+            id: label
+
             objectName: "_loadingLabel"
             width: 150
             height: 80
@@ -38,6 +48,8 @@ MouseArea {
             verticalAlignment: Text.AlignVCenter
         }
         ActivityIndicator {
+            id: spinner
+
             objectName: "_spinningIndicator"
             x: 57
             y: 65

@@ -6,10 +6,10 @@
 #include <QDesktopServices>
 #include <QUrl>
 
-void ScreenOverlays::setView(QQuickItem *view, QQmlEngine *engine)
+void ScreenOverlays::setView(ScreenPage &page, QQmlEngine &engine)
 {
-    _view = view;
-    _engine = engine;
+    _page = &page;
+    _engine = &engine;
 }
 
 void ScreenOverlays::setFrames(const QRectF &loadingFrame, double noticeBottom)
@@ -23,19 +23,14 @@ void ScreenOverlays::showLoaderWithLabel(const QString &label)
 {
     Q_ASSERT(!isLoading());
     _loadingText = label;
-    _loader = overlay("views/LoaderBox.qml", _view);
+    _loader = qobject_cast<LoaderPage *>(overlay("views/LoaderBox.qml", _page));
     emit loadingChanged();
 }
 
 void ScreenOverlays::removeLoader()
 {
-    takeAway(_loader);
+    takeAway(std::exchange(_loader, nullptr));
     emit loadingChanged();
-}
-
-QQuickItem *ScreenOverlays::loadingItem(const char *name) const
-{
-    return _loader ? _loader->findChild<QQuickItem *>(name) : nullptr;
 }
 
 void ScreenOverlays::setNotice(const QString &notice)
@@ -60,10 +55,10 @@ void ScreenOverlays::replaceStrip(const char *file)
 {
     if (_strip && _strip->hasActiveFocus()) // the keyboard goes back to where it came from
         _strip->nextItemInFocusChain(false)->forceActiveFocus(Qt::BacktabFocusReason);
-    takeAway(_strip);
+    takeAway(std::exchange(_strip, nullptr));
     emit noticeChanged();
     if (file)
-        _strip = overlay(file, _view->property("content").value<QQuickItem *>());
+        _strip = overlay(file, _page->content);
 }
 
 QStringList ScreenOverlays::quietActions() const
@@ -96,18 +91,17 @@ void ScreenOverlays::showOutcome(const QString &notice, const QString &copyFrom)
 }
 
 // It may be taken away by a tap on itself, so it outlives the tap.
-void ScreenOverlays::takeAway(QPointer<QQuickItem> &item)
+void ScreenOverlays::takeAway(QQuickItem *item)
 {
     if (!item)
         return;
     item->setVisible(false);
     item->deleteLater();
-    item.clear();
 }
 
 QQuickItem *ScreenOverlays::overlay(const char *file, QQuickItem *parent)
 {
-    Q_ASSERT(_view && _engine);
+    Q_ASSERT(_page && _engine);
     QQuickItem *item = QMLViews::create(*_engine, file, {{"overlays", QVariant::fromValue(this)}});
     item->setParent(parent);
     item->setParentItem(parent);

@@ -6,6 +6,8 @@
 #pragma once
 
 #include "views/Action.h"
+#include "views/LoaderPage.h"
+#include "views/ScreenPage.h"
 
 #include <QObject>
 #include <QPointer>
@@ -31,9 +33,9 @@ public:
     /// the view.
     explicit ScreenOverlays(QObject *parent) : QObject(parent) {}
 
-    /// Both must be set before anything is shown. The strip goes into the view's "content", and
+    /// Both must be set before anything is shown. The strip goes into the page's content, and
     /// takes input when that does.
-    void setView(QQuickItem *view, QQmlEngine *engine);
+    void setView(ScreenPage &page, QQmlEngine &engine);
     /// Points, in the view: the busy box, and the y that a strip stands on.
     void setFrames(const QRectF &loadingFrame, double noticeBottom);
     QRectF loadingFrame() const { return _loadingFrame; }
@@ -45,9 +47,9 @@ public:
     bool isLoading() const { return !_loader.isNull(); }
     QString loadingText() const { return _loadingText; }
     /// The box, its text and its spinner; null while it is not up.
-    QQuickItem *loadingView() const { return loadingItem("_loadingView"); }
-    QQuickItem *loadingLabel() const { return loadingItem("_loadingLabel"); }
-    QQuickItem *spinningIndicator() const { return loadingItem("_spinningIndicator"); }
+    QQuickItem *loadingView() const { return _loader ? _loader->loadingView : nullptr; }
+    QQuickItem *loadingLabel() const { return _loader ? _loader->loadingLabel : nullptr; }
+    QQuickItem *spinningIndicator() const { return _loader ? _loader->spinningIndicator : nullptr; }
 
     /// Lines for people; the red strip is up while there are any, in place of a quiet one.
     void setNotice(const QString &notice);
@@ -73,16 +75,15 @@ signals:
 private:
     /// A new item above everything in `parent`, which owns it.
     QQuickItem *overlay(const char *file, QQuickItem *parent);
-    QQuickItem *loadingItem(const char *name) const;
-    static void takeAway(QPointer<QQuickItem> &item);
+    static void takeAway(QQuickItem *item);
     void replaceStrip(const char *file);
 
-    QQuickItem *_view = nullptr;
+    ScreenPage *_page = nullptr;
     QQmlEngine *_engine = nullptr;
     QRectF _loadingFrame;
     double _noticeBottom = 0.0;
     QString _loadingText;
-    QPointer<QQuickItem> _loader; // while it is up
+    QPointer<LoaderPage> _loader; // while it is up
     QString _notice;
     QString _quietText;
     Actions _quietActions;

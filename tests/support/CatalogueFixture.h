@@ -1,7 +1,7 @@
 // The program started into the catalogue, on a list and themes of a test's own.
 #pragma once
 
-#include "catalogue/MainViewController.h"
+#include "catalogue/window/MainViewController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "support/EditorFixture.h"
 #include "support/ThemeRecords.h"

@@ -1,7 +1,7 @@
 // A started program in an offscreen window, on folders of its own.
 #pragma once
 
-#include "app/AppDelegate.h"
+#include "app/window/AppDelegate.h"
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/foundation/UIScreen.h"

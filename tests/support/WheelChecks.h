@@ -1,8 +1,8 @@
 // Holds a drawn colour wheel against its reference.
 #pragma once
 
-#include "HSColorPicker/ColorPickerClasses/HSColorPickerView.h"
 #include "HSColorPicker/ColorPickerClasses/HSWheelReference.h"
+#include "HSColorPicker/window/HSColorPickerView.h"
 #include "support/Canvas.h"
 
 #include <cmath>

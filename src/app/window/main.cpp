@@ -1,0 +1,62 @@
+#include "app/CatalogueCommands.h"
+#include "app/CommandLine.h"
+#include "app/HeadlessCommands.h"
+#include "app/window/AppDelegate.h"
+#include "platform/UIApplication.h"
+#include "platform/foundation/UIScreen.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include <clocale>
+#include <cstdio>
+
+namespace
+{
+int runWindow(const CommandLine::Options &options, int &argc, char **argv)
+{
+    // By this a desktop finds the icon that belongs to the window.
+    QGuiApplication::setDesktopFileName(QStringLiteral(TINTLOOM_ID));
+    UIScreen::mainScreen().setSize(options.screen);
+    UIScreen::mainScreen().setScale(options.scale);
+    const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};
+    const auto root = options.catalogue ? AppDelegate::Root::Catalogue : AppDelegate::Root::Editor;
+    return UIApplicationMain(
+        argc, argv, [&] { return std::make_unique<AppDelegate>(folders, root); },
+        "tintloom: no display to open a window on; \"tintloom save\" works without one");
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::setlocale(LC_CTYPE, ""); // arguments and paths are in the user's encoding
+    QCoreApplication::setApplicationName("Tintloom");
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+
+    const CommandLine::Outcome outcome = CommandLine::parse(arguments);
+    if (!outcome.options) {
+        std::fputs(outcome.text.toLocal8Bit().constData(), outcome.exitCode ? stderr : stdout);
+        return outcome.exitCode;
+    }
+    switch (outcome.options->command) {
+    case CommandLine::Command::List:
+        return runList(*outcome.options);
+    case CommandLine::Command::Set:
+        return runSet(*outcome.options);
+    case CommandLine::Command::Save:
+        return runSave(*outcome.options);
+    case CommandLine::Command::Restore:
+        return runRestore(*outcome.options);
+    case CommandLine::Command::Themes:
+        return runThemes(*outcome.options);
+    case CommandLine::Command::Install:
+        return runInstall(*outcome.options);
+    case CommandLine::Command::Edit:
+        return runEdit(*outcome.options);
+    case CommandLine::Command::Window:
+        break;
+    }
+    return runWindow(*outcome.options, argc, argv);
+}
