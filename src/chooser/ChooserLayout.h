@@ -1,25 +1,9 @@
 // Where everything on the chooser's page stands, in points.
 #pragma once
 
-#include <QObject>
 #include <QRectF>
-#include <QtQml/qqmlregistration.h>
 
 struct ChooserLayout {
-    Q_GADGET
-    QML_VALUE_TYPE(chooserLayout)
-    Q_PROPERTY(QRectF cancelButton MEMBER cancelButton CONSTANT FINAL)
-    Q_PROPERTY(QRectF removeButton MEMBER removeButton CONSTANT FINAL)
-    Q_PROPERTY(QRectF saveButton MEMBER saveButton CONSTANT FINAL)
-    Q_PROPERTY(QRectF colorPatch MEMBER colorPatch CONSTANT FINAL)
-    Q_PROPERTY(QRectF hexTextField MEMBER hexTextField CONSTANT FINAL)
-    Q_PROPERTY(QRectF colorPicker MEMBER colorPicker CONSTANT FINAL)
-    Q_PROPERTY(QRectF brightnessSlider MEMBER brightnessSlider CONSTANT FINAL)
-    Q_PROPERTY(QRectF opacitySlider MEMBER opacitySlider CONSTANT FINAL)
-    Q_PROPERTY(QRectF quickButtons MEMBER quickButtons CONSTANT FINAL)
-    Q_PROPERTY(double contentHeight MEMBER contentHeight CONSTANT FINAL)
-
-public:
     QRectF cancelButton;
     QRectF removeButton;
     QRectF saveButton;

@@ -7,6 +7,10 @@ ChooserPage {
 
     required property ColorPickerViewController controller
 
+    cancelButton: cancel
+    removeButton: remove
+    saveButton: save
+    quickButtons: quick
     colorPicker: wheel
     brightnessSlider: brightness
     opacitySlider: opacitySlide
@@ -34,13 +38,14 @@ ChooserPage {
     Flickable {
         anchors.fill: parent
         contentWidth: width
-        contentHeight: root.controller.layout.contentHeight
+        contentHeight: root.contentHeight
         interactive: contentHeight > height
         boundsBehavior: Flickable.StopAtBounds
 
         ImageButton {
+            id: cancel
+
             objectName: "_cancelButton"
-            frame: root.controller.layout.cancelButton
             title: "Cancel"
             titleColor: "black"
             image: "qrc:/images/greyButton.png"
@@ -48,16 +53,18 @@ ChooserPage {
             onTouchUpInside: root.controller.cancelButtonTap()
         }
         ImageButton {
+            id: remove
+
             objectName: "_removeButton"
-            frame: root.controller.layout.removeButton
             title: "Remove Color"
             image: "qrc:/images/orangeButton.png"
             highlightedImage: "qrc:/images/orangeButtonHighlight.png"
             onTouchUpInside: root.controller.removeButtonTap()
         }
         ImageButton {
+            id: save
+
             objectName: "_saveButton"
-            frame: root.controller.layout.saveButton
             title: "Select Color"
             image: "qrc:/images/lightGreenButton.png"
             highlightedImage: "qrc:/images/lightGreenButtonHighlight.png"
@@ -67,7 +74,6 @@ ChooserPage {
             id: patch
 
             objectName: "_colorPatch"
-            frame: root.controller.layout.colorPatch
 
             Accessible.role: Accessible.Graphic
             Accessible.name: qsTr("Chosen colour")
@@ -81,7 +87,6 @@ ChooserPage {
                 id: field
 
                 objectName: "_hexTextField"
-                frame: root.controller.layout.hexTextField
                 name: qsTr("Colour text")
                 fontSize: 18
                 inputMethodHints: Qt.ImhUppercaseOnly | Qt.ImhNoPredictiveText
@@ -91,7 +96,6 @@ ChooserPage {
             id: wheel
 
             objectName: "_colorPicker"
-            frame: root.controller.layout.colorPicker
             activeFocusOnTab: true
             focusFrame: true
 
@@ -104,7 +108,6 @@ ChooserPage {
             id: brightness
 
             objectName: "_brightnessSlider"
-            frame: root.controller.layout.brightnessSlider
             focusFrame: true
 
             Accessible.role: Accessible.Slider
@@ -116,7 +119,6 @@ ChooserPage {
             id: opacitySlide
 
             objectName: "_opacitySlider"
-            frame: root.controller.layout.opacitySlider
             focusFrame: true
 
             Accessible.role: Accessible.Slider
@@ -125,9 +127,9 @@ ChooserPage {
             Accessible.onDecreaseAction: opacitySlide.step(-1)
         }
         Row {
+            id: quick
+
             objectName: "quickButtons"
-            x: root.controller.layout.quickButtons.x
-            y: root.controller.layout.quickButtons.y
             spacing: 2
 
             QuickButton {

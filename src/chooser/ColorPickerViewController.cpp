@@ -51,7 +51,8 @@ void ColorPickerViewController::viewDidLoad()
 {
     view()->setWidth(UIScreen::mainScreen().size().width());
     const auto self = std::static_pointer_cast<ColorPickerViewController>(shared_from_this());
-    const ChooserPage &parts = page<ChooserPage>();
+    ChooserPage &parts = page<ChooserPage>();
+    parts.place(_layout);
     _colorPatch = parts.colorPatch;
     _hexTextField = parts.hexTextField;
     _hexTextField->setText("#FFFFFFFF");
@@ -79,7 +80,7 @@ void ColorPickerViewController::viewDidLayoutSubviews()
     if (layout == _layout)
         return;
     _layout = layout;
-    emit layoutChanged();
+    page<ChooserPage>().place(layout);
 }
 
 void ColorPickerViewController::colorPickerDidChangeSelection(HSColorPickerView &colorPicker)

@@ -43,7 +43,6 @@ class ColorPickerViewController final : public UIViewController,
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the editor")
-    Q_PROPERTY(ChooserLayout layout READ layout NOTIFY layoutChanged FINAL)
     Q_PROPERTY(QColor color READ patchColor NOTIFY colorChanged FINAL)
 
 public:
@@ -73,7 +72,6 @@ public:
     /// The strip whose ground is the chosen colour.
     UIView *colorPatch() const { return _colorPatch; }
     UITextField *hexTextField() const { return _hexTextField; }
-    ChooserLayout layout() const { return _layout; }
     /// The colour that the wheel last reported; the same for drawing.
     const UIColor &color() const { return _color; }
     QColor patchColor() const { return _color.qColor(); }
@@ -110,7 +108,6 @@ public:
     void dismissWithNoColorAndRow(std::int32_t) override {}
 
 signals:
-    void layoutChanged();
     void colorChanged();
 
 protected:

@@ -1,6 +1,7 @@
 #include "editor/CustomViewController.h"
 
 #include "editor/EditorActions.h"
+#include "editor/EditorPage.h"
 #include "platform/UIAlertView.h"
 #include "platform/UINavigationController.h"
 #include "platform/UIWindow.h"
@@ -39,7 +40,7 @@ CustomViewController::CustomViewController(const EditorFolders &folders, bool fr
     connect(&_chooserPresentation, &ChooserPresentation::openChanged, this, [this] {
         emit chooserOpenChanged();
         if (!isChooserOpen())
-            page<ScreenPage>().content->setFocus(true);
+            page<EditorPage>().content->setFocus(true);
     });
 }
 
@@ -69,8 +70,8 @@ void CustomViewController::setDelegate(std::shared_ptr<CustomViewDelegate> deleg
 
 void CustomViewController::viewDidLoad()
 {
-    _overlays->setView(page<ScreenPage>(), *engine());
-    _tableView = page<ScreenPage>().table;
+    _overlays->setView(page<EditorPage>(), *engine());
+    _tableView = page<EditorPage>().table;
     _saving.setTable(_tableView);
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
@@ -129,7 +130,7 @@ void CustomViewController::viewDidLayoutSubviews()
         return;
     _layout = layout;
     _overlays->setFrames(layout.loadingView, layout.bottomView.y());
-    emit layoutChanged();
+    page<EditorPage>().place(layout);
 }
 
 void CustomViewController::prepareForTermination()

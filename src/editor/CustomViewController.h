@@ -55,7 +55,6 @@ class CustomViewController final : public UIViewController,
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the program's start or by the catalogue")
-    Q_PROPERTY(EditorLayout layout READ layout NOTIFY layoutChanged FINAL)
     Q_PROPERTY(bool fromMainView READ fromMainView CONSTANT FINAL)
     Q_PROPERTY(bool chooserOpen READ isChooserOpen NOTIFY chooserOpenChanged FINAL)
     Q_PROPERTY(ScreenOverlays *overlays READ overlays CONSTANT FINAL)
@@ -74,7 +73,6 @@ public:
     /// What the editor edits.
     ThemeDocument &document() { return *_document; }
     const ElementDataSource &source() const { return _document->elements(); }
-    EditorLayout layout() const { return _layout; }
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
@@ -154,7 +152,6 @@ public:
     void setCustomTheme() override {}
 
 signals:
-    void layoutChanged();
     void chooserOpenChanged();
 
 protected:

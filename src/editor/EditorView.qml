@@ -2,13 +2,21 @@ import QtQuick
 import Tintloom
 
 // The editor's screen, back to front.
-ScreenPage {
+EditorPage {
     id: root
 
     required property CustomViewController controller
 
     content: covered
     table: scroller.table
+    bgView: ground
+    hiddenView: strip
+    appVersion: version
+    tableView: list
+    topView: topBar
+    bottomView: bottomBar
+    saveButton: save
+    moreButton: more
 
     FocusScope {
         id: covered
@@ -24,8 +32,9 @@ ScreenPage {
             anchors.fill: parent
 
             UIView {
+                id: ground
+
                 objectName: "_bgView"
-                frame: root.controller.layout.bgView
 
                 Image {
                     anchors.fill: parent
@@ -36,8 +45,9 @@ ScreenPage {
                 }
             }
             UIView {
+                id: strip
+
                 objectName: "_hiddenView"
-                frame: root.controller.layout.hiddenView
                 visible: !root.controller.fromMainView
 
                 Rectangle {
@@ -45,8 +55,9 @@ ScreenPage {
                     color: "white"
                 }
                 UIView {
+                    id: version
+
                     objectName: "_appVersion"
-                    frame: root.controller.layout.appVersion
 
                     // Out of sight until the table is pulled down.
                     Loader {
@@ -57,8 +68,9 @@ ScreenPage {
                 }
             }
             UIView {
+                id: list
+
                 objectName: "_tableView"
-                frame: root.controller.layout.tableView
 
                 TableScroller {
                     id: scroller
@@ -69,34 +81,33 @@ ScreenPage {
             }
         }
         BlurView {
-            id: topView
+            id: topBar
 
             objectName: "_topView"
-            frame: root.controller.layout.topView
             visible: !root.controller.fromMainView
             blurTintColor: "#54FFFFFF"
 
             Backdrop {
                 anchors.fill: parent
                 behind: scene
-                stretch: topView.frame
+                stretch: topBar.frame
             }
         }
         BlurView {
-            id: bottomView
+            id: bottomBar
 
             objectName: "_bottomView"
-            frame: root.controller.layout.bottomView
             blurTintColor: "#54FFFFFF"
 
             Backdrop {
                 anchors.fill: parent
                 behind: scene
-                stretch: bottomView.frame
+                stretch: bottomBar.frame
             }
             ImageButton {
+                id: save
+
                 objectName: "_saveButton"
-                frame: root.controller.layout.saveButton
                 title: "Save Theme"
                 titleSize: 26
                 usable: !root.controller.overlays.loading
@@ -105,8 +116,9 @@ ScreenPage {
                 onTouchUpInside: root.controller.saveButtonTap()
             }
             ImageButton {
+                id: more
+
                 objectName: "_moreButton"
-                frame: root.controller.layout.moreButton
                 title: qsTr("More")
                 titleColor: "black"
                 image: "qrc:/images/greyButton.png"

@@ -1,6 +1,7 @@
 // The root of the catalogue's QML file.
 #pragma once
 
+#include "catalogue/window/CatalogueLayout.h"
 #include "platform/UIView.h"
 #include "views/ScreenPage.h"
 
@@ -8,12 +9,19 @@ class CataloguePage : public ScreenPage
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(UIView *hiddenView MEMBER hiddenView FINAL REQUIRED)
-    Q_PROPERTY(UIView *tableView MEMBER tableView FINAL REQUIRED)
+    Q_PROPERTY(UIView *hiddenView MEMBER _hiddenView FINAL REQUIRED)
+    Q_PROPERTY(UIView *appVersion MEMBER _appVersion FINAL REQUIRED)
+    Q_PROPERTY(UIView *tableView MEMBER _tableView FINAL REQUIRED)
 
 public:
     using ScreenPage::ScreenPage;
 
-    UIView *hiddenView = nullptr; ///< the strip above the table, with the version
-    UIView *tableView = nullptr;  ///< what the table lies in
+    void place(const CatalogueLayout &layout);
+    /// Of everything that the list consists of.
+    void setListOpacity(double opacity);
+
+private:
+    UIView *_hiddenView = nullptr;
+    UIView *_appVersion = nullptr;
+    UIView *_tableView = nullptr;
 };

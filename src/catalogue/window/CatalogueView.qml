@@ -9,6 +9,7 @@ CataloguePage {
 
     content: covered
     hiddenView: strip
+    appVersion: version
     tableView: frame
     table: scroller.table
 
@@ -23,15 +24,15 @@ CataloguePage {
             id: strip
 
             objectName: "hiddenView"
-            frame: root.controller.layout.hiddenView
 
             Rectangle {
                 anchors.fill: parent
                 color: "#B3FFFFFF"
             }
             UIView {
+                id: version
+
                 objectName: "appVersion"
-                frame: root.controller.layout.appVersion
 
                 Text {
                     anchors.fill: parent
@@ -47,7 +48,6 @@ CataloguePage {
             id: frame
 
             objectName: "tableView"
-            frame: root.controller.layout.tableView
 
             TableScroller {
                 id: scroller

@@ -47,7 +47,7 @@ std::shared_ptr<MainViewController> MainViewController::self()
 
 void MainViewController::viewDidLoad()
 {
-    _overlays->setView(page<ScreenPage>(), *engine());
+    _overlays->setView(page<CataloguePage>(), *engine());
     _tableView = page<CataloguePage>().table;
     _saving.setTable(_tableView);
     _tableView->setDelegate(this);
@@ -58,13 +58,7 @@ void MainViewController::viewDidLoad()
 void MainViewController::viewWillAppear(bool)
 {
     navigationController()->setNavigationBarHidden(true);
-    setListOpacity(1.0);
-}
-
-void MainViewController::setListOpacity(double opacity)
-{
-    page<CataloguePage>().hiddenView->setOpacity(opacity);
-    page<CataloguePage>().tableView->setOpacity(opacity);
+    page<CataloguePage>().setListOpacity(1.0);
 }
 
 void MainViewController::viewDidLayoutSubviews()
@@ -74,7 +68,7 @@ void MainViewController::viewDidLayoutSubviews()
         return;
     _layout = layout;
     _overlays->setFrames(layout.loadingView, view()->height());
-    emit layoutChanged();
+    page<CataloguePage>().place(layout);
 }
 
 void MainViewController::prepareForTermination()
@@ -202,7 +196,7 @@ void MainViewController::openEditor(bool colorsBar)
         QCoreApplication::exit(EXIT_FAILURE); // as a start into the editor does; the log says why
         return;
     }
-    setListOpacity(0.0);
+    page<CataloguePage>().setListOpacity(0.0);
     _customViewController->loadViewIfNeeded(*engine());
     _customViewController->view()->setPosition(view()->position());
     _customViewController->view()->setSize(view()->size());

@@ -33,7 +33,6 @@ class MainViewController final : public UIViewController,
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the program's start")
-    Q_PROPERTY(CatalogueLayout layout READ layout NOTIFY layoutChanged FINAL)
     Q_PROPERTY(ScreenOverlays *overlays READ overlays CONSTANT FINAL)
 
 public:
@@ -77,7 +76,6 @@ public:
     QQuickItem *loadingView() const { return _overlays->loadingView(); }
     QQuickItem *loadingLabel() const { return _overlays->loadingLabel(); }
     QQuickItem *spinningIndicator() const { return _overlays->spinningIndicator(); }
-    CatalogueLayout layout() const { return _layout; }
     ScreenOverlays *overlays() const { return _overlays; }
     /// The alert that the screen showed last, until it has been answered.
     UIAlertView *alertView() const { return _alertView; }
@@ -85,9 +83,6 @@ public:
     {
         return _customViewController;
     }
-
-signals:
-    void layoutChanged();
 
 protected:
     const char *viewFile() const override { return "catalogue/window/CatalogueView.qml"; }
@@ -100,7 +95,6 @@ private:
     void install();
     std::shared_ptr<MainViewController> self();
     void openEditor(bool colorsBar);
-    void setListOpacity(double opacity);
     void finishSave(const ThemeInstallation &installation, const QString &theme);
     void finishEditing(const ThemeInstallation &installation, const QString &theme);
     /// Copies, remembers the theme selected, and takes the busy box away; the strip then says what
