@@ -79,7 +79,7 @@ int main(int argc, char **argv)
         return operations++ == place ? faultAtOperation(fault[0]) : std::error_code();
     });
     if (qEnvironmentVariableIsSet("TINTLOOM_TEST_PATIENCE"))
-        WorkingCopyKeeper::setPatience(
+        FolderLocks::setPatience(
             std::chrono::milliseconds(qEnvironmentVariableIntValue("TINTLOOM_TEST_PATIENCE")));
     const int status = argc > 2 && QByteArray(argv[1]) == "draft" ? runDraft(argv[2], argv[3])
                                                                   : tintloomMain(argc, argv);

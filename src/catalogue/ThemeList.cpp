@@ -46,7 +46,7 @@ ThemeList ThemeList::load(const QString &resources)
     if (!error)
         return parse(bytes, path);
     ThemeList list;
-    list._problem = path + ": "_L1 + QString::fromStdString(error.message());
+    list._problem = NSFileManager::withReason(path, error);
     return list;
 }
 

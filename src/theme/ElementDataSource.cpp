@@ -81,7 +81,7 @@ std::optional<PropertyDictionary> savedDictionary(const QString &path)
 {
     NSLog(u"path: %@"_s, {path});
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+    if (NSFileManager::isMissing(error))
         return std::nullopt;
     auto dictionary = error ? std::nullopt : PropertyList::readDictionary(bytes);
     if (!dictionary)

@@ -138,7 +138,7 @@ private:
     void keepFault(const QString &path, const std::error_code &error)
     {
         if (error && _fault.isEmpty())
-            _fault = path + ": "_L1 + QString::fromStdString(error.message());
+            _fault = NSFileManager::withReason(path, error);
         _report.addFailure(path, error);
     }
 

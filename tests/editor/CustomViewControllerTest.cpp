@@ -217,7 +217,7 @@ TEST_F(CustomViewControllerTest, SavesNothingWhileAnotherProgramIsAtTheFiles)
 {
     writeDocument(manyElements(3));
     start();
-    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(0));
+    FolderLocks::setPatience(std::chrono::milliseconds(0));
     auto other = WorkingCopyKeeper::open(folders().theme);
     ASSERT_TRUE(other->begin());
     tapSave();
@@ -227,7 +227,7 @@ TEST_F(CustomViewControllerTest, SavesNothingWhileAnotherProgramIsAtTheFiles)
     EXPECT_FALSE(QFile::exists(folders().theme.packageFolder()));
 
     other.reset();
-    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
+    FolderLocks::setPatience(std::chrono::milliseconds(5000));
     tapSave();
     ASSERT_TRUE(waitForAlert());
     EXPECT_TRUE(editor().notice().isEmpty());

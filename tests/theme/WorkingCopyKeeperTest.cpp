@@ -154,14 +154,14 @@ TEST_F(WorkingCopyKeeperTest, RemovesItsOwnTemporaryFilesOnly)
 
 TEST_F(WorkingCopyKeeperTest, OneAtATime)
 {
-    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(0));
+    FolderLocks::setPatience(std::chrono::milliseconds(0));
     auto holder = open();
     ASSERT_TRUE(holder->begin());
     const QString elsewhere = folder.filePath("other");
     for (const ThemeLocations &other : {locations, ThemeLocations{locations.packageRoot, elsewhere},
                                         ThemeLocations{elsewhere, locations.documents}})
         EXPECT_TRUE(WorkingCopyKeeper::open(other)->refusal().contains("another Tintloom"));
-    WorkingCopyKeeper::setPatience(std::chrono::milliseconds(5000));
+    FolderLocks::setPatience(std::chrono::milliseconds(5000));
     holder.reset();
     EXPECT_TRUE(open()->begin());
 }

@@ -106,6 +106,16 @@ std::error_code flushFolder(const fs::path &folder)
 }
 } // namespace
 
+bool NSFileManager::isMissing(const std::error_code &error)
+{
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+QString NSFileManager::withReason(const QString &path, const std::error_code &error)
+{
+    return path + QStringLiteral(": ") + QString::fromStdString(error.message());
+}
+
 bool NSFileManager::fileExistsAtPath(const QString &path)
 {
     if (begin(Operation::Exists, path))

@@ -35,6 +35,11 @@ public:
         Lock
     };
 
+    /// Whether an operation failed because nothing is there.
+    static bool isMissing(const std::error_code &error);
+    /// What people are told about a path: "PATH: REASON".
+    static QString withReason(const QString &path, const std::error_code &error);
+
     /// True when something stands at the path; a dangling symbolic link counts.
     static bool fileExistsAtPath(const QString &path);
 
