@@ -11,7 +11,6 @@ using Kind = NSFileManager::Kind;
 
 namespace
 {
-constexpr unsigned everybodyMayDoEverything = 0777;
 
 /// Nothing is touched before name and keeper have been found in order.
 ThemeInstallation begin(const QString &resources, const QString &name,
@@ -80,7 +79,7 @@ public:
     void openLastToEverybody()
     {
         Copy &copy = _copies.back();
-        copy.openFault = NSFileManager::setPosixPermissions(copy.target, everybodyMayDoEverything);
+        copy.openFault = NSFileManager::setPosixPermissions(copy.target, packagePermissions);
     }
 
     /// Judged when all is done, by what then stands. A folder is copied whole, and what lies in it

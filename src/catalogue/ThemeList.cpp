@@ -4,9 +4,6 @@
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/PropertyList.h"
 
-#include <QCollator>
-#include <QHash>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -58,56 +55,47 @@ ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path)
         list._problem = path + ": it is not a property list with an array on top"_L1;
         return list;
     }
-    QHash<QString, size_t> places;
     for (qsizetype index = 0; index < items->size(); ++index) {
         const auto record = themeRecord(items->at(index));
         if (!record) {
             NSLog(u"Theme %@ of %@ has no section or no name"_s, {QString::number(index), path});
             continue;
         }
-        if (!places.contains(record->section)) {
-            places.insert(record->section, list._sections.size());
-            list._sections.push_back({record->section, {}});
-        }
-        list._sections[places[record->section]].records.push_back(*record);
+        list._sections.append(record->section, int(list._records.size()));
+        list._records.push_back(*record);
     }
-    QCollator collator; // the user's locale; plain case folding where there is none
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::ranges::sort(list._sections, [&](const Section &left, const Section &right) {
-        const int order = collator.compare(left.title, right.title);
-        return order != 0 ? order < 0 : left.title < right.title;
-    });
+    list._sections.sort();
     return list;
-}
-
-const ThemeList::Section &ThemeList::sectionAt(int section) const
-{
-    Q_ASSERT(section >= 0 && section < numberOfSections());
-    return _sections[size_t(section)];
 }
 
 const ThemeRecord &ThemeList::record(int section, int row) const
 {
     Q_ASSERT(row >= 0 && row < numberOfRowsInSection(section));
-    return sectionAt(section).records[size_t(row)];
+    return _records[size_t(_sections.elements(section)[size_t(row)])];
+}
+
+std::vector<const ThemeRecord *> ThemeList::rows() const
+{
+    std::vector<const ThemeRecord *> rows;
+    for (int section = 0; section < numberOfSections(); ++section)
+        for (int row = 0; row < numberOfRowsInSection(section); ++row)
+            rows.push_back(&record(section, row));
+    return rows;
 }
 
 const ThemeRecord *ThemeList::find(const QString &name) const
 {
-    for (const Section &section : _sections)
-        for (const ThemeRecord &record : section.records)
-            if (record.name == name)
-                return &record;
-    return nullptr;
+    const auto all = rows();
+    const auto found = std::ranges::find(all, name, &ThemeRecord::name);
+    return found == all.end() ? nullptr : *found;
 }
 
 QStringList ThemeList::installableNames() const
 {
     QStringList names;
-    for (const Section &section : _sections)
-        for (const ThemeRecord &record : section.records)
-            if (record.active && !record.isCustom() && !record.isOwnTheme())
-                names.append(record.name);
+    for (const ThemeRecord *record : rows())
+        if (record->active && !record->isCustom() && !record->isOwnTheme())
+            names.append(record->name);
     return names;
 }
 

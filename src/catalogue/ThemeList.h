@@ -10,6 +10,8 @@
 // The section "Custom" is special: its rows open the editor instead of installing something.
 #pragma once
 
+#include "platform/foundation/TableSections.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -42,10 +44,10 @@ public:
     const QString &problem() const { return _problem; }
 
     /// Titles without regard to case, in the user's locale; those that compare equal by code units.
-    int numberOfSections() const { return int(_sections.size()); }
+    int numberOfSections() const { return _sections.count(); }
     /// Indexes must be in range, here and below.
-    const QString &titleForSection(int section) const { return sectionAt(section).title; }
-    int numberOfRowsInSection(int section) const { return int(sectionAt(section).records.size()); }
+    const QString &titleForSection(int section) const { return _sections.title(section); }
+    int numberOfRowsInSection(int section) const { return int(_sections.elements(section).size()); }
     /// In a section, records stand in the order of the file.
     const ThemeRecord &record(int section, int row) const;
     /// The first record of that name, or null.
@@ -54,15 +56,12 @@ public:
     QStringList installableNames() const;
 
 private:
-    struct Section {
-        QString title;
-        std::vector<ThemeRecord> records;
-    };
-
-    const Section &sectionAt(int section) const;
+    /// All records in the order of the table.
+    std::vector<const ThemeRecord *> rows() const;
 
     QString _problem;
-    std::vector<Section> _sections;
+    std::vector<ThemeRecord> _records; // in the order of the file
+    TableSections _sections;
 };
 
 /// Path of the folder that holds a theme's package, whether there is one or not. Nothing, and a log

@@ -9,6 +9,7 @@
 #include "platform/foundation/UIScreen.h"
 #include "theme/ColorText.h"
 #include "theme/ElementLocks.h"
+#include "views/SectionHeader.h"
 
 #include <algorithm>
 #include <utility>
@@ -162,8 +163,7 @@ double CustomViewController::heightForRowAtIndexPath(NSIndexPath) const
 
 void CustomViewController::willDisplayHeaderView(UITableViewHeader &header, int)
 {
-    header.textLabel()->setTextColor(Qt::white);
-    header.setTintColor(UIColor::colorWithRed(0.0, 214.0 / 255.0, 68.0 / 255.0, 1.0).qColor());
+    paintSectionHeader(header);
 }
 
 UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,

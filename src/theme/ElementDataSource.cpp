@@ -5,7 +5,6 @@
 #include "platform/foundation/XmlText.h"
 #include "theme/ThemeLocations.h"
 
-#include <QCollator>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -233,75 +232,36 @@ void ElementDataSource::fail(Status status, const QString &path, const QString &
 
 void ElementDataSource::groupIntoSections()
 {
-    QHash<QString, size_t> places;
     for (size_t element = 0; element < _tableSource.size(); ++element) {
         const ElementRecord &record = _tableSource[element];
-        if (!record.section)
-            NSLog(u"MISSING SECTION: %@"_s, {record.name});
-        // Without a section of its own a record opens a section that stays empty, as on the phone:
-        // the fault shows.
-        const QString title = record.section.value_or(u"MISSING SECTION"_s);
-        const auto place = places.constFind(title);
-        const size_t index = place == places.cend() ? _newTableSource.size() : *place;
-        if (index == _newTableSource.size()) {
-            places.insert(title, index);
-            _newTableSource.push_back({title, {}});
+        if (record.section) {
+            _newTableSource.append(*record.section, int(element));
+            continue;
         }
-        if (record.section)
-            _newTableSource[index].elements.push_back(int(element));
+        // It opens a section that stays empty, as on the phone: the fault shows.
+        NSLog(u"MISSING SECTION: %@"_s, {record.name});
+        _newTableSource.open(u"MISSING SECTION"_s);
     }
-    QCollator collator; // the user's locale; plain case folding where there is none
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::ranges::sort(_newTableSource, [&](const Section &left, const Section &right) {
-        const int order = collator.compare(left.title, right.title);
-        return order != 0 ? order < 0 : left.title < right.title;
-    });
+    _newTableSource.sort();
     _indexPaths.assign(_tableSource.size(), {});
     for (int section = 0; section < numberOfSections(); ++section)
         for (int row = 0; row < numberOfRowsInSection(section); ++row)
-            _indexPaths[size_t(_newTableSource[size_t(section)].elements[size_t(row)])] = {section,
-                                                                                           row};
+            _indexPaths[size_t(_newTableSource.elements(section)[size_t(row)])] = {section, row};
 }
 
 QStringList ElementDataSource::sortedSections() const
 {
     QStringList titles;
-    titles.reserve(qsizetype(_newTableSource.size()));
-    for (const Section &section : _newTableSource)
-        titles.append(section.title);
+    titles.reserve(numberOfSections());
+    for (int section = 0; section < numberOfSections(); ++section)
+        titles.append(titleForSection(section));
     return titles;
-}
-
-int ElementDataSource::numberOfSections() const
-{
-    return int(_newTableSource.size());
-}
-
-const QString &ElementDataSource::titleForSection(int section) const
-{
-    Q_ASSERT(section >= 0 && section < numberOfSections());
-    return _newTableSource[size_t(section)].title;
-}
-
-int ElementDataSource::numberOfRowsInSection(int section) const
-{
-    Q_ASSERT(section >= 0 && section < numberOfSections());
-    return int(_newTableSource[size_t(section)].elements.size());
 }
 
 const ElementRecord &ElementDataSource::record(int section, int row) const
 {
     Q_ASSERT(row >= 0 && row < numberOfRowsInSection(section));
-    return _tableSource[size_t(_newTableSource[size_t(section)].elements[size_t(row)])];
-}
-
-std::optional<int> ElementDataSource::indexAt(NSIndexPath indexPath) const
-{
-    const auto [section, row] = indexPath;
-    if (!indexPath.isValid() || section >= numberOfSections() ||
-        row >= numberOfRowsInSection(section))
-        return std::nullopt;
-    return _newTableSource[size_t(section)].elements[size_t(row)];
+    return _tableSource[size_t(_newTableSource.elements(section)[size_t(row)])];
 }
 
 NSIndexPath ElementDataSource::indexPathOf(int index) const

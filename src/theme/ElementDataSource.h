@@ -9,8 +9,8 @@
 // thread. What is chosen changes through a ThemeDocument alone.
 #pragma once
 
-#include "platform/foundation/NSIndexPath.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/TableSections.h"
 
 #include <QHash>
 #include <QString>
@@ -84,15 +84,21 @@ public:
     /// Section titles in the order of the table: without regard to case, in the user's locale;
     /// those that compare equal by code units.
     QStringList sortedSections() const;
-    int numberOfSections() const;
+    int numberOfSections() const { return _newTableSource.count(); }
     /// Indexes must be in range, here and below.
-    const QString &titleForSection(int section) const;
+    const QString &titleForSection(int section) const { return _newTableSource.title(section); }
     /// Rows of a section, in document order.
-    int numberOfRowsInSection(int section) const;
+    int numberOfRowsInSection(int section) const
+    {
+        return int(_newTableSource.elements(section).size());
+    }
     const ElementRecord &record(int section, int row) const;
 
     /// The element in a row of the table; none where there is no such row.
-    std::optional<int> indexAt(NSIndexPath indexPath) const;
+    std::optional<int> indexAt(NSIndexPath indexPath) const
+    {
+        return _newTableSource.elementAt(indexPath);
+    }
     /// The row of an element; an invalid one for an element without a section.
     NSIndexPath indexPathOf(int index) const;
     /// The first element of that name.
@@ -110,11 +116,6 @@ public:
 private:
     friend class ThemeDocument; // who alone changes what is chosen
 
-    struct Section {
-        QString title;
-        std::vector<int> elements;
-    };
-
     void readDocument(const QByteArray &text, const QString &path, const PropertyDictionary *saved);
     void fail(Status status, const QString &path, const QString &reason);
     void groupIntoSections();
@@ -129,6 +130,6 @@ private:
     QHash<int, ElementChoice> _overlaid; // the document's own choice where a saved one lies over it
     // The elements by section title; exact titles group, only the order ignores case. Titles never
     // change after the load, so they are sorted once and looking up a row costs nothing.
-    std::vector<Section> _newTableSource;
+    TableSections _newTableSource;
     std::vector<NSIndexPath> _indexPaths; // by element
 };

@@ -2,14 +2,17 @@
 //
 //   <package root>/Tintloom/Info.plist                      the theme dictionary, XML
 //   <package root>/Tintloom/ListBackground@2x.jpg           640 x 1136 points in the list's colour
-//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points; JPEG bytes, as on the
-//   phone <documents>/Tintloom/Info.plist                         the working copy, the same
-//   dictionary <documents>/Tintloom/Info.saving.plist                  the old one, only during a
-//   save <documents>/Tintloom/Info.previous.plist                the one before, for "restore"
-//   <documents>/Preferences.plist                           which theme is installed
+//   <package root>/Tintloom/UIKit/UnreadIndicator@2x.png    24 x 24 points; JPEG, as on the phone
+//   <documents>/Tintloom/Info.plist            the working copy, the same dictionary
+//   <documents>/Tintloom/Info.saving.plist     the old one, only during a save
+//   <documents>/Tintloom/Info.previous.plist   the one before, for "restore"
+//   <documents>/Preferences.plist              which theme is installed
 #pragma once
 
 #include <QString>
+
+/// Of all that is written into a package: any user of the phone may read and replace it.
+constexpr unsigned packagePermissions = 0777;
 
 struct ThemeLocations {
     QString packageRoot;

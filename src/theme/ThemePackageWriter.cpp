@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr float jpegQuality = 0.8F;
-constexpr unsigned everybodyMayDoEverything = 0777;
 const auto isALink = std::make_error_code(std::errc::too_many_symbolic_link_levels);
 constexpr QRectF listBackgroundRect(0.0, 0.0, 640.0, 1136.0);
 constexpr QRectF unreadIndicatorRect(0.0, 0.0, 24.0, 24.0);
@@ -109,7 +108,7 @@ public:
     {
         keepFault(path, leadsAstray(path)
                             ? isALink
-                            : NSFileManager::setPosixPermissions(path, everybodyMayDoEverything));
+                            : NSFileManager::setPosixPermissions(path, packagePermissions));
     }
 
     void logFault() const

@@ -5,6 +5,7 @@
 #include "platform/UITableViewSubtitleCell.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
+#include "views/SectionHeader.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -13,7 +14,6 @@
 
 namespace
 {
-const QColor themeGreen = UIColor::colorWithRed(0.0, 214.0 / 255.0, 68.0 / 255.0, 1.0).qColor();
 const QColor installedYellow = UIColor::colorWithRed(1.0, 1.0, 210.0 / 255.0, 1.0).qColor();
 } // namespace
 
@@ -105,8 +105,7 @@ double MainViewController::heightForRowAtIndexPath(NSIndexPath) const
 
 void MainViewController::willDisplayHeaderView(UITableViewHeader &header, int)
 {
-    header.textLabel()->setTextColor(Qt::white);
-    header.setTintColor(themeGreen);
+    paintSectionHeader(header);
 }
 
 UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
@@ -204,7 +203,7 @@ void MainViewController::openEditor(bool colorsBar)
     _customViewController->setTitle("Custom Theme");
     navigationController()->setNavigationBarHidden(false);
     if (colorsBar)
-        navigationController()->setNavigationBarColor(themeGreen);
+        navigationController()->setNavigationBarColor(themeGreen());
     navigationController()->pushViewController(_customViewController, true);
 }
 
@@ -230,18 +229,23 @@ void MainViewController::setCustomTheme()
     setSelectedTheme(ThemeRecord::ownTheme());
 }
 
-void MainViewController::save()
+void MainViewController::copyTheme(const BeginCopy &begin, FinishCopy finish)
 {
-    NSLog("SAVING THEME... %@", {_clickedTheme});
     _overlays->setNotice({});
     _saving.run(
         "Saving theme...", self(),
-        [this, theme = _clickedTheme] {
-            return beginInstalling(_folders.resources, theme, _folders.theme);
+        [this, begin, theme = _clickedTheme] {
+            return begin(_folders.resources, theme, _folders.theme);
         },
-        [this, theme = _clickedTheme](const ThemeInstallation &installation) {
-            finishSave(installation, theme);
+        [this, finish, theme = _clickedTheme](const ThemeInstallation &installation) {
+            (this->*finish)(installation, theme);
         });
+}
+
+void MainViewController::save()
+{
+    NSLog("SAVING THEME... %@", {_clickedTheme});
+    copyTheme(beginInstalling, &MainViewController::finishSave);
 }
 
 void MainViewController::finishSave(const ThemeInstallation &installation, const QString &theme)
@@ -259,18 +263,14 @@ void MainViewController::finishSave(const ThemeInstallation &installation, const
 void MainViewController::editPredefinedTheme()
 {
     NSLog("SAVING PREDEFINED THEME... %@", {_clickedTheme});
-    _overlays->setNotice({});
-    _saving.run(
-        "Saving theme...", self(),
-        [this, theme = _clickedTheme] {
-            // The next editor shall read the new working copy. Nobody else looks at this one now:
-            // it is off the screen, and the busy box is up.
-            _customViewController.reset();
-            return beginEditing(_folders.resources, theme, _folders.theme);
-        },
-        [this, theme = _clickedTheme](const ThemeInstallation &installation) {
-            finishEditing(installation, theme);
-        });
+    const auto begin = [this](const QString &resources, const QString &theme,
+                              const ThemeLocations &locations) {
+        // The next editor shall read the new working copy. Nobody else looks at this one now: it is
+        // off the screen, and the busy box is up.
+        _customViewController.reset();
+        return beginEditing(resources, theme, locations);
+    };
+    copyTheme(begin, &MainViewController::finishEditing);
 }
 
 void MainViewController::finishEditing(const ThemeInstallation &installation, const QString &theme)
@@ -287,7 +287,7 @@ void MainViewController::finishEditing(const ThemeInstallation &installation, co
 bool MainViewController::finishCopying(const ThemeInstallation &installation,
                                        const QString &selected)
 {
-    SaveReport report = copyTheme(installation);
+    SaveReport report = ::copyTheme(installation);
     const bool isDone = report.refusal.isEmpty();
     if (isDone)
         report.addFailure(_folders.theme.preferences(), setSelectedTheme(selected));

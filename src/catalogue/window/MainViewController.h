@@ -21,6 +21,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -95,6 +96,12 @@ private:
     void install();
     std::shared_ptr<MainViewController> self();
     void openEditor(bool colorsBar);
+    using BeginCopy = std::function<ThemeInstallation(
+        const QString &resources, const QString &theme, const ThemeLocations &locations)>;
+    using FinishCopy = void (MainViewController::*)(const ThemeInstallation &,
+                                                    const QString &theme);
+    /// Copies the theme that was clicked last, over both queues.
+    void copyTheme(const BeginCopy &begin, FinishCopy finish);
     void finishSave(const ThemeInstallation &installation, const QString &theme);
     void finishEditing(const ThemeInstallation &installation, const QString &theme);
     /// Copies, remembers the theme selected, and takes the busy box away; the strip then says what
