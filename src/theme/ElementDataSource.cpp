@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include <algorithm>
 
@@ -174,6 +175,8 @@ ElementDataSource ElementDataSource::parse(const QByteArray &text, const QString
 {
     ElementDataSource source;
     source.readDocument(text, path, saved);
+    if (saved && source._status == Status::Loaded)
+        source.keepForeignEntries(*saved);
     source.groupIntoSections();
     return source;
 }
@@ -218,6 +221,19 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
         }
         _tableSource.push_back(std::move(*record));
     }
+}
+
+void ElementDataSource::keepForeignEntries(const PropertyDictionary &saved)
+{
+    QSet<QString> own;
+    own.reserve(qsizetype(_tableSource.size()));
+    for (const ElementRecord &record : _tableSource)
+        own.insert(record.key);
+    for (const QString &key : std::as_const(_arrayObjects))
+        own.insert(key.chopped(2)); // the pair's array
+    for (const auto &[key, value] : saved.entries())
+        if (!own.contains(key) && !_predefinedDict.find(key))
+            _foreignEntries.setValue(key, value);
 }
 
 void ElementDataSource::fail(Status status, const QString &path, const QString &reason)
@@ -294,8 +310,11 @@ ElementChoice ElementDataSource::defaultChoice(int index) const
 void ElementDataSource::setChoice(int index, const ElementChoice &choice)
 {
     ElementRecord &record = _tableSource.at(size_t(index));
-    if (!_overlaid.contains(index))
+    const auto own = _overlaid.constFind(index);
+    if (own == _overlaid.cend())
         _overlaid.insert(index, record.choice());
+    else if (choice == *own)
+        _overlaid.erase(own);
     record.color = choice.color;
     record.value = choice.value;
 }

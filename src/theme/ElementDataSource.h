@@ -112,18 +112,23 @@ public:
     const QStringList &arrayObjects() const { return _arrayObjects; }
     /// The key whose colour also fills the theme's full-screen picture.
     const QStringList &imageObjects() const { return _imageObjects; }
+    /// What the working copy holds beside head, elements and balloons' arrays: somebody else's. A
+    /// save leaves it out.
+    const PropertyDictionary &foreignEntries() const { return _foreignEntries; }
 
 private:
     friend class ThemeDocument; // who alone changes what is chosen
 
     void readDocument(const QByteArray &text, const QString &path, const PropertyDictionary *saved);
     void fail(Status status, const QString &path, const QString &reason);
+    void keepForeignEntries(const PropertyDictionary &saved);
     void groupIntoSections();
     void setChoice(int index, const ElementChoice &choice);
 
     Status _status = Status::Loaded;
     QString _problem;
     PropertyDictionary _predefinedDict;
+    PropertyDictionary _foreignEntries;
     QStringList _arrayObjects;
     QStringList _imageObjects;
     std::vector<ElementRecord> _tableSource;

@@ -203,11 +203,14 @@ private:
 DraftKeeper::DraftKeeper(ThemeDocument &document, const QString &documents)
     : _document(document), _desk(std::make_shared<Desk>(documents))
 {
-    connect(&document, &ThemeDocument::changed, this, &DraftKeeper::update);
-    connect(&document, &ThemeDocument::saved, this, &DraftKeeper::update);
+    connect(&document, &ThemeDocument::changed, this, &DraftKeeper::updateSoon);
+    connect(&document, &ThemeDocument::saved, this, &DraftKeeper::updateSoon);
 }
 
-DraftKeeper::~DraftKeeper() = default;
+DraftKeeper::~DraftKeeper()
+{
+    update();
+}
 
 DispatchQueue &DraftKeeper::queue()
 {
@@ -216,8 +219,16 @@ DispatchQueue &DraftKeeper::queue()
     return *_queue;
 }
 
+void DraftKeeper::updateSoon()
+{
+    if (!std::exchange(_isUpdateDue, true))
+        QMetaObject::invokeMethod(this, &DraftKeeper::update, Qt::QueuedConnection);
+}
+
 void DraftKeeper::update()
 {
+    if (!std::exchange(_isUpdateDue, false))
+        return;
     _desk->leave(entriesOf(_document));
     queue().async([desk = _desk] { desk->work(); });
 }
@@ -225,6 +236,7 @@ void DraftKeeper::update()
 void DraftKeeper::bringBack(std::shared_ptr<AbandonedDraft> draft, const QString &name)
 {
     _document.changeAll(draft->changes(), name);
+    update();
     queue().async([desk = _desk, draft = std::move(draft)] {
         if (desk->work())
             draft->remove();

@@ -48,8 +48,8 @@ private:
 
 /// Keeps the draft of a document in step with it: after each change that leaves something unsaved
 /// it is written, and it is removed when nothing is. Files are touched on a queue of its own; of
-/// changes that come faster than the disk, the last is written. Dies on the main thread, when all
-/// is on the disk. What cannot be written is said in the log.
+/// changes that come faster than the events or the disk, the last is written. Dies on the main
+/// thread, when all is on the disk. What cannot be written is said in the log.
 class DraftKeeper final : public QObject
 {
     Q_OBJECT
@@ -66,10 +66,12 @@ public:
 
 private:
     class Desk; // what the queue works on
+    void updateSoon();
     void update();
     DispatchQueue &queue();
 
     ThemeDocument &_document;
     const std::shared_ptr<Desk> _desk;
     std::unique_ptr<DispatchQueue> _queue; // made for the first change
+    bool _isUpdateDue = false;
 };

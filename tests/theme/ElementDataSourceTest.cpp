@@ -92,8 +92,14 @@ TEST_F(ElementDataSourceTest, SavedValuesLieOverTheDocumentsOwn)
         saved.setValue(QString::fromLatin1(c.name), c.saved);
     }
     putElements(elements);
+    for (const QString &own : {u"name"_s, u"gray-balloon-colors"_s})
+        saved.setValue(own, u"ours"_s);
+    saved.setValue(u"somebody's"_s, list);
     putSaved(saved);
     const auto source = load();
+    PropertyDictionary foreign;
+    foreign.setValue(u"somebody's"_s, list);
+    EXPECT_EQ(source.foreignEntries(), foreign);
     ASSERT_EQ(source.tableSource().size(), cases.size());
     for (size_t i = 0; i < cases.size(); ++i) {
         SCOPED_TRACE(cases[i].name);
