@@ -14,7 +14,32 @@ struct DraftInterruptionTest : DraftFixture<ProgramFixture> {
         return dictionary ? dictionary->find(u"first"_s)->toString() : QString();
     }
 };
+
+/// Takes a colour away in one window, which is then killed, and in the next one brings the change
+/// back and saves.
+const QByteArray killAndBringBack = R"(
+    at() { xdotool search --sync --onlyvisible --name ^Tintloom mousemove --window %1 $1 $2 click 1
+           sleep 0.2; }
+    "$TINTLOOM" & until [ -e "$TINTLOOM_DOCUMENTS"/Drafts/*/Draft.plist ]; do
+        at 200 73; at 160 40 # the first row, "Remove Color"
+    done; kill -9 $!; wait $!
+    draft=$(echo "$TINTLOOM_DOCUMENTS"/Drafts/*)
+    "$TINTLOOM" & while [ -e "$draft" ]; do at 48 498; done # "Bring Back"
+    until [ -e "$TINTLOOM_PACKAGE_ROOT"/Tintloom/Info.plist ]; do at 160 543; done # "Save Theme"
+    kill $!; wait $!
+)";
 } // namespace
+
+TEST_F(DraftInterruptionTest, ANewWindowOffersWhatAKilledOneLeft)
+{
+    put(folder.filePath("script"), killAndBringBack);
+    const Finished ended =
+        run("50 xvfb-run --auto-servernum sh " + folder.filePath("script"),
+            {{"TINTLOOM", TINTLOOM_EXECUTABLE}, {"QT_QPA_PLATFORM", "xcb"}}, "timeout");
+    const auto saved = PropertyList::readDictionary(contents(locations.packageInfo()));
+    ASSERT_TRUE(saved) << ended.err.toStdString();
+    EXPECT_EQ(*saved->find(u"first"_s), QVariant(u""_s));
+}
 
 // What the editor does with drafts, killed or refused at each file operation in turn.
 TEST_F(DraftInterruptionTest, LosesNothingAtAnyOperation)
