@@ -24,7 +24,7 @@ TEST_F(ColorPickerViewControllerTest, StandsAtItsFrames)
         EXPECT_EQ(frame("_opacitySlider"), brightnessSlider.translated(0, 40));
         EXPECT_EQ(frame("quickButtons"), QRectF(4, 448, 310, 30));
     }
-    window->resize(320, 568); // the phone's height brings the large wheel
+    window().resize(320, 568); // the phone's height brings the large wheel
     ASSERT_TRUE(QTest::qWaitFor([this] { return frame("_colorPicker").width() == 310.0; }));
     EXPECT_EQ(frame("_brightnessSlider"), QRectF(2.5, 440, 315, 30));
     EXPECT_EQ(frame("quickButtons").y(), 518);
@@ -171,7 +171,7 @@ TEST_F(ColorPickerViewControllerTest, TheKeyboardReachesEverything)
 
     open("#00FF00FF");
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true); // since the row was opened
-    QCoreApplication::sendEvent(window.get(), &held);
+    QCoreApplication::sendEvent(&window(), &held);
     EXPECT_TRUE(delegate->answers.isEmpty());
     key(Qt::Key_Return);
     tap("_hexTextField");
@@ -206,9 +206,9 @@ TEST_F(ColorPickerViewControllerTest, ScrollsAsAWholeInALowWindow)
 {
     open("#336699FF", {320, 240});
     const QRectF before = frame("_saveButton");
-    QWheelEvent scroll(QPointF(160, 30), window->mapToGlobal(QPointF(160, 30)), {}, {0, -480},
+    QWheelEvent scroll(QPointF(160, 30), window().mapToGlobal(QPointF(160, 30)), {}, {0, -480},
                        Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(window.get(), &scroll);
+    QCoreApplication::sendEvent(&window(), &scroll);
     EXPECT_TRUE(QTest::qWaitFor([&] { return frame("_saveButton").y() < before.y() - 20; }));
     const QQuickItem *page = chooser->colorPicker()->parentItem()->parentItem();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !page->property("moving").toBool(); }));
@@ -216,10 +216,10 @@ TEST_F(ColorPickerViewControllerTest, ScrollsAsAWholeInALowWindow)
     for (const char *name : {"_colorPicker", "_brightnessSlider"}) {
         const QRectF place = frame(name);
         const QPoint finger = place.intersected(QRectF(0, 0, 320, 240)).center().toPoint();
-        QTest::mousePress(window.get(), Qt::LeftButton, {}, finger);
+        press(finger);
         for (int i = 1; i <= 20; ++i)
-            QTest::mouseMove(window.get(), finger + QPoint(i, 4 * i));
-        QTest::mouseRelease(window.get(), Qt::LeftButton, {}, finger + QPoint(20, 80));
+            move(finger + QPoint(i, 4 * i));
+        release(finger + QPoint(20, 80));
         EXPECT_EQ(frame(name), place);
     }
 }

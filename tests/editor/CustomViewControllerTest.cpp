@@ -99,11 +99,10 @@ TEST_F(CustomViewControllerTest, FingersWheelsAndKeysScroll)
     const auto waitUntilAbove = [this](double least) {
         return QTest::qWaitFor([=, this] { return table().contentOffset() > least; });
     };
-    static QPointingDevice *finger = QTest::createTouchDevice(); // Qt keeps it for good
-    QTest::touchEvent(&window(), finger).press(1, QPoint(100, 400));
+    touch().press(1, QPoint(100, 400));
     for (int y = 390; y >= 200; y -= 10)
-        QTest::touchEvent(&window(), finger).move(1, QPoint(100, y));
-    QTest::touchEvent(&window(), finger).release(1, QPoint(100, 200));
+        touch().move(1, QPoint(100, y));
+    touch().release(1, QPoint(100, 200));
     EXPECT_TRUE(waitUntilAbove(50.0));
 
     start();
@@ -114,13 +113,13 @@ TEST_F(CustomViewControllerTest, FingersWheelsAndKeysScroll)
 
     start();
     for (int page = 0; page < 3; ++page)
-        press(Qt::Key_PageDown);
+        key(Qt::Key_PageDown);
     EXPECT_TRUE(waitUntilAbove(300.0));
     EXPECT_TRUE(cell({0, 27})->isFocused());          // three pages of 9 rows from the first
     EXPECT_LE(table().numberOfCells(), 2 * 568 / 50); // cells are used again
-    press(Qt::Key_Tab);
+    key(Qt::Key_Tab);
     EXPECT_FALSE(cell({0, 27})->isFocused());
-    press(Qt::Key_Space); // on the Save button
+    key(Qt::Key_Space); // on the Save button
     EXPECT_TRUE(waitForAlert());
 }
 
@@ -188,8 +187,8 @@ TEST_F(CustomViewControllerTest, NothingBelowALoaderOrAnAlertTakesInput)
     EXPECT_FALSE(table().isScrollEnabled() || table().allowsSelection());
     const auto expectNothingTaken = [this] {
         tapSave();
-        press(Qt::Key_S, Qt::ControlModifier);
-        press(Qt::Key_End);
+        key(Qt::Key_S, Qt::ControlModifier);
+        key(Qt::Key_End);
         EXPECT_EQ(table().contentOffset(), -20.0);
     };
     expectNothingTaken();
@@ -202,14 +201,14 @@ TEST_F(CustomViewControllerTest, NothingBelowALoaderOrAnAlertTakesInput)
     EXPECT_EQ(*saves, 1);
     ASSERT_TRUE(window().alert());
 
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     EXPECT_FALSE(window().alert());
-    press(Qt::Key_S, Qt::ControlModifier);
+    key(Qt::Key_S, Qt::ControlModifier);
     ASSERT_TRUE(waitForAlert());
     EXPECT_EQ(*saves, 2);
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     EXPECT_FALSE(window().alert());
-    press(Qt::Key_End);
+    key(Qt::Key_End);
     EXPECT_GT(table().contentOffset(), 500.0);
 }
 

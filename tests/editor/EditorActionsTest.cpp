@@ -23,9 +23,7 @@ protected:
     void choose(int index, const QString &color) { editor().document().setColor(index, color); }
     void secondaryClick(NSIndexPath indexPath)
     {
-        QTest::mouseClick(&window(), Qt::RightButton, {},
-                          sceneFrame(cell(indexPath)).center().toPoint());
-        settle();
+        tap(sceneFrame(cell(indexPath)).center(), Qt::RightButton);
     }
     QStringList entries()
     {
@@ -48,7 +46,7 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
     choose(30, "#00FF00FF"); // far below
     EXPECT_EQ(window().title(), "Tintloom*");
     EXPECT_EQ(cell({0, 0})->backgroundColor(), QColor("#FF0000"));
-    press(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(colorOf(30), "#336699FF");
     ASSERT_TRUE(cell({0, 30}));
     EXPECT_TRUE(cell({0, 30})->isSelected()); // it flashes
@@ -56,17 +54,17 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
     flash()->start(0);
     QTest::qWait(1);
     EXPECT_FALSE(cell({0, 30})->isSelected());
-    press(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(colorOf(0), "#336699FF");
     EXPECT_EQ(cell({0, 0})->backgroundColor(), QColor("#336699"));
     EXPECT_EQ(window().title(), "Tintloom");
-    press(Qt::Key_Z, Qt::ControlModifier); // nothing left
-    press(Qt::Key_Y, Qt::ControlModifier);
-    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    key(Qt::Key_Z, Qt::ControlModifier); // nothing left
+    key(Qt::Key_Y, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(colorOf(30), "#00FF00FF");
 
     const auto expectNoUndo = [this] {
-        press(Qt::Key_Z, Qt::ControlModifier);
+        key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(colorOf(30), "#00FF00FF");
     };
     editor().showLoaderWithLabel("Busy");
@@ -76,13 +74,13 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
     ASSERT_TRUE(waitForAlert());
     expectNoUndo();
     EXPECT_EQ(window().title(), "Tintloom");
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     secondaryClick({0, 30});
     expectNoUndo();
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     editor().didSelectRowAtIndexPath({0, 30});
     expectNoUndo();
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     EXPECT_TRUE(editor().colorPickerView()); // fading out, it still keeps keys away
     expectNoUndo();
 }
@@ -91,7 +89,7 @@ TEST_F(EditorActionsTest, MoreShowsWhatAppliesToTheTheme)
 {
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), (QStringList{"Save Theme", "Cancel"}));
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     choose(0, "#FF0000FF");
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), (QStringList{"Undo Change Name of key-0", "Save Theme", "Cancel"}));
@@ -110,7 +108,7 @@ TEST_F(EditorActionsTest, ARowsSheetResetsCopiesPastesAndShares)
     choose(1, "#FF0000FF");
     tapSave();
     ASSERT_TRUE(waitForAlert());
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     choose(1, "#00FF00FF");
 
     secondaryClick({0, 1});
@@ -119,15 +117,15 @@ TEST_F(EditorActionsTest, ARowsSheetResetsCopiesPastesAndShares)
                                       "Back to Default", "Copy Color", "Lock", "Cancel"}));
     click("Copy Color");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "#00FF00FF");
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Menu);
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    key(Qt::Key_Menu);
     click("Back to Saved");
     EXPECT_EQ(colorOf(1), "#FF0000FF");
-    press(Qt::Key_Menu);
+    key(Qt::Key_Menu);
     click("Paste Color");
     EXPECT_EQ(colorOf(1), "#00FF00FF");
-    press(Qt::Key_Menu);
+    key(Qt::Key_Menu);
     click("Back to Default");
     EXPECT_EQ(colorOf(1), "#336699FF");
 
@@ -135,7 +133,7 @@ TEST_F(EditorActionsTest, ARowsSheetResetsCopiesPastesAndShares)
     secondaryClick({0, 1});
     click("Use This Color for 39 More That Were #336699FF");
     EXPECT_EQ(colorOf(39), "#ABCDEFFF");
-    press(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(colorOf(39), "#336699FF");
     EXPECT_EQ(colorOf(1), "#ABCDEFFF");
 
@@ -150,9 +148,9 @@ TEST_F(EditorActionsTest, ALockedRowKeepsItsColourThroughChangesOfMany)
 {
     const QPoint row = sceneFrame(cell({0, 2})).center().toPoint();
     cell({0, 2})->gestureRecognizers().front()->setMinimumPressDuration(0.0);
-    QTest::mousePress(&window(), Qt::LeftButton, {}, row);
+    press(row);
     QTest::qWait(1);
-    QTest::mouseRelease(&window(), Qt::LeftButton, {}, row);
+    release(row);
     settle();
     EXPECT_FALSE(editor().isChooserOpen());
     click("Lock");
@@ -188,7 +186,7 @@ TEST_F(EditorActionsTest, ADraftIsOfferedUntilItIsAnsweredAndComesBackAsOneStep)
     tap(item("_moreButton"));
     click("Bring Back Unsaved Changes");
     EXPECT_EQ(colorOf(3), "#FF0000FF");
-    press(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(colorOf(3), "#336699FF");
 
     choose(3, "#00FF00FF");

@@ -88,7 +88,7 @@ TEST_F(RoundTripTest, AColourGoesToTheChooserAndComesBack)
     // What was chosen is what is saved.
     tapSave();
     ASSERT_TRUE(waitForAlert());
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     start();
     EXPECT_EQ(colorOf("D1"), "");
     expectCell({1, 1}, "#FFFF00FF", "#FFFF00", Qt::black);
@@ -132,7 +132,7 @@ TEST_F(RoundTripTest, TheCataloguesBarLeavesWhileTheChooserIsOpen)
     EXPECT_FALSE(navigation().isNavigationBarHidden());
     tapRow({0, 0});
     EXPECT_TRUE(navigation().isNavigationBarHidden());
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     EXPECT_FALSE(navigation().isNavigationBarHidden());
 }
 
@@ -164,7 +164,7 @@ TEST_F(RoundTripTest, TheChooserTakesAllInputUntilItIsGone)
     EXPECT_EQ(chooser(), first);
     EXPECT_EQ(chooser()->selectedSection(), 0);
 
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     fade()->pause();
     fade()->setCurrentTime(150);
     settle();
@@ -193,15 +193,15 @@ TEST_F(RoundTripTest, TheChooserTakesAllInputUntilItIsGone)
 TEST_F(RoundTripTest, TheKeyboardGoesThereAndBack)
 {
     startWithSections();
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
     ASSERT_TRUE(chooser());
-    press(Qt::Key_Right); // moves the wheel's selection, not the row
-    press(Qt::Key_Return);
+    key(Qt::Key_Right); // moves the wheel's selection, not the row
+    key(Qt::Key_Return);
     EXPECT_NE(colorOf("C1"), "#222222FF");
     endFade();
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
     ASSERT_TRUE(chooser());
     EXPECT_EQ(chooser()->selectedRow(), 1);
 }
@@ -215,7 +215,7 @@ TEST_F(RoundTripTest, TheWindowMayCloseUnderAnOpenChooserOrSheet)
     EXPECT_TRUE(open.expired());
     start();
     tapRow({0, 0});
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     ASSERT_TRUE(chooser()); // fading
     start();
     tapRow({2, 0});
@@ -243,15 +243,15 @@ TEST_F(RoundTripTest, OptionsComeInAlphabeticalOrderAndCancelLast)
     EXPECT_EQ(sheet->buttonTitles(), (QStringList{"Alpha", "beta", "gamma", "Cancel"}));
     EXPECT_EQ(sheet->cancelButtonIndex(), 3);
     EXPECT_EQ(sheet->tag(), 0);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
     EXPECT_FALSE(window().actionSheet());
     EXPECT_EQ(editor().source().record(2, 0).value, 3);
     EXPECT_EQ(cell({2, 0})->colorLabel()->text(), "gamma");
 
     tapRow({2, 0});
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     EXPECT_FALSE(window().actionSheet());
     tapRow({2, 0});
     tap({160, 100}); // beside the sheet

@@ -14,7 +14,7 @@ TEST_F(UITextFieldGLTest, AsksBeforeTheMiddleButtonPastes)
         field().setText("abc");
         delegate->allows = allows;
         delegate->asked.clear();
-        QTest::mouseClick(&window, Qt::MiddleButton, {}, QPoint(250, 20));
+        tap(QPointF(250, 20), Qt::MiddleButton);
         EXPECT_EQ(delegate->asked, QStringList{"3+0 xy in abc"});
         EXPECT_EQ(field().text(), allows ? "abcxy" : "abc");
     }

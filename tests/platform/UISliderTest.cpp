@@ -1,33 +1,24 @@
 #include "platform/UISlider.h"
 
-#include <QPointingDevice>
-#include <QQuickWindow>
-#include <QTest>
+#include "support/WindowFixture.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace
 {
 // 230 points wide: the knob's middle travels from 15 to 215, a hundredth of the range every 2.
-struct UISliderTest : testing::Test {
+struct UISliderTest : OwnWindowFixture {
     UISliderTest()
     {
         slider.setFrame({10, 20, 230, 30});
         QObject::connect(&slider, &UISlider::moved, [this] { ++movements; });
-        window.resize(260, 120);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        show({260, 120});
     }
 
     /// A point of the window with the knob's middle at that percentage below it.
     static QPoint at(int percent) { return {10 + 15 + 2 * percent, 20 + 15}; }
-    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, point); }
-    void move(QPoint point) { QTest::mouseMove(&window, point); }
-    void release(QPoint point) { QTest::mouseRelease(&window, Qt::LeftButton, {}, point); }
 
-    QQuickWindow window;
-    UISlider slider{window.contentItem()};
+    UISlider slider{window().contentItem()};
     int movements = 0;
 };
 
@@ -68,9 +59,9 @@ TEST_F(UISliderTest, TheKnobFollowsTheMouse)
     press(at(75)); // beside the knob
     EXPECT_FLOAT_EQ(slider.value(), 0.75f);
     release(at(75));
-    QTest::mouseClick(&window, Qt::RightButton, {}, at(10));
+    tap(at(10), Qt::RightButton);
     slider.setEnabled(false);
-    QTest::mouseClick(&window, Qt::LeftButton, {}, at(10));
+    tap(at(10));
     EXPECT_FLOAT_EQ(slider.value(), 0.75f);
     EXPECT_EQ(movements, 4);
 }
@@ -79,24 +70,24 @@ TEST_F(UISliderTest, ObeysOneFingerAtATime)
 {
     const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     // One sequence, which knows where a finger that rests is.
-    auto touches = QTest::touchEvent(&window, screen.get(), false);
-    touches.press(1, at(30), &window).commit();
+    auto touches = QTest::touchEvent(&window(), screen.get(), false);
+    touches.press(1, at(30), &window()).commit();
     EXPECT_FLOAT_EQ(slider.value(), 0.3f);
-    touches.move(1, at(40), &window).press(2, at(90), &window).commit();
+    touches.move(1, at(40), &window()).press(2, at(90), &window()).commit();
     EXPECT_FLOAT_EQ(slider.value(), 0.4f);
     press(at(5)); // nor does the mouse get hold of it
-    touches.stationary(1).move(2, at(70), &window).commit();
+    touches.stationary(1).move(2, at(70), &window()).commit();
     EXPECT_FLOAT_EQ(slider.value(), 0.4f);
-    touches.release(1, at(45), &window).stationary(2).commit();
+    touches.release(1, at(45), &window()).stationary(2).commit();
     EXPECT_FLOAT_EQ(slider.value(), 0.45f);
     EXPECT_FALSE(slider.isTracking());
-    touches.release(2, at(70), &window).commit();
+    touches.release(2, at(70), &window()).commit();
     release(at(5));
 
-    touches.press(3, at(45), &window).commit();
+    touches.press(3, at(45), &window()).commit();
     slider.setVisible(false); // takes the touch away
     EXPECT_FALSE(slider.isTracking());
-    touches.release(3, at(80), &window).commit();
+    touches.release(3, at(80), &window()).commit();
     EXPECT_FLOAT_EQ(slider.value(), 0.45f);
     EXPECT_EQ(movements, 3);
 }
@@ -104,7 +95,7 @@ TEST_F(UISliderTest, ObeysOneFingerAtATime)
 TEST_F(UISliderTest, ShowsTrackAndKnob)
 {
     slider.setValue(0.5f);
-    const QImage picture = window.grabWindow();
+    const QImage picture = window().grabWindow();
     EXPECT_EQ(picture.pixelColor(at(50)), Qt::white);
     EXPECT_EQ(picture.pixelColor(at(10)), QColor(0, 122, 255));
     EXPECT_EQ(picture.pixelColor(at(90)), QColor(183, 183, 183));
@@ -112,7 +103,7 @@ TEST_F(UISliderTest, ShowsTrackAndKnob)
     EXPECT_LT(picture.pixelColor(at(50) + QPoint(0, 14)).lightness(), 240) << "the knob's shadow";
     slider.setFrame({10, 20, 10, 30}); // no room to travel
     EXPECT_TRUE(std::isfinite(slider.knobRect().x()));
-    QTest::mouseClick(&window, Qt::LeftButton, {}, {15, 35});
+    tap(QPointF(15, 35));
     EXPECT_TRUE(std::isfinite(slider.value()));
 }
 } // namespace

@@ -31,7 +31,6 @@ struct UITextFieldTest : TextFieldFixture {
             return text.insert(input().property("cursorPosition").toInt(), '|');
         return text.insert(end, ']').insert(start, '[');
     }
-    void key(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&window, key, with); }
     void ctrl(Qt::Key with) { key(with, Qt::ControlModifier); }
     void commit(const QString &text, int from = 0, int length = 0)
     {
@@ -46,9 +45,9 @@ struct UITextFieldTest : TextFieldFixture {
         data.setText(text);
         constexpr auto offered = Qt::CopyAction | Qt::MoveAction;
         QDragEnterEvent enter(end.toPoint(), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-        QCoreApplication::sendEvent(&window, &enter);
+        QCoreApplication::sendEvent(&window(), &enter);
         QDropEvent drop(end, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-        QCoreApplication::sendEvent(&window, &drop);
+        QCoreApplication::sendEvent(&window(), &drop);
         EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "nothing is taken from where it was";
     }
 };
@@ -108,7 +107,7 @@ TEST_F(UITextFieldTest, NothingSlipsPastTheQuestion)
     // Moving about is no edit.
     for (const Qt::Key k : {Qt::Key_Left, Qt::Key_Home, Qt::Key_End, Qt::Key_Escape})
         key(k);
-    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(150, 20));
+    tap(QPointF(150, 20));
     field().selectAll();
     field().copy();
     EXPECT_EQ(delegate->asked.size(), 1);
@@ -134,8 +133,8 @@ TEST_F(UITextFieldTest, EditingEndsWithTheFocusButNotWithTheWindow)
     other.requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     EXPECT_TRUE(field().isEditing());
-    window.requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window().requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     key(Qt::Key_Return);
     EXPECT_FALSE(field().isEditing());
     EXPECT_EQ(delegate->ends, 1);
@@ -144,9 +143,7 @@ TEST_F(UITextFieldTest, EditingEndsWithTheFocusButNotWithTheWindow)
 TEST_F(UITextFieldTest, ItsButtonClearsAndItsMenuPastes)
 {
     put("abc|");
-    const auto click = [this](Qt::MouseButton button, QPoint point) {
-        QTest::mouseClick(&window, button, {}, point);
-    };
+    const auto click = [this](Qt::MouseButton button, QPoint point) { tap(point, button); };
     click(Qt::LeftButton, {282, 20});
     EXPECT_EQ(field().text(), "");
     EXPECT_TRUE(field().isEditing()); // a press on a button takes no focus

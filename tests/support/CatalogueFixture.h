@@ -65,12 +65,12 @@ protected:
             EXPECT_EQ(recognizer->minimumPressDuration(), 0.5);
             recognizer->setMinimumPressDuration(0.0); // for this press
         }
-        QTest::mousePress(&window(), Qt::LeftButton, {}, point);
+        press(point);
         QTest::qWait(1); // timers run
         for (const auto &recognizer : pressed->gestureRecognizers())
             recognizer->setMinimumPressDuration(0.5);
         settle();
-        QTest::mouseRelease(&window(), Qt::LeftButton, {}, point);
+        release(point);
         settle();
     }
     void answer(int button)

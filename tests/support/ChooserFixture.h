@@ -7,13 +7,10 @@
 #include "platform/UINavigationController.h"
 #include "platform/UIWindow.h"
 #include "platform/foundation/UIScreen.h"
+#include "support/WindowFixture.h"
 #include "theme/ColorText.h"
 
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-class ChooserFixture : public testing::Test
+class ChooserFixture : public WindowFixture
 {
 protected:
     struct Delegate : ColorPickerViewDelegate {
@@ -39,11 +36,11 @@ protected:
         delegate = std::make_shared<Delegate>();
         chooser->setDelegate(delegate);
         UIScreen::mainScreen().setSize(size);
-        window = std::make_unique<UIWindow>();
-        window->makeKeyAndVisible();
-        window->setRootViewController(UINavigationController::initWithRootViewController(chooser));
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        QCoreApplication::processEvents();
+        _window = std::make_unique<UIWindow>();
+        _window->makeKeyAndVisible();
+        _window->setRootViewController(UINavigationController::initWithRootViewController(chooser));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(_window.get()));
+        settle();
     }
     void open(const QString &color, QSize size = {320, 568})
     {
@@ -51,34 +48,23 @@ protected:
              size);
     }
 
+    UIWindow &window() override { return *_window; }
     QRectF frame(const char *name)
     {
-        const auto *item = chooser->view()->findChild<QQuickItem *>(name);
-        return item->mapRectToScene(item->boundingRect());
+        return sceneFrame(chooser->view()->findChild<QQuickItem *>(name));
     }
-    void tap(QPointF point)
-    {
-        QTest::mouseClick(window.get(), Qt::LeftButton, {}, point.toPoint());
-        QCoreApplication::processEvents();
-    }
+    using WindowFixture::tap;
     void tap(const char *name) { tap(frame(name).center()); }
     /// The quick button of that number, from the left.
     void tapQuick(int index)
     {
         tap(frame("quickButtons").topLeft() + QPointF(25 + index * 52, 15));
     }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(window.get(), key, modifiers);
-    }
-    void type(const char *text)
-    {
-        for (; *text; ++text)
-            QTest::keyClick(window.get(), *text);
-    }
     QString text() { return chooser->hexTextField()->text(); }
 
     std::shared_ptr<ColorPickerViewController> chooser;
     std::shared_ptr<Delegate> delegate;
-    std::unique_ptr<UIWindow> window;
+
+private:
+    std::unique_ptr<UIWindow> _window;
 };

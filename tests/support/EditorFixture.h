@@ -6,18 +6,17 @@
 #include "platform/UINavigationController.h"
 #include "platform/foundation/UIScreen.h"
 #include "support/Files.h"
+#include "support/WindowFixture.h"
 #include "views/CustomTableCell.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
-#include <QTest>
 
-#include <gtest/gtest.h>
 #include <memory>
 
-class EditorFixture : public testing::Test
+class EditorFixture : public WindowFixture
 {
 protected:
     /// One element of a data source; the defaults make a colour element without a colour.
@@ -64,7 +63,7 @@ protected:
     }
     void stop() { _app.reset(); }
 
-    UIWindow &window() { return *_app->window(); }
+    UIWindow &window() override { return *_app->window(); }
     UINavigationController &navigation()
     {
         return *static_cast<UINavigationController *>(window().rootViewController());
@@ -82,33 +81,15 @@ protected:
     }
     QQuickItem *item(const char *name) { return screen().findChild<QQuickItem *>(name); }
 
-    /// Where an item is, in the window.
-    static QRectF sceneFrame(const QQuickItem *item)
-    {
-        return item->mapRectToScene(item->boundingRect());
-    }
-    void tap(QPointF point)
-    {
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, point.toPoint());
-        settle();
-    }
-    void tap(const QQuickItem *item) { tap(sceneFrame(item).center()); }
-    void tapSave() { tap(sceneFrame(item("_saveButton")).center()); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&window(), key, modifiers);
-        settle();
-    }
+    void tapSave() { tap(item("_saveButton")); }
     void scrollTo(double offset)
     {
         table().parentItem()->parentItem()->setProperty("contentY", offset);
         settle();
     }
-    /// Lets pending events run and the table lay itself out.
-    void settle()
+    void settle() override
     {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        WindowFixture::settle();
         table().layoutIfNeeded();
     }
     bool waitForAlert()

@@ -3,13 +3,9 @@
 
 #include "platform/QMLViews.h"
 #include "platform/UITextField.h"
+#include "support/WindowFixture.h"
 
-#include <QQuickWindow>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-class TextFieldFixture : public testing::Test
+class TextFieldFixture : public OwnWindowFixture
 {
 protected:
     struct Delegate : UITextFieldDelegate {
@@ -36,20 +32,16 @@ protected:
     {
         QMLViews::prepareEngine(engine);
         view.reset(QMLViews::create(engine, "platform/TextFieldView.qml"));
-        view->setParentItem(window.contentItem());
+        view->setParentItem(window().contentItem());
         field().setFrame({0, 0, 300, 40});
         field().setDelegate(delegate);
-        window.resize(300, 200);
-        window.show();
-        window.requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        show({300, 200});
         field().becomeFirstResponder();
     }
 
     UITextField &field() { return *qobject_cast<UITextField *>(view.get()); }
 
     QQmlEngine engine;
-    QQuickWindow window;
     std::shared_ptr<Delegate> delegate = std::make_shared<Delegate>();
     std::unique_ptr<QQuickItem> view;
 };

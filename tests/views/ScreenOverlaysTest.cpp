@@ -18,7 +18,7 @@ TEST_F(ScreenOverlaysTest, WhatLiesBelowTakesNoInputAndKeepsItsLook)
     tapSave();
     ASSERT_TRUE(waitForAlert());
     EXPECT_EQ(saveLooks(), 1.0) << "below an alert";
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
 
     scrollTo(200.0);
     const QRectF strip = sceneFrame(item("notice"));
@@ -31,10 +31,10 @@ TEST_F(ScreenOverlaysTest, WhatLiesBelowTakesNoInputAndKeepsItsLook)
     EXPECT_EQ(saveLooks(), 1.0);
     const ColorPickerViewController &chooser = *editor().colorPickerView();
     for (int i = 0; i < 20; ++i) { // more than there are stops
-        press(Qt::Key_Tab);
+        key(Qt::Key_Tab);
         EXPECT_TRUE(chooser.view()->hasActiveFocus()) << i;
     }
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     auto *fade = editor().findChild<QAbstractAnimation *>("fade");
     ASSERT_EQ(fade->state(), QAbstractAnimation::Running);
     EXPECT_EQ(chooser.view()->findChild<QQuickItem *>("_saveButton")->opacity(), 1.0);

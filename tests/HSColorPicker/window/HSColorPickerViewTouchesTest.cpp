@@ -2,12 +2,9 @@
 #include "HSColorPicker/window/HSColorPickerView.h"
 #include "HSColorPicker/window/LoupePixels.h"
 #include "platform/QMLViews.h"
+#include "support/WindowFixture.h"
 
 #include <QQmlComponent>
-#include <QQuickWindow>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -33,7 +30,7 @@ public:
 const QStringList nothing, began{"changed", "began"}, ended{"changed", "ended"};
 
 /// A wheel of 200 points in a page that scrolls upward.
-class HSColorPickerViewTouchesTest : public testing::Test
+class HSColorPickerViewTouchesTest : public OwnWindowFixture
 {
 protected:
     void SetUp() override
@@ -46,30 +43,17 @@ protected:
                           {});
         page.reset(qobject_cast<QQuickItem *>(component.create()));
         ASSERT_TRUE(page) << component.errorString().toStdString();
-        page->setParentItem(window.contentItem());
-        window.resize(300, 220);
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        page->setParentItem(window().contentItem());
+        show({300, 220});
         view = page->findChild<HSColorPickerView *>();
         view->setDelegate(recorder);
     }
 
-    void press(QPoint point) { QTest::mousePress(&window, Qt::LeftButton, {}, point); }
-    void move(QPoint point) { QTest::mouseMove(&window, point); }
-    void release(QPoint point) { QTest::mouseRelease(&window, Qt::LeftButton, {}, point); }
-    QTest::QTouchEventSequence touch() { return QTest::touchEvent(&window, screen); }
     BGHSLoupeLayer *loupe() { return view->findChild<BGHSLoupeLayer *>(); }
     void endPopUp() { view->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(350); }
 
-    static QPointingDevice *touchScreen()
-    {
-        static QPointingDevice *const device = QTest::createTouchDevice(); // Qt keeps it for good
-        return device;
-    }
-    QPointingDevice *screen = touchScreen();
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
     QQmlEngine engine;
-    QQuickWindow window;
     std::unique_ptr<QQuickItem> page;
     HSColorPickerView *view = nullptr;
 };
@@ -88,7 +72,7 @@ TEST_F(HSColorPickerViewTouchesTest, AMouseDragsTheSelection)
     release({250, 90});
     EXPECT_EQ(view->selection(), QPointF(189, 90)) << "out of the view, along its edge";
     EXPECT_EQ(recorder->taken(), ended);
-    QTest::mouseClick(&window, Qt::RightButton, {}, {70, 70});
+    tap(QPointF(70, 70), Qt::RightButton);
     EXPECT_EQ(recorder->taken(), nothing);
 }
 
@@ -125,8 +109,8 @@ TEST_F(HSColorPickerViewTouchesTest, ACancelledTouchLeavesTheSelection)
         view->setVisible(true);
     };
     touch().press(0, {40, 50});
-    QTouchEvent cancel(QEvent::TouchCancel, screen);
-    QCoreApplication::sendEvent(&window, &cancel);
+    QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
+    QCoreApplication::sendEvent(&window(), &cancel);
     touch().release(0, {90, 90});
     EXPECT_EQ(view->selection(), QPointF(40, 50)) << "cancelled by the system";
     EXPECT_TRUE(loupe()->isReadyToDismiss());
@@ -154,7 +138,7 @@ TEST_F(HSColorPickerViewTouchesTest, OneLoupeFollowsEachFingerAndShowsTheColourT
     for (const QPoint point : {QPoint(141, 133), {80, 70}, {-20, 175}}) {
         move(point);
         const QPointF middle = loupe()->mapToScene(QPointF(48.5, 48.5));
-        EXPECT_EQ(pixelAt(window.grabWindow(), middle - QPointF(4, 4)),
+        EXPECT_EQ(pixelAt(window().grabWindow(), middle - QPointF(4, 4)),
                   view->colorAtPoint(view->selection() + QPointF(-7, -7)).qColor().rgba());
     }
     EXPECT_EQ(loupe()->position(), QPointF(-38, 78)) << "from -37.5, away from zero";

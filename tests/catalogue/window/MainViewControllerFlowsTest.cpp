@@ -65,11 +65,11 @@ TEST_F(MainViewControllerFlowsTest, ATapAndOKInstallTheTheme)
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(item("quietStrip"))
                     ->text(QAccessible::Name)
                     .contains(_packageRoot));
-    press(Qt::Key_Tab);
-    press(Qt::Key_Return);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Return);
     EXPECT_EQ(desktop.url(), QUrl::fromLocalFile(_packageRoot));
     QDesktopServices::unsetUrlHandler("file");
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     EXPECT_FALSE(item("quietStrip"));
     EXPECT_TRUE(table().hasActiveFocus());
 }
@@ -137,7 +137,7 @@ TEST_F(MainViewControllerFlowsTest, ASaveInTheEditorMarksTheUsersOwnTheme)
     answer(0);
     tap(table().cellForRowAtIndexPath({0, 0}));
     EXPECT_FALSE(item("quietStrip")->isEnabled()); // under the chooser nothing takes input
-    press(Qt::Key_Escape);
+    key(Qt::Key_Escape);
     editor().findChild<QAbstractAnimation *>("fade")->stop();
     goBack();
     EXPECT_EQ(row("Blue")->backgroundColor(), QColor(Qt::white));
@@ -166,7 +166,7 @@ TEST_F(MainViewControllerFlowsTest, TheListIsFrozenWhileItWorks)
     EXPECT_FALSE(table().isScrollEnabled() || table().allowsSelection());
     tap(row("Blue"));
     longPress("Blue");
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     EXPECT_FALSE(window().alert());
     other.reset();
     ASSERT_TRUE(waitForSaved());

@@ -98,15 +98,15 @@ TEST_F(MainViewControllerTest, OpensOneEditorUnderAGreenBarAndComesBack)
 TEST_F(MainViewControllerTest, KeysTapRowsAndPressThemLong)
 {
     open();
-    press(Qt::Key_Tab);
+    key(Qt::Key_Tab);
     const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> steps[] = {
         {Qt::Key_Home, {}, -1}, // to "Later", which takes neither
         {Qt::Key_Return, {}, -1}, {Qt::Key_Menu, {}, -1}, {Qt::Key_Down, {}, -1},
         {Qt::Key_Return, {}, 0},  {Qt::Key_Menu, {}, 1},  {Qt::Key_Return, Qt::ShiftModifier, 1},
     };
-    for (const auto &[key, modifiers, tag] : steps) {
-        press(key, modifiers);
+    for (const auto &[pressed, modifiers, tag] : steps) {
+        key(pressed, modifiers);
         EXPECT_EQ(window().alert() ? window().alert()->tag() : -1, tag);
-        press(Qt::Key_Escape);
+        key(Qt::Key_Escape);
     }
 }
