@@ -119,7 +119,8 @@ PreviewSketch sketchedMessageList(const PreviewPalette &layout)
     PreviewSketch sketch;
     const QRectF screen(0.0, 0.0, PreviewSketch::width, PreviewSketch::height);
     sketch.fill(PreviewInk::Ground, screen);
-    sketch.area(PreviewElement::ListBackground, screen);
+    sketch.area(PreviewElement::ListBackground,
+                screen.adjusted(0.0, PreviewSketch::barBottom, 0.0, 0.0));
     const double textLeft = layout.showsPhotos ? photoLeft + photoSize + 12.0 : photoLeft;
     double top = PreviewSketch::barBottom;
     int photo = int(PreviewInk::Photo1);
