@@ -78,7 +78,7 @@ std::vector<PreviewPalette> everyLayout()
     std::vector<PreviewPalette> layouts;
     for (const auto corners : {PreviewPalette::Corners::Round, PreviewPalette::Corners::Soft,
                                PreviewPalette::Corners::Square})
-        for (const int size : {14, 16, 18, 20})
+        for (const int size : {14, 16, 18, 20, 32}) // the last scrolls
             for (const bool photos : {false, true}) {
                 PreviewPalette palette = PreviewPalette::fromElements(shipped());
                 palette.corners = corners;
@@ -175,6 +175,15 @@ TEST(PreviewScene, PointsOutlinesAndPartsAgreeInEveryLayout)
             EXPECT_TRUE(scene.outline(screen, "somebody-elses-color").isEmpty());
         }
         EXPECT_EQ(shown.size(), size_t(previewElementCount)) << palette.textSize;
+        // The last balloon is seen whole, and no balloon reaches under the bars.
+        const auto balloons = [&](const QString &key) {
+            return scene.outline(PreviewScreen::Conversation, key).boundingRect();
+        };
+        const double end = balloons("blue-balloon-colors_2").bottom();
+        EXPECT_TRUE(end > 300.0 && end < 520.0) << end;
+        for (const QString key : {"gray-balloon-colors_1", "gray-balloon-colors_2",
+                                  "green-balloon-colors_1", "balloon-text-color"})
+            EXPECT_GE(balloons(key).top(), 64.0) << key.toStdString();
     }
 }
 
@@ -258,6 +267,19 @@ TEST(PreviewScene, RemovedColorsAreQuietButLegible)
             }
         }
     }
+}
+
+TEST(PreviewScene, StandInsForTextFitWhatIsSeenBehind)
+{
+    using enum PreviewElement;
+    PreviewPalette palette = PreviewPalette::fromElements(shipped());
+    palette = with(with(palette, ConversationBackground, 0xFFFFFFFF), BalloonText, std::nullopt);
+    const auto textOn = [&](QRgb balloon) {
+        const auto both = with(with(palette, BlueBalloon1, balloon), BlueBalloon2, balloon);
+        return qGray(PreviewInks(both, PreviewScreen::Conversation)[PreviewInk::BlueText].top);
+    };
+    EXPECT_GT(textOn(0xFF000030), 200);
+    EXPECT_LT(textOn(0x60000030), 60) << "a third of dark blue over white is light";
 }
 
 TEST(PreviewScene, TransparentColorsMixWithWhatIsBehind)
