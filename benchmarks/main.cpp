@@ -24,6 +24,7 @@ const std::vector<Ratio> ratios = {
     {"rotate/30", "rotate_qpainter/30", 1.3, Clock::Passing},
     {"drag", "drag_plain", 2.0, Clock::Passing},
     {"open_chooser", "open_chooser_plain", 1.3, Clock::Passing},
+    {"preview_change", "preview_full", 0.35, Clock::Passing},
     {"edit/100000", "edit/1000", 1.5, Clock::Processor},
     // Ten times the steps; a step must not cost more for those before it.
     {"history/10000", "history/1000", 12.0, Clock::Processor},

@@ -22,6 +22,14 @@ _tintloom()
             mapfile -t COMPREPLY < <(compgen -S = -W "$("$program" list 2>/dev/null |
                 awk -F '   *' '/^  / { print $3 }')" -- "$current")
             ;;
+        FILE)
+            compopt -o filenames 2>/dev/null
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            ;;
+        VIEW | EYES) # the usage lists them: [--view one|another]
+            mapfile -t COMPREPLY < <(compgen -W \
+                "$(sed -n "s/.*\[$before \([a-z|]*\)\].*/\1/p" <<<"$help" | tr '|' ' ')" -- "$current")
+            ;;
         "")
             if [[ $current == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "$(sed -n 's/^  \(--[a-z-]*\).*/\1/p' <<<"$help")" \

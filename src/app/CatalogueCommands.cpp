@@ -80,10 +80,7 @@ std::optional<int> refusal(const CommandLine::Options &options)
                                 : record->isCustom() || record->isOwnTheme()
                                     ? u"'%1' is made in the editor, not installed"_s
                                     : u"'%1' is coming soon, not there yet"_s;
-        const QStringList near = nearestNames(options.theme, names);
-        complain(problem.arg(options.theme) + "; "_L1 +
-                 (near.isEmpty() ? u"'tintloom themes' shows the names"_s
-                                 : u"near it: "_s + near.join(", "_L1)));
+        complain(problem.arg(options.theme) + "; "_L1 + nearestThemes(options.theme, names));
         return wrongUsage;
     }
     const auto folder = themeResourceFolder(options.resources, options.theme);

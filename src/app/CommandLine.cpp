@@ -1,5 +1,7 @@
 #include "app/CommandLine.h"
 
+#include "app/NearestNames.h"
+
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
@@ -30,6 +32,10 @@ const QString help = uR"(Usage:
   tintloom themes [options] [--json]    print the catalogue of ready-made themes
   tintloom install [options] NAME       install one of them
   tintloom edit [options] NAME          install it and make it the current choices
+  tintloom preview [options] [THEME] [--view conversation|list|both]
+                   [--eyes normal|protan|deutan|tritan|grey] --out FILE
+                                        draw the phone with the current choices, or with a
+                                        theme: a name of the catalogue, or a package's folder
 
 Options:
   --package-root DIR  folder that holds themes; default biteThemes in your desktop's
@@ -46,12 +52,25 @@ Options:
   --json              list, themes: print one JSON array
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
+  --view VIEW         preview: the screen to draw; default both
+  --eyes EYES         preview: draw it as other eyes see it, those that lack the red, the
+                      green or the blue cones, or that see greys alone; default normal
+  --out FILE          preview: the PNG file to write; - is standard output
   --help              print this text
   --version           print the version
 
 Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 69 no
 display for a window.
 )"_s;
+
+const QMap<QString, PreviewView> views{{u"conversation"_s, PreviewView::Conversation},
+                                       {u"list"_s, PreviewView::MessageList},
+                                       {u"both"_s, PreviewView::Both}};
+const QMap<QString, Eyes> eyes{{u"normal"_s, Eyes::Normal},
+                               {u"protan"_s, Eyes::Protan},
+                               {u"deutan"_s, Eyes::Deutan},
+                               {u"tritan"_s, Eyes::Tritan},
+                               {u"grey"_s, Eyes::Grey}};
 
 /// Relative to the program's file, so that an installation can be moved as a whole. The kernel
 /// tells which file that is, even to a program started by a bare name where no /proc is mounted.
@@ -88,9 +107,9 @@ public:
             return CommandLine::Command::Window;
         using enum CommandLine::Command;
         static const QMap<QString, CommandLine::Command> commands{
-            {u"list"_s, List},       {u"set"_s, Set},       {u"save"_s, Save},
-            {u"restore"_s, Restore}, {u"themes"_s, Themes}, {u"install"_s, Install},
-            {u"edit"_s, Edit},
+            {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
+            {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
+            {u"edit"_s, Edit},       {u"preview"_s, Preview},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -103,23 +122,47 @@ public:
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
         }
-        const qsizetype expected = *command == Install || *command == Edit ? 2 : 1;
+        const bool mayHaveTheme = *command == Install || *command == Edit || *command == Preview;
+        const qsizetype expected = mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
-        else if (words.size() < expected)
+        else if (words.size() < expected && *command != Preview)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
         return *command;
     }
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install` and `edit` are to work on.
+    /// What `install`, `edit` and `preview` are to work on.
     QString theme() const { return _parser.positionalArguments().value(1); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
         if (_parser.isSet(option) && !allowed)
             fail(u"--%1 belongs to %2"_s.arg(option, command));
+    }
+
+    template <typename Value>
+    Value oneOf(const QString &option, const QMap<QString, Value> &values, Value standard)
+    {
+        if (!_parser.isSet(option))
+            return standard;
+        const QString text = _parser.value(option);
+        if (!values.contains(text)) {
+            const QStringList near = nearestNames(text, values.keys());
+            fail(u"unknown %1 '%2'; %3 %4"_s.arg(
+                option, text, near.isEmpty() ? u"there are"_s : u"near it:"_s,
+                (near.isEmpty() ? values.keys() : near).join(", "_L1)));
+        }
+        return values.value(text, standard);
+    }
+
+    QString outFile()
+    {
+        const QString file = _parser.value(u"out"_s);
+        if (file.isEmpty())
+            fail(u"'preview' needs --out FILE"_s);
+        return file == "-"_L1 ? file : absolute(file);
     }
 
     double scale(double standard)
@@ -177,8 +220,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     QCommandLineParser parser;
     for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name :
-         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s})
+    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
+                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
@@ -194,6 +237,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                     u"json"_s, u"'list' and 'themes'"_s);
     reader.onlyWith(options.command == Command::Window, u"catalogue"_s, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
+    for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
+        reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
@@ -206,6 +251,11 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.json = parser.isSet(u"json"_s);
     options.edits = options.command == Command::Set ? reader.edits() : parser.values(u"set"_s);
+    if (options.command == Command::Preview) {
+        options.view = reader.oneOf(u"view"_s, views, options.view);
+        options.eyes = reader.oneOf(u"eyes"_s, eyes, options.eyes);
+        options.out = reader.outFile();
+    }
     for (const QString &edit : std::as_const(options.edits)) {
         if (!edit.contains(u'='))
             reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));

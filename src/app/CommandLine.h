@@ -3,6 +3,8 @@
 // Parsing needs no application object and touches no global state but the environment.
 #pragma once
 
+#include "color/ColorVision.h"
+#include "preview/PreviewPicture.h"
 #include "theme/ThemeLocations.h"
 
 #include <QSizeF>
@@ -13,7 +15,7 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit };
+enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview };
 
 struct Options {
     Command command = Command::Window;
@@ -24,8 +26,11 @@ struct Options {
     QSizeF screen{320.0, 568.0}; // points
     bool json = false;           // list, themes
     bool catalogue = false;      // window
-    QString theme;               // install, edit: the name, as typed
+    QString theme;               // install, edit: the name, as typed; preview: or a path, or empty
     QStringList edits;           // set, save: "KEY=VALUE", as typed
+    PreviewView view = PreviewView::Both; // this and the next two: preview
+    Eyes eyes = Eyes::Normal;
+    QString out; // the absolute path of a file, or "-" for standard output
 };
 
 struct Outcome {

@@ -47,3 +47,10 @@ QStringList nearestNames(const QString &name, const QStringList &names)
         found.append(similar);
     return found;
 }
+
+QString nearestThemes(const QString &name, const QStringList &names)
+{
+    const QStringList near = nearestNames(name, names);
+    return near.isEmpty() ? QString("'tintloom themes' shows the names")
+                          : "near it: " + near.join(", ");
+}

@@ -7,3 +7,6 @@
 /// Those of `names` that are a few slips away from `name`, nearest first, at most three.
 /// Case does not count.
 QStringList nearestNames(const QString &name, const QStringList &names);
+
+/// The same in words, to follow what is wrong with the name of a theme.
+QString nearestThemes(const QString &name, const QStringList &names);

@@ -161,10 +161,16 @@ QString ElementRecord::shownOption() const
 ElementDataSource ElementDataSource::load(const QString &resources, const QString &documents)
 {
     const auto saved = savedDictionary(ThemeLocations{{}, documents}.workingCopy());
+    return loadWith(resources, saved ? &*saved : nullptr);
+}
+
+ElementDataSource ElementDataSource::loadWith(const QString &resources,
+                                              const PropertyDictionary *saved)
+{
     const QString path = resources + "/initialDatasource.txt"_L1;
     const auto [text, error] = NSFileManager::contentsAtPath(path);
     if (!error)
-        return parse(text, path, saved ? &*saved : nullptr);
+        return parse(text, path, saved);
     ElementDataSource source;
     source.fail(Status::Unusable, path, QString::fromStdString(error.message()));
     return source;

@@ -64,6 +64,10 @@ public:
     /// the log names the document, and the index and missing key of the item.
     static ElementDataSource load(const QString &resources, const QString &documents);
 
+    /// The same with the dictionary of any theme, or what else was saved, in place of the working
+    /// copy's: what the editor would show of it.
+    static ElementDataSource loadWith(const QString &resources, const PropertyDictionary *saved);
+
     /// The same from a document's bytes and what was saved, if anything; the path is for messages.
     static ElementDataSource parse(const QByteArray &text, const QString &path,
                                    const PropertyDictionary *saved);

@@ -91,4 +91,7 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"--resources", root + "resou"}),
               Words{(root + "resources").toStdString()});
     EXPECT_EQ(completed({"--scale", ""}), Words());
+    EXPECT_EQ(completed({"preview", "--view", ""}), (Words{"conversation", "list", "both"}));
+    EXPECT_EQ(completed({"preview", "--eyes", "d"}), Words{"deutan"});
+    EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
 }

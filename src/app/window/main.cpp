@@ -1,6 +1,7 @@
 #include "app/CatalogueCommands.h"
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
+#include "app/PreviewCommand.h"
 #include "app/window/AppDelegate.h"
 #include "platform/UIApplication.h"
 #include "platform/foundation/UIScreen.h"
@@ -55,6 +56,8 @@ int main(int argc, char **argv)
         return runInstall(*outcome.options);
     case CommandLine::Command::Edit:
         return runEdit(*outcome.options);
+    case CommandLine::Command::Preview:
+        return runPreview(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }
