@@ -46,8 +46,9 @@ Options:
   --resources DIR     folder of initialDatasource.txt; default the installed one
                       (environment: TINTLOOM_RESOURCES)
   --scale N           pixels per point of the written images, 1 to 8; default 2
-  --screen WxH        size of the window's content in points, 320x240 to 8192x8192;
-                      default 320x568
+  --screen WxH        size of the phone's screen in the window, in points, 320x240 to
+                      8192x8192; default 320x568, or what a wide window leaves for it
+  --no-preview        open the window without the preview beside the screen
   --catalogue         open the window on the catalogue
   --json              list, themes: print one JSON array
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
@@ -177,10 +178,10 @@ public:
         return scale;
     }
 
-    QSizeF screen(QSizeF standard)
+    std::optional<QSizeF> screen()
     {
         if (!_parser.isSet(u"screen"_s))
-            return standard;
+            return std::nullopt;
         static const QRegularExpression pattern(u"\\A([0-9]{3,4})x([0-9]{3,4})\\z"_s);
         const QString text = _parser.value(u"screen"_s);
         const QRegularExpressionMatch match = pattern.match(text);
@@ -188,7 +189,7 @@ public:
         const int height = match.captured(2).toInt();
         if (width < 320 || height < 240 || width > 8192 || height > 8192)
             fail(u"--screen '%1' is not a size from 320x240 to 8192x8192"_s.arg(text));
-        return {double(width), double(height)};
+        return QSizeF(width, height);
     }
 
     void fail(const QString &problem)
@@ -218,7 +219,7 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s})
         parser.addOption(QCommandLineOption(name));
     for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
                              u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
@@ -235,7 +236,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.command = reader.command();
     reader.onlyWith(options.command == Command::List || options.command == Command::Themes,
                     u"json"_s, u"'list' and 'themes'"_s);
-    reader.onlyWith(options.command == Command::Window, u"catalogue"_s, u"the window"_s);
+    for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
+        reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
         reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
@@ -246,9 +248,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
     options.scale = reader.scale(options.scale);
-    options.screen = reader.screen(options.screen);
+    options.screen = reader.screen();
     options.theme = reader.theme();
     options.catalogue = parser.isSet(u"catalogue"_s);
+    options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
     options.edits = options.command == Command::Set ? reader.edits() : parser.values(u"set"_s);
     if (options.command == Command::Preview) {

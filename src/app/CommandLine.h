@@ -22,12 +22,13 @@ struct Options {
     QString packageRoot; // this and the next two: absolute paths of folders
     QString documents;
     QString resources;
-    double scale = 2.0;          // pixels per point of the written images, 1 to 8
-    QSizeF screen{320.0, 568.0}; // points
-    bool json = false;           // list, themes
-    bool catalogue = false;      // window
-    QString theme;               // install, edit: the name, as typed; preview: or a path, or empty
-    QStringList edits;           // set, save: "KEY=VALUE", as typed
+    double scale = 2.0;           // pixels per point of the written images, 1 to 8
+    std::optional<QSizeF> screen; // points; of the stage
+    bool preview = true;          // window: whether it may stand beside the stage
+    bool json = false;            // list, themes
+    bool catalogue = false;       // window
+    QString theme;                // install, edit: the name, as typed; preview: or a path, or empty
+    QStringList edits;            // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
     QString out; // the absolute path of a file, or "-" for standard output

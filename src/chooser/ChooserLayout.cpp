@@ -15,7 +15,7 @@ ChooserLayout ChooserLayout::make(double width, double screenHeight)
     layout.colorPatch = {0.0, layout.saveButton.bottom() + gap, width, 40.0};
     layout.hexTextField = {0.0, 0.0, width, 40.0};
 
-    const double side = screenHeight == tallScreen ? 310.0 : 240.0;
+    const double side = screenHeight >= tallScreen ? 310.0 : 240.0;
     layout.colorPicker = {middle - side * 0.5, layout.colorPatch.bottom() + gap, side, side};
     // The sliders are as wide as the wheel's right edge is far from the left, as on the phone.
     const double sliderWidth = layout.colorPicker.right();

@@ -16,8 +16,8 @@ struct ChooserLayout {
     /// What the page needs; more than the screen has makes it scroll.
     double contentHeight = 0.0;
 
-    /// Frames for a page of that width on a screen of that height. Only the tall phone's own height
-    /// has the large wheel, as on the phone.
+    /// Frames for a page of that width on a screen of that height. The large wheel comes with the
+    /// tall phone's height, as on the phone, and with any window that is taller.
     static ChooserLayout make(double width, double screenHeight);
     bool operator==(const ChooserLayout &) const = default;
 };

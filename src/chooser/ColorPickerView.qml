@@ -35,6 +35,28 @@ ChooserPage {
         hoverEnabled: true
         onWheel: wheel => wheel.accepted = true
     }
+    // In the strip above the buttons, which is empty.
+    Loader {
+        x: root.width - width
+        active: root.controller.previewOffered
+        z: 1
+        sourceComponent: PushButton {
+            width: 76
+            height: 20
+            title: qsTr("Preview")
+            onTouchUpInside: root.controller.previewTapped()
+
+            Text {
+                anchors.centerIn: parent
+                text: parent.title
+                color: "#003CA8"
+                opacity: parent.pressed ? 0.5 : 1
+                font.pixelSize: 13
+                font.underline: parent.activeFocus
+                Accessible.ignored: true
+            }
+        }
+    }
     Flickable {
         anchors.fill: parent
         contentWidth: width

@@ -47,6 +47,12 @@ void ColorPickerViewController::setDelegate(std::shared_ptr<ColorPickerViewDeleg
     _delegate = std::move(delegate);
 }
 
+void ColorPickerViewController::setPreviewOffered(bool isOffered)
+{
+    _isPreviewOffered = isOffered;
+    emit previewOfferedChanged();
+}
+
 void ColorPickerViewController::viewDidLoad()
 {
     view()->setWidth(UIScreen::mainScreen().size().width());

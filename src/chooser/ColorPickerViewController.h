@@ -44,6 +44,7 @@ class ColorPickerViewController final : public UIViewController,
     QML_ELEMENT
     QML_UNCREATABLE("Made by the editor")
     Q_PROPERTY(QColor color READ patchColor NOTIFY colorChanged FINAL)
+    Q_PROPERTY(bool previewOffered READ isPreviewOffered NOTIFY previewOfferedChanged FINAL)
 
 public:
     static std::shared_ptr<ColorPickerViewController>
@@ -75,6 +76,9 @@ public:
     /// The colour that the wheel last reported; the same for drawing.
     const UIColor &color() const { return _color; }
     QColor patchColor() const { return _color.qColor(); }
+    /// Whether a small button asks for the preview.
+    bool isPreviewOffered() const { return _isPreviewOffered; }
+    void setPreviewOffered(bool isOffered);
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
@@ -109,6 +113,8 @@ public:
 
 signals:
     void colorChanged();
+    void previewOfferedChanged();
+    void previewTapped();
 
 protected:
     const char *viewFile() const override { return "chooser/ColorPickerView.qml"; }
@@ -131,4 +137,5 @@ private:
     UITextField *_hexTextField = nullptr;
     const UIColor _initialColor;
     ChooserLayout _layout;
+    bool _isPreviewOffered = false;
 };

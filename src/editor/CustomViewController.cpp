@@ -77,6 +77,7 @@ void CustomViewController::viewDidLoad()
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
     _tableView->setContentInset(_fromMainView ? 0.0 : 20.0, 50.0);
+    _preview->viewDidLoad();
 }
 
 void CustomViewController::viewWillAppear(bool)
@@ -88,6 +89,7 @@ void CustomViewController::viewWillAppear(bool)
 void CustomViewController::viewDidAppear(bool)
 {
     markWindow();
+    _preview->viewDidAppear();
     QMetaObject::invokeMethod(this, &CustomViewController::offerDraft, Qt::QueuedConnection);
 }
 
@@ -120,6 +122,7 @@ void CustomViewController::discardDraft()
 void CustomViewController::viewWillDisappear(bool)
 {
     NSLog("%s", {"-[CustomViewController viewWillDisappear:]"});
+    _preview->viewWillDisappear();
 }
 
 void CustomViewController::viewDidLayoutSubviews()
@@ -238,7 +241,9 @@ void CustomViewController::showChooser(int index, NSIndexPath indexPath)
         std::static_pointer_cast<CustomViewController>(shared_from_this()));
     if (wasOpen)
         return;
-    const ColorPickerViewController *chooser = colorPickerView();
+    ColorPickerViewController *chooser = colorPickerView();
+    chooser->setPreviewOffered(_preview->isOffered());
+    connect(chooser, &ColorPickerViewController::previewTapped, _preview, &EditorPreview::showPage);
     connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
         _document->showPassingColor(index, hexStringForColor(chooser->color()));
     });

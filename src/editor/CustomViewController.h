@@ -16,6 +16,7 @@
 
 #include "editor/ChooserPresentation.h"
 #include "editor/EditorLayout.h"
+#include "editor/EditorPreview.h"
 #include "editor/ElementRow.h"
 #include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
@@ -58,6 +59,7 @@ class CustomViewController final : public UIViewController,
     Q_PROPERTY(bool fromMainView READ fromMainView CONSTANT FINAL)
     Q_PROPERTY(bool chooserOpen READ isChooserOpen NOTIFY chooserOpenChanged FINAL)
     Q_PROPERTY(ScreenOverlays *overlays READ overlays CONSTANT FINAL)
+    Q_PROPERTY(EditorPreview *preview READ preview CONSTANT FINAL)
 
 public:
     /// Both load the elements at once. Ask `source().status()` whether that went well.
@@ -144,6 +146,9 @@ public:
     /// say.
     QString notice() const { return _overlays->notice(); }
     ScreenOverlays *overlays() const { return _overlays; }
+    EditorPreview *preview() const { return _preview; }
+    /// Null before the view is loaded.
+    UITableView *tableView() const { return _tableView; }
 
     /// A hook for the program's return to the foreground; only logs.
     void applicationShouldBecomeActive();
@@ -191,5 +196,6 @@ private:
     NSIndexPath _savedIndexPath;       // the row whose option sheet is open
     std::shared_ptr<ActionMenu> _menu; // shown last
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
+    EditorPreview *const _preview = new EditorPreview(*this);
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
 };

@@ -49,6 +49,12 @@ Action shareColor(ThemeDocument *document, int index)
 Actions EditorActions::forTheme(CustomViewController &editor)
 {
     Actions actions = undoAndRedo(editor);
+    EditorPreview *const preview = editor.preview();
+    const bool isBeside = preview->model() && !preview->isOffered();
+    actions.push_back({isBeside ? tr("Hide Preview") : tr("Preview"),
+                       [=] { preview->toggle(); },
+                       preview->model() && !editor.isLoading(),
+                       {Qt::CTRL | Qt::Key_P}});
     // Its strip may have made room for another one.
     actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
                        editor.isDraftOffered()});

@@ -13,6 +13,7 @@ EditorLayout EditorLayout::make(QSizeF size, double navigationBarHeight, bool fr
     layout.bottomView = {0.0, h - barHeight, w, barHeight};
     layout.saveButton = {w * 0.5 * 0.5, 5.0, 180.0, 40.0};
     layout.moreButton = {layout.saveButton.right() + 4.0, 5.0, 52.0, 40.0};
+    layout.previewButton = {4.0, 5.0, 72.0, 40.0};
     layout.loadingView = {{(w - loader.width()) * 0.5, (h - loader.height()) * 0.5}, loader};
     if (fromMainView) {
         const double top = navigationBarHeight + statusHeight;

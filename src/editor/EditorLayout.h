@@ -10,8 +10,9 @@ struct EditorLayout {
     QRectF appVersion; // inside hiddenView
     QRectF topView;
     QRectF bottomView;
-    QRectF saveButton; // inside bottomView, like moreButton
+    QRectF saveButton; // inside bottomView, like the next two
     QRectF moreButton;
+    QRectF previewButton;
     QRectF loadingView;
 
     /// Frames for a root view of that size. From the catalogue, the screen begins below the

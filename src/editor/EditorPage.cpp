@@ -10,4 +10,5 @@ void EditorPage::place(const EditorLayout &layout)
     _bottomView->setFrame(layout.bottomView);
     _saveButton->setFrame(layout.saveButton);
     _moreButton->setFrame(layout.moreButton);
+    _previewButton->setFrame(layout.previewButton);
 }

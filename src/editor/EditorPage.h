@@ -18,6 +18,7 @@ class EditorPage : public ScreenPage
     Q_PROPERTY(BlurView *bottomView MEMBER _bottomView FINAL REQUIRED)
     Q_PROPERTY(UIButton *saveButton MEMBER _saveButton FINAL REQUIRED)
     Q_PROPERTY(UIButton *moreButton MEMBER _moreButton FINAL REQUIRED)
+    Q_PROPERTY(UIButton *previewButton MEMBER _previewButton FINAL REQUIRED)
 
 public:
     using ScreenPage::ScreenPage;
@@ -33,4 +34,5 @@ private:
     BlurView *_bottomView = nullptr;
     UIButton *_saveButton = nullptr;
     UIButton *_moreButton = nullptr;
+    UIButton *_previewButton = nullptr;
 };

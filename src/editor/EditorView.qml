@@ -17,6 +17,7 @@ EditorPage {
     bottomView: bottomBar
     saveButton: save
     moreButton: more
+    previewButton: preview
 
     FocusScope {
         id: covered
@@ -124,6 +125,17 @@ EditorPage {
                 image: "qrc:/images/greyButton.png"
                 highlightedImage: "qrc:/images/greyButtonHighlight.png"
                 onTouchUpInside: root.controller.moreButtonTap()
+            }
+            ImageButton {
+                id: preview
+
+                objectName: "_previewButton"
+                visible: root.controller.preview.offered
+                title: qsTr("Preview")
+                titleColor: "black"
+                image: "qrc:/images/greyButton.png"
+                highlightedImage: "qrc:/images/greyButtonHighlight.png"
+                onTouchUpInside: root.controller.preview.showPage()
             }
         }
     }

@@ -129,6 +129,8 @@ public:
     void layoutIfNeeded() { updatePolish(); }
     /// Cells in existence, in sight or pooled.
     int numberOfCells() const { return _numberOfCells; }
+    /// The row that has the keyboard; invalid for none.
+    NSIndexPath focusedRow() const { return hasActiveFocus() ? _currentRow : NSIndexPath(); }
 
     void layoutSubviews() override { polish(); }
 
@@ -140,6 +142,8 @@ signals:
     void scrollEnabledChanged();
     /// The keyboard wants this offset; the scroller obeys.
     void scrollRequested(double offset);
+    /// The row that has the keyboard is another one, or none any more.
+    void focusedRowChanged();
 
 protected:
     void updatePolish() override;

@@ -86,6 +86,7 @@ void UITableView::setCurrentRow(NSIndexPath indexPath)
     _currentRow = indexPath;
     if (UITableViewCell *cell = cellForRowAtIndexPath(indexPath))
         cell->setFocused(hasActiveFocus());
+    emit focusedRowChanged();
 }
 
 /// The row that many rows further on, across sections without rows, held at both ends. From no row:

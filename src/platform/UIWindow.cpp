@@ -17,7 +17,10 @@ namespace
 UIWindow *theKeyWindow = nullptr;
 } // namespace
 
-UIWindow::UIWindow() : _fontSearch([] { FcInit(); }), _stage(new QQuickItem(contentItem()))
+UIWindow::UIWindow(std::optional<QSize> size)
+    : _fontSearch([] { FcInit(); }),
+      _stage(new QQuickItem(contentItem())),
+      _stageWidth(size ? std::nullopt : std::optional(UIScreen::mainScreen().size().width()))
 {
     QMLViews::prepareEngine(_engine);
     _firstRead = QMLViews::readAhead(_engine, "platform/NavigationView.qml");
@@ -25,10 +28,10 @@ UIWindow::UIWindow() : _fontSearch([] { FcInit(); }), _stage(new QQuickItem(cont
     _fontSearch.join(); // or it would search all over again
     QFontMetricsF(QGuiApplication::font()).height();
     setColor(Qt::white);
-    resize(UIScreen::mainScreen().size().toSize());
+    resize(size.value_or(UIScreen::mainScreen().size().toSize()));
     _stage->setFlag(QQuickItem::ItemIsFocusScope);
     _stage->setFocus(true);
-    setStageSize(size());
+    layOut();
 }
 
 UIWindow::~UIWindow()
@@ -37,6 +40,8 @@ UIWindow::~UIWindow()
         _rootViewController->prepareForTermination();
     delete _alertLayer;
     delete _actionSheetLayer;
+    _pane.reset();
+    _presented.reset();
     _rootViewController.reset();
     if (theKeyWindow == this)
         theKeyWindow = nullptr;
@@ -116,12 +121,90 @@ void UIWindow::removeActionSheet()
     giveInputToTop();
 }
 
-void UIWindow::setStageSize(QSizeF size)
+void UIWindow::presentViewController(std::shared_ptr<UIViewController> controller)
 {
-    UIScreen::mainScreen().setSize(size);
-    _stage->setSize(size);
+    if (_presented) {
+        _presented->viewWillDisappear(false);
+        _presented->view()->setParentItem(nullptr);
+    }
+    _presented = std::move(controller);
+    QQuickItem *root = _rootViewController->view();
+    root->setEnabled(!_presented);
+    if (!_presented)
+        return root->forceActiveFocus();
+    _presented->loadViewIfNeeded(_engine);
+    _presented->view()->setSize(_stage->size());
+    _presented->view()->setParentItem(_stage);
+    _presented->view()->forceActiveFocus();
+}
+
+void UIWindow::setPaneViewController(std::shared_ptr<UIViewController> controller)
+{
+    _pane = std::move(controller);
+    layOut();
+    // The editor's first frame does not wait for it.
+    connect(
+        this, &QQuickWindow::frameSwapped, this,
+        [this] {
+            _hasShownFrame = true;
+            loadPane();
+        },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
+void UIWindow::setPaneWanted(bool isWanted)
+{
+    if (std::exchange(_isPaneWanted, isWanted) == isWanted)
+        return;
+    layOut();
+    emit paneWantedChanged(isWanted);
+}
+
+WindowLayout UIWindow::layoutFor(bool wantsPane) const
+{
+    return WindowLayout::make(size(), wantsPane, _stageWidth);
+}
+
+bool UIWindow::hasRoomForPane() const
+{
+    return !layoutFor(true).pane.isEmpty();
+}
+
+void UIWindow::layOut()
+{
+    const bool hadPane = hasPane();
+    _layout = layoutFor(_pane && _isPaneWanted);
+    UIScreen::mainScreen().setSize(_layout.stage.size());
+    _stage->setPosition(_layout.stage.topLeft());
+    _stage->setSize(_layout.stage.size());
     if (_rootViewController)
-        _rootViewController->view()->setSize(size);
+        _rootViewController->view()->setSize(_stage->size());
+    if (_presented)
+        _presented->view()->setSize(_stage->size());
+    for (QQuickItem *layer : {_alertLayer, _actionSheetLayer})
+        if (layer) {
+            layer->setPosition(_stage->position());
+            layer->setSize(_stage->size());
+        }
+    loadPane();
+    if (hadPane != hasPane())
+        emit paneChanged();
+}
+
+void UIWindow::loadPane()
+{
+    if (!_pane || !_hasShownFrame || (!hasPane() && !_pane->view()))
+        return;
+    if (!_pane->view()) {
+        _pane->loadViewIfNeeded(_engine);
+        _pane->view()->setParentItem(contentItem());
+        giveInputToTop();
+    }
+    _pane->view()->setVisible(hasPane());
+    if (!hasPane())
+        return;
+    _pane->view()->setPosition(_layout.pane.topLeft());
+    _pane->view()->setSize(_layout.pane.size());
 }
 
 QQuickItem *UIWindow::addLayer(const char *file, const QVariantMap &properties, double z)
@@ -130,7 +213,8 @@ QQuickItem *UIWindow::addLayer(const char *file, const QVariantMap &properties, 
     layer->setParent(this);
     layer->setParentItem(contentItem());
     layer->setZ(z);
-    layer->setSize(size());
+    layer->setPosition(_stage->position());
+    layer->setSize(_stage->size());
     return layer;
 }
 
@@ -140,9 +224,12 @@ void UIWindow::giveInputToTop()
                             : _actionSheetLayer ? _actionSheetLayer
                                                 : _stage;
     _stage->setEnabled(top == _stage);
+    if (_pane && _pane->view())
+        _pane->view()->setEnabled(top == _stage);
     if (_actionSheetLayer)
         _actionSheetLayer->setEnabled(top == _actionSheetLayer);
-    top->forceActiveFocus();
+    if (!top->hasActiveFocus() && !(_pane && _pane->view() && _pane->view()->hasActiveFocus()))
+        top->forceActiveFocus();
 }
 
 void UIWindow::keyPressEvent(QKeyEvent *event)
@@ -155,8 +242,5 @@ void UIWindow::keyPressEvent(QKeyEvent *event)
 void UIWindow::resizeEvent(QResizeEvent *event)
 {
     QQuickWindow::resizeEvent(event);
-    setStageSize(event->size()); // which is all of the window
-    for (QQuickItem *layer : {_alertLayer, _actionSheetLayer})
-        if (layer)
-            layer->setSize(event->size());
+    layOut();
 }

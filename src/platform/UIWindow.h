@@ -1,13 +1,15 @@
-// The program's window: a white ground, the root view controller's view on it, an action sheet over
-// that, and alerts above all.
+// The program's window: the stage, which is the phone's screen, with the root view controller's
+// view on it, an action sheet over that, and alerts above all; and, where there is room for it, a
+// pane beside the stage.
 //
-// While a sheet or an alert is up, everything below it takes neither touches nor keys. The window
-// owns the engine that makes all views.
+// While a sheet or an alert is up, everything below it and beside it takes neither touches nor
+// keys. The window owns the engine that makes all views.
 #pragma once
 
 #include "platform/UIActionSheet.h"
 #include "platform/UIAlertView.h"
 #include "platform/UIViewController.h"
+#include "platform/WindowLayout.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -25,8 +27,9 @@ class UIWindow : public QQuickWindow
     Q_PROPERTY(UIAlertView *alert READ alert NOTIFY alertChanged FINAL)
 
 public:
-    /// A window of the main screen's size, which follows the window's stage from then on.
-    UIWindow();
+    /// A window of that size, in points, and of the main screen's, which follows the window's stage
+    /// from then on; or one of just the main screen's size, whose width the stage then keeps.
+    explicit UIWindow(std::optional<QSize> size = {});
     /// Tells the root view controller that the program ends, and lets it go.
     ~UIWindow() override;
 
@@ -37,6 +40,21 @@ public:
     void setDocumentEdited(bool isEdited);
     void setRootViewController(std::shared_ptr<UIViewController> controller);
     UIViewController *rootViewController() const { return _rootViewController.get(); }
+
+    /// Lays a page over the root's view, which takes no input meanwhile, in place of an earlier
+    /// one; null takes it away.
+    void presentViewController(std::shared_ptr<UIViewController> controller);
+    UIViewController *presentedViewController() const { return _presented.get(); }
+
+    /// What stands beside the stage where the window is wide enough. Its view is made when the
+    /// window has shown its first frame.
+    void setPaneViewController(std::shared_ptr<UIViewController> controller);
+    /// Whether the pane may be there; true unless set.
+    void setPaneWanted(bool isWanted);
+    bool isPaneWanted() const { return _isPaneWanted; }
+    bool hasPane() const { return !_layout.pane.isEmpty(); }
+    /// Whether it would be there if it were wanted.
+    bool hasRoomForPane() const;
 
     /// The alert on top, or null.
     UIAlertView *alert() const { return _alerts.empty() ? nullptr : _alerts.back().get(); }
@@ -49,6 +67,9 @@ public:
 
 signals:
     void alertChanged();
+    /// It has come or gone.
+    void paneChanged();
+    void paneWantedChanged(bool isWanted);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -56,9 +77,11 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    WindowLayout layoutFor(bool wantsPane) const;
     /// The phone's screen is the stage: its size follows, whatever else the window has room for.
-    void setStageSize(QSizeF size);
-    /// An item of the window's size above the stage, drawn by a QML file.
+    void layOut();
+    void loadPane();
+    /// An item of the stage's size above it, drawn by a QML file.
     QQuickItem *addLayer(const char *file, const QVariantMap &properties, double z);
     void removeAlert(UIAlertView *alertView);
     void removeActionSheet();
@@ -69,8 +92,14 @@ private:
     QQmlEngine _engine;
     std::unique_ptr<QQmlComponent> _firstRead;
     bool _isDocumentEdited = false;
-    QQuickItem *_stage; // everything below sheets and alerts
+    QQuickItem *_stage;                      // everything below sheets and alerts
+    const std::optional<double> _stageWidth; // that was asked for
+    WindowLayout _layout;
     std::shared_ptr<UIViewController> _rootViewController;
+    std::shared_ptr<UIViewController> _presented;
+    std::shared_ptr<UIViewController> _pane;
+    bool _isPaneWanted = true;
+    bool _hasShownFrame = false;
     std::vector<std::unique_ptr<UIAlertView>> _alerts;
     QQuickItem *_alertLayer = nullptr; // made for the first alert
     std::unique_ptr<UIActionSheet> _actionSheet;

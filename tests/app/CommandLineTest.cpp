@@ -47,7 +47,7 @@ TEST_F(CommandLineTest, ParsesOptionsBeforeAndAfterTheCommand)
     EXPECT_EQ(options->documents, "/from/environment");
     EXPECT_EQ(plain->command, Window);
     EXPECT_EQ(plain->packageRoot, CommandLine::defaultPackageRoot());
-    EXPECT_EQ(plain->screen, QSizeF(320, 568));
+    EXPECT_FALSE(plain->screen);
     EXPECT_EQ(plain->scale, 2.0);
     EXPECT_TRUE(QFile::exists(plain->resources + "/initialDatasource.txt"));
     const QString phone = folder.filePath("Library/biteThemes");

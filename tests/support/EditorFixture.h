@@ -56,7 +56,7 @@ protected:
     {
         stop();
         UIScreen::mainScreen().setSize(size);
-        _app = std::make_unique<AppDelegate>(folders(), root);
+        _app = std::make_unique<AppDelegate>(folders(), AppDelegate::Start{root});
         ASSERT_TRUE(_app->didFinishLaunchingWithOptions());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
         settle();

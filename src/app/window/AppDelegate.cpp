@@ -3,9 +3,13 @@
 #include "catalogue/window/MainViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/foundation/NSLog.h"
+#include "platform/foundation/NSUserDefaults.h"
+#include "preview/window/PreviewController.h"
 #include "theme/WorkingCopyKeeper.h"
 
+#include <QGuiApplication>
 #include <QIcon>
+#include <QScreen>
 
 bool AppDelegate::didFinishLaunchingWithOptions()
 {
@@ -16,22 +20,51 @@ bool AppDelegate::didFinishLaunchingWithOptions()
         NSLog("Cannot start: %@", {keeper->refusal()});
         return false;
     }
-    setWindow(std::make_unique<UIWindow>());
+    setWindow(std::make_unique<UIWindow>(_start.windowSize));
     _window->setTitle("Tintloom");
     // The icon is a picture to be decoded, which can wait until the first frame is shown.
     QObject::connect(
         _window.get(), &QQuickWindow::frameSwapped, _window.get(),
         [window = _window.get()] { window->setIcon(QIcon(":/images/tintloom.png")); },
         Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    addPreview();
     _window->makeKeyAndVisible();
 
-    if (_root == Root::Catalogue) {
-        setRoot(MainViewController::init(_folders));
+    if (_start.root == Root::Catalogue) {
+        const auto catalogue = MainViewController::init(_folders);
+        catalogue->setPreview(&_preview);
+        setRoot(catalogue);
         return true;
     }
     const auto editor = CustomViewController::initFromAppDelegate(_folders);
+    editor->preview()->setModel(&_preview);
     setRoot(editor);
     return editor->source().status() != ElementDataSource::Status::Unusable;
+}
+
+std::optional<QSize> AppDelegate::wideWindow()
+{
+    constexpr QSize comfortable(1000, 660), narrowest(640, 568);
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    const QSize size = comfortable.boundedTo(room);
+    return size.expandedTo(narrowest) == size ? std::optional(size) : std::nullopt;
+}
+
+void AppDelegate::addPreview()
+{
+    const auto settings =
+        std::make_shared<NSUserDefaults>(_folders.theme.documents + "/Window.plist");
+    const QString key = "showsPreview";
+    const QVariant left = settings->objectForKey(key);
+    _window->setPaneWanted(_start.showsPreview.value_or(left.isValid() ? left.toBool() : true));
+    _window->setPaneViewController(PreviewController::initPane(_preview));
+    QObject::connect(_window.get(), &UIWindow::paneWantedChanged, _window.get(),
+                     [settings, key](bool isWanted) {
+                         settings->setObjectForKey(isWanted, key);
+                         if (const auto error = settings->synchronize())
+                             NSLog("Cannot remember whether the preview is shown: %@",
+                                   {QString::fromStdString(error.message())});
+                     });
 }
 
 void AppDelegate::setRoot(std::shared_ptr<UIViewController> controller)

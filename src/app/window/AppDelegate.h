@@ -5,18 +5,30 @@
 #include "editor/CustomViewController.h"
 #include "platform/UIApplication.h"
 #include "platform/UIWindow.h"
+#include "preview/window/PreviewModel.h"
 
 #include <memory>
+#include <optional>
 
 class AppDelegate final : public UIApplicationDelegate
 {
 public:
     enum class Root { Editor, Catalogue };
+    /// How the window starts.
+    struct Start {
+        Root root = Root::Editor;
+        /// Points. Without one it has the main screen's size, which the stage keeps.
+        std::optional<QSize> windowSize = {};
+        /// Whether the preview may stand beside the stage; nothing: as the user left it.
+        std::optional<bool> showsPreview = {};
+    };
 
-    explicit AppDelegate(const EditorFolders &folders, Root root = Root::Editor)
-        : _folders(folders), _root(root)
+    explicit AppDelegate(const EditorFolders &folders) : AppDelegate(folders, Start()) {}
+    AppDelegate(const EditorFolders &folders, const Start &start) : _folders(folders), _start(start)
     {
     }
+    /// A window wide enough for the preview beside the stage; nothing where the display is not.
+    static std::optional<QSize> wideWindow();
 
     /// Recovers an interrupted save first. False when that cannot be done, or when the editor is
     /// the root and the elements cannot be read at all; the log says why.
@@ -26,9 +38,11 @@ public:
     void setWindow(std::unique_ptr<UIWindow> window) { _window = std::move(window); }
 
 private:
+    void addPreview();
     void setRoot(std::shared_ptr<UIViewController> controller);
 
     const EditorFolders _folders;
-    const Root _root;
+    const Start _start;
+    PreviewModel _preview;
     std::unique_ptr<UIWindow> _window;
 };

@@ -18,12 +18,22 @@ int runWindow(const CommandLine::Options &options, int &argc, char **argv)
 {
     // By this a desktop finds the icon that belongs to the window.
     QGuiApplication::setDesktopFileName(QStringLiteral(TINTLOOM_ID));
-    UIScreen::mainScreen().setSize(options.screen);
+    if (options.screen)
+        UIScreen::mainScreen().setSize(*options.screen);
     UIScreen::mainScreen().setScale(options.scale);
     const EditorFolders folders{options.resources, {options.packageRoot, options.documents}};
-    const auto root = options.catalogue ? AppDelegate::Root::Catalogue : AppDelegate::Root::Editor;
+    const auto makeDelegate = [&] {
+        AppDelegate::Start start;
+        if (options.catalogue)
+            start.root = AppDelegate::Root::Catalogue;
+        if (!options.preview)
+            start.showsPreview = false;
+        else if (!options.screen)
+            start.windowSize = AppDelegate::wideWindow();
+        return std::make_unique<AppDelegate>(folders, start);
+    };
     return UIApplicationMain(
-        argc, argv, [&] { return std::make_unique<AppDelegate>(folders, root); },
+        argc, argv, makeDelegate,
         "tintloom: no display to open a window on; \"tintloom save\" works without one");
 }
 } // namespace

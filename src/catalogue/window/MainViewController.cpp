@@ -191,6 +191,7 @@ void MainViewController::openEditor(bool colorsBar)
 {
     if (!_customViewController)
         _customViewController = CustomViewController::initFromMainView(_folders);
+    _customViewController->preview()->setModel(_preview);
     if (_customViewController->source().status() == ElementDataSource::Status::Unusable) {
         QCoreApplication::exit(EXIT_FAILURE); // as a start into the editor does; the log says why
         return;

@@ -78,6 +78,8 @@ public:
     QQuickItem *loadingLabel() const { return _overlays->loadingLabel(); }
     QQuickItem *spinningIndicator() const { return _overlays->spinningIndicator(); }
     ScreenOverlays *overlays() const { return _overlays; }
+    /// The previews that follow the editors opened from here; null: none.
+    void setPreview(PreviewModel *preview) { _preview = preview; }
     /// The alert that the screen showed last, until it has been answered.
     UIAlertView *alertView() const { return _alertView; }
     const std::shared_ptr<CustomViewController> &customViewController() const
@@ -117,6 +119,7 @@ private:
     CatalogueLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     QPointer<UIAlertView> _alertView;
+    QPointer<PreviewModel> _preview;
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
 };

@@ -1,0 +1,112 @@
+#include "editor/EditorPreview.h"
+
+#include "editor/CustomViewController.h"
+#include "platform/UIWindow.h"
+#include "preview/window/PreviewController.h"
+
+EditorPreview::EditorPreview(CustomViewController &editor) : QObject(&editor), _editor(editor)
+{
+}
+
+void EditorPreview::setModel(PreviewModel *model)
+{
+    _model = model;
+}
+
+void EditorPreview::viewDidLoad()
+{
+    if (!_model)
+        return;
+    connect(_editor.tableView(), &UITableView::focusedRowChanged, this,
+            &EditorPreview::updateAttention);
+    connect(&_editor, &CustomViewController::chooserOpenChanged, this,
+            &EditorPreview::updateAttention);
+    connect(&_editor, &CustomViewController::chooserOpenChanged, this,
+            &EditorPreview::updateInteractive);
+    connect(_editor.overlays(), &ScreenOverlays::loadingChanged, this,
+            &EditorPreview::updateInteractive);
+}
+
+void EditorPreview::viewDidAppear()
+{
+    if (!_model)
+        return;
+    _model->follow(&_editor.document());
+    connect(_model, &PreviewModel::chosen, this, &EditorPreview::open, Qt::UniqueConnection);
+    if (UIWindow *window = UIWindow::keyWindow())
+        connect(window, &UIWindow::paneChanged, this, &EditorPreview::offeredChanged,
+                Qt::UniqueConnection);
+    emit offeredChanged();
+    updateAttention();
+    updateInteractive();
+}
+
+void EditorPreview::viewWillDisappear()
+{
+    if (!_model)
+        return;
+    _model->disconnect(this);
+    _model->setAttention({});
+}
+
+void EditorPreview::updateAttention()
+{
+    const ColorPickerViewController *chooser = _editor.colorPickerView();
+    const NSIndexPath row = chooser
+                                ? NSIndexPath{chooser->selectedSection(), chooser->selectedRow()}
+                                : _editor.tableView()->focusedRow();
+    const auto index = _editor.source().indexAt(row);
+    _model->setAttention(index ? _editor.document().record(*index).key : QString());
+}
+
+void EditorPreview::updateInteractive()
+{
+    _model->setInteractive(!_editor.isChooserOpen() && !_editor.isLoading());
+}
+
+bool EditorPreview::isOffered() const
+{
+    const UIWindow *window = UIWindow::keyWindow();
+    return _model && window && !window->hasPane();
+}
+
+void EditorPreview::showPage()
+{
+    if (!isOffered() || _editor.isLoading())
+        return;
+    const auto page = PreviewController::initPage(*_model);
+    connect(page.get(), &PreviewController::closeTapped, this, &EditorPreview::closePage);
+    UIWindow::keyWindow()->presentViewController(page);
+}
+
+void EditorPreview::closePage()
+{
+    // The page's own button may be telling.
+    QMetaObject::invokeMethod(
+        this, [] { UIWindow::keyWindow()->presentViewController(nullptr); }, Qt::QueuedConnection);
+}
+
+void EditorPreview::toggle()
+{
+    UIWindow *window = UIWindow::keyWindow();
+    if (window->hasRoomForPane())
+        window->setPaneWanted(!window->isPaneWanted());
+    else
+        showPage();
+}
+
+void EditorPreview::open(const QString &key)
+{
+    // A package holds one value under a key, that of the last element with it.
+    const auto indexes = _editor.source().indexesOfKey(key);
+    if (indexes.empty())
+        return;
+    const NSIndexPath row = _editor.source().indexPathOf(indexes.back());
+    if (!row.isValid())
+        return;
+    if (UIWindow::keyWindow()->presentedViewController())
+        closePage();
+    _editor.tableView()->scrollToRow(row);
+    _editor.tableView()->layoutIfNeeded();
+    _editor.didSelectRowAtIndexPath(row);
+}

@@ -1,0 +1,50 @@
+// What ties the editor to the previews: they follow its document, outline the element that it is
+// at, and a tap on a part of them opens that element here, by the same way as a tap on its row.
+#pragma once
+
+#include "platform/foundation/NSIndexPath.h"
+#include "preview/window/PreviewModel.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+class CustomViewController;
+
+class EditorPreview : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Belongs to the editor")
+    /// Whether a preview can be asked for, because none stands beside the stage.
+    Q_PROPERTY(bool offered READ isOffered NOTIFY offeredChanged FINAL)
+
+public:
+    explicit EditorPreview(CustomViewController &editor);
+
+    /// Null: no previews. Set it before the view is loaded.
+    void setModel(PreviewModel *model);
+    PreviewModel *model() const { return _model; }
+
+    void viewDidLoad();
+    void viewDidAppear();
+    void viewWillDisappear();
+
+    bool isOffered() const;
+    /// Lays the preview over the stage; nothing where none is offered.
+    Q_INVOKABLE void showPage();
+    /// Brings the pane beside the stage, or takes it away; where there is no room, the page.
+    void toggle();
+
+signals:
+    void offeredChanged();
+
+private:
+    void updateAttention();
+    void updateInteractive();
+    void closePage();
+    void open(const QString &key);
+
+    CustomViewController &_editor;
+    QPointer<PreviewModel> _model;
+};

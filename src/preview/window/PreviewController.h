@@ -1,0 +1,37 @@
+// The preview: a pane beside the stage, or a page over it that can be closed.
+#pragma once
+
+#include "platform/UIViewController.h"
+#include "preview/window/PreviewModel.h"
+
+class PreviewController final : public UIViewController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the program's start")
+    Q_PROPERTY(PreviewModel *model READ model CONSTANT FINAL)
+    Q_PROPERTY(bool closable READ isClosable CONSTANT FINAL)
+
+public:
+    /// The model must outlive the controller's view.
+    static std::shared_ptr<PreviewController> initPane(PreviewModel &model);
+    static std::shared_ptr<PreviewController> initPage(PreviewModel &model);
+
+    PreviewModel *model() const { return &_model; }
+    bool isClosable() const { return _isClosable; }
+
+signals:
+    /// The button that closes a page was pressed, or Escape.
+    void closeTapped();
+
+protected:
+    const char *viewFile() const override { return "preview/window/PreviewPane.qml"; }
+
+private:
+    PreviewController(PreviewModel &model, bool isClosable) : _model(model), _isClosable(isClosable)
+    {
+    }
+
+    PreviewModel &_model;
+    const bool _isClosable;
+};

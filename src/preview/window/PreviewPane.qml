@@ -1,0 +1,93 @@
+import QtQuick
+import Tintloom
+
+// The themed phone, and whose eyes it is seen with.
+PreviewPage {
+    id: root
+
+    required property PreviewController controller
+
+    caption: caption
+    conversation: conversation
+    messageList: list
+    screenSwitch: screens
+    eyesSwitch: eyes
+
+    Keys.onEscapePressed: event => {
+        event.accepted = root.controller.closable;
+        root.controller.closeTapped();
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: "#E4E7EA"
+    }
+    // Swallows what misses the parts.
+    MouseArea {
+        anchors.fill: parent
+        onWheel: wheel => wheel.accepted = true
+    }
+    Loader {
+        x: root.width - width
+        active: root.controller.closable
+        z: 1
+        sourceComponent: PushButton {
+            width: 44
+            height: 44
+            title: qsTr("Close preview")
+            onTouchUpInside: root.controller.closeTapped()
+
+            Text {
+                anchors.centerIn: parent
+                text: "\u00D7"
+                color: "#202428"
+                opacity: parent.pressed ? 0.5 : 1
+                font.pixelSize: 26
+                Accessible.ignored: true
+            }
+        }
+    }
+    UIView {
+        id: caption
+
+        Text {
+            anchors.centerIn: parent
+            width: parent.width
+            text: root.controller.model.caption
+            textFormat: Text.PlainText
+            color: "#202428"
+            font.pixelSize: 15
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignHCenter
+        }
+    }
+    PreviewFrame {
+        id: conversation
+
+        model: root.controller.model
+        name: qsTr("Conversation")
+    }
+    PreviewFrame {
+        id: list
+
+        model: root.controller.model
+        name: qsTr("Message list")
+        messageList: true
+    }
+    Segments {
+        id: screens
+
+        name: qsTr("Screen")
+        titles: [qsTr("Conversation"), qsTr("Messages")]
+        current: root.shownScreen
+        onChosen: index => root.shownScreen = index
+    }
+    Segments {
+        id: eyes
+
+        name: qsTr("As others see it")
+        titles: [qsTr("Normal"), qsTr("Protan"), qsTr("Deutan"), qsTr("Tritan"), qsTr("Grey")]
+        current: root.controller.model.eyes
+        onChosen: index => root.controller.model.eyes = index
+    }
+}
