@@ -94,8 +94,8 @@ Subject theme(const CommandLine::Options &options)
 /// PNG; empty when there is no memory for the picture.
 QByteArray drawn(const PreviewPalette &palette, const CommandLine::Options &options)
 {
-    // No display is asked for, even where there is one: nothing is shown, and the picture is the
-    // same everywhere. A desktop's theme might ask for one on its own.
+    // No display is asked for, even where there is one: nothing is shown, and no desktop's settings
+    // change the picture. A platform theme might ask for a display on its own.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
     int argc = 1;

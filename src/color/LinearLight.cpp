@@ -21,14 +21,14 @@ double encoded(double light)
 
 struct Tables {
     std::array<float, 256> light;
-    std::array<quint8, steps + 1> bytes;
+    std::array<quint8, steps> bytes; // of the middle of each step
 
     Tables()
     {
         for (int byte = 0; byte < 256; ++byte)
             light[size_t(byte)] = float(decoded(byte / 255.0));
-        for (int step = 0; step <= steps; ++step)
-            bytes[size_t(step)] = quint8(std::lround(encoded(double(step) / steps) * 255.0));
+        for (int step = 0; step < steps; ++step)
+            bytes[size_t(step)] = quint8(std::lround(encoded((step + 0.5) / steps) * 255.0));
     }
 };
 
@@ -48,5 +48,5 @@ quint8 srgbFromLinear(float light)
 {
     if (!(light > 0.0F)) // not-a-number, too
         return 0;
-    return tables().bytes[light >= 1.0F ? steps : size_t(light * steps + 0.5F)];
+    return light < 1.0F ? tables().bytes[size_t(light * steps)] : 255;
 }

@@ -189,9 +189,11 @@ void sketchComposer(PreviewSketch &sketch)
     const auto text =
         PreviewText::laidOut(Words::tr("Save me a seat"), 16, Weight::Normal, 220.0, 1);
     const QPointF topLeft(field.left() + 14.0, middle - text.size.height() / 2.0);
-    sketch.text(PreviewInk::ComposerText, PreviewElement::ComposerText, text, topLeft);
-    sketch.fill(PreviewInk::ComposerText,
-                QRectF(topLeft.x() + text.size.width() + 3.0, middle - 9.0, 1.5, 18.0), 0.75);
+    sketch.text(PreviewInk::ComposerText, text, topLeft);
+    const QRectF caret(topLeft.x() + text.size.width() + 3.0, middle - 9.0, 1.5, 18.0);
+    sketch.fill(PreviewInk::ComposerText, caret, 0.75);
+    const QRectF written = QRectF(topLeft, text.size).united(caret);
+    sketch.area(PreviewElement::ComposerText, written.adjusted(-3.0, -1.0, 3.0, 1.0), 3.0);
 
     const QPointF center(PreviewSketch::width - 27.0, middle);
     QPainterPath button;
@@ -232,6 +234,6 @@ PreviewSketch sketchedConversation(const PreviewPalette &layout)
     back.lineTo(tip + QPointF(8.0, 8.5));
     sketch.stroke(PreviewInk::BarText, back, 2.5);
     sketch.area(PreviewElement::NavigationTitle,
-                QRectF(tip - QPointF(5.0, 14.0), QSizeF(22.0, 28.0)));
+                QRectF(tip - QPointF(5.0, 14.0), QSizeF(22.0, 28.0)), 3.0);
     return sketch;
 }

@@ -110,7 +110,7 @@ void sketchBarButtons(PreviewSketch &sketch)
     pen.lineTo(center + QPointF(8.5, -8.5));
     sketch.stroke(PreviewInk::BarText, pen, 2.8);
     sketch.area(PreviewElement::NavigationTitle,
-                QRectF(center - QPointF(13.0, 13.0), QSizeF(26.0, 26.0)));
+                QRectF(center - QPointF(13.0, 13.0), QSizeF(26.0, 26.0)), 3.0);
 }
 } // namespace
 

@@ -31,7 +31,7 @@ constexpr StandIn standIns[] = {
     {PreviewElement::ComposerBackground, 0xFFF1F2F4, 0xFF1E2125}, // parts from the ground, barely
     {PreviewElement::ComposerText, 0xFF1B1E22, 0xFFEEF0F2},
     {PreviewElement::SendButton, 0xFF8A9199, 0xFF7B828A}, // a button, in no colour
-    // Pictures of a theme have no transparency, and the packages of a removed colour are black.
+    // Pictures of a theme have no transparency: a save writes those of a removed colour in black.
     {PreviewElement::ListBackground, black, black},
     {PreviewElement::UnreadIndicator, black, black},
     {PreviewElement::ListName, 0xFF1B1E22, 0xFFEEF0F2},

@@ -104,9 +104,9 @@ std::vector<PreviewScene::Part> PreviewScene::parts(PreviewScreen screen) const
 {
     std::vector<Part> parts;
     for (int index = 0; index < previewElementCount; ++index) {
-        QPainterPath path = outline(screen, PreviewElement(index));
+        const QPainterPath path = outline(screen, PreviewElement(index));
         if (!path.isEmpty())
-            parts.push_back({keyOf(PreviewElement(index)), std::move(path)});
+            parts.push_back({keyOf(PreviewElement(index)), path});
     }
     std::ranges::stable_sort(parts, {}, [](const Part &part) {
         const QRectF bounds = part.outline.boundingRect();

@@ -3,8 +3,6 @@
 #include <QCoreApplication>
 #include <QPainterPathStroker>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
 QPainterPath pathOf(const QRectF &rect, double radius = 0.0)
@@ -61,9 +59,9 @@ void PreviewSketch::area(PreviewElement element, const QPainterPath &path)
         _areas.push_back({element, seen, true});
 }
 
-void PreviewSketch::area(PreviewElement element, const QRectF &rect)
+void PreviewSketch::area(PreviewElement element, const QRectF &rect, double radius)
 {
-    area(element, pathOf(rect));
+    area(element, pathOf(rect, radius));
 }
 
 void PreviewSketch::effect(PreviewElement element, const QPainterPath &path)

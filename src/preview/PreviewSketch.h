@@ -46,7 +46,7 @@ public:
     void text(PreviewInk ink, PreviewElement element, const PreviewText &text, QPointF topLeft);
 
     void area(PreviewElement element, const QPainterPath &path);
-    void area(PreviewElement element, const QRectF &rect);
+    void area(PreviewElement element, const QRectF &rect, double radius = 0.0);
     /// An area that a point does not find.
     void effect(PreviewElement element, const QPainterPath &path);
 

@@ -58,17 +58,17 @@ QRgb pixelAt(const QImage &picture, QPointF point)
 /// Points where an element is on top, and around them as well; by key.
 QHash<QString, std::vector<QPointF>> pointsByKey(const PreviewScene &scene, PreviewScreen screen)
 {
-    constexpr int width = 320, height = 568;
+    constexpr size_t width = 320, height = 568;
     std::vector<QString> keys;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            keys.push_back(scene.keyAt(screen, {x + 0.5, y + 0.5}).value());
+    for (size_t y = 0; y < height; ++y)
+        for (size_t x = 0; x < width; ++x)
+            keys.push_back(scene.keyAt(screen, {double(x) + 0.5, double(y) + 0.5}).value());
     QHash<QString, std::vector<QPointF>> points;
-    for (int y = 1; y < height - 1; ++y)
-        for (int x = 1; x < width - 1; ++x) {
-            const QString *key = &keys[size_t(y * width + x)];
-            if (key[-1] == *key && key[1] == *key && key[-width] == *key && key[width] == *key)
-                points[*key].emplace_back(x + 0.5, y + 0.5);
+    for (size_t y = 1; y < height - 1; ++y)
+        for (size_t x = 1; x < width - 1; ++x) {
+            const QString *key = &keys[y * width + x];
+            if (key[-1] == *key && key[1] == *key && *(key - width) == *key && key[width] == *key)
+                points[*key].emplace_back(double(x) + 0.5, double(y) + 0.5);
         }
     return points;
 }
