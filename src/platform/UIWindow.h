@@ -49,6 +49,7 @@ public:
     /// What stands beside the stage where the window is wide enough. Its view is made when the
     /// window has shown its first frame.
     void setPaneViewController(std::shared_ptr<UIViewController> controller);
+    UIViewController *paneViewController() const { return _pane.get(); }
     /// Whether the pane may be there; true unless set.
     void setPaneWanted(bool isWanted);
     bool isPaneWanted() const { return _isPaneWanted; }

@@ -119,13 +119,15 @@ private:
     {
         _sketch.fill(tint.balloon, path);
         _sketch.stroke(PreviewInk::BalloonEdge, path, 0.5);
-        // The upper half is more the first colour's, the lower half the second's.
+        // Both colours go through the whole balloon, but the upper half is more the first one's.
         const QRectF whole = path.boundingRect();
         QRectF half(whole.topLeft(), QSizeF(whole.width(), whole.height() / 2.0));
         for (const int step : {0, 1}) {
             QPainterPath cut;
             cut.addRect(half);
-            _sketch.area(PreviewElement(int(tint.first) + step), path.intersected(cut));
+            const auto element = PreviewElement(int(tint.first) + step);
+            _sketch.target(element, path.intersected(cut));
+            _sketch.effect(element, path);
             half.moveTop(half.bottom());
         }
         _sketch.area(PreviewElement::BalloonCorners, path.intersected(cornersOf(rect)));

@@ -88,7 +88,7 @@ QPainterPath PreviewScene::outline(PreviewScreen screen, PreviewElement element)
     QPainterPath whole;
     whole.setFillRule(Qt::WindingFill);
     for (const PreviewArea &area : sketch(screen).areas()) {
-        if (area.element == element)
+        if (area.element == element && area.isOutlined)
             whole.addPath(area.path); // no two of them overlap
     }
     return whole;

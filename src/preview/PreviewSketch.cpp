@@ -72,6 +72,14 @@ void PreviewSketch::effect(PreviewElement element, const QPainterPath &path)
         _areas.back().takesPoints = false;
 }
 
+void PreviewSketch::target(PreviewElement element, const QPainterPath &path)
+{
+    const size_t before = _areas.size();
+    area(element, path);
+    if (_areas.size() > before)
+        _areas.back().isOutlined = false;
+}
+
 void PreviewSketch::bar(const QString &title)
 {
     const QRectF rect(0.0, 0.0, width, barBottom);

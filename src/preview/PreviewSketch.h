@@ -23,7 +23,8 @@ struct PreviewShape {
 struct PreviewArea {
     PreviewElement element;
     QPainterPath path;
-    bool takesPoints; // else it only shows where the element has its effect
+    bool takesPoints = true; // a point finds the element here
+    bool isOutlined = true;  // the element has its effect here
 };
 
 class PreviewSketch
@@ -49,6 +50,8 @@ public:
     void area(PreviewElement element, const QRectF &rect, double radius = 0.0);
     /// An area that a point does not find.
     void effect(PreviewElement element, const QPainterPath &path);
+    /// One that a point finds, of an element whose effect reaches further.
+    void target(PreviewElement element, const QPainterPath &path);
 
     /// What scrolls is under the bars outside of this rectangle, and no area reaches there.
     void setViewport(const QRectF &viewport) { _viewport = viewport; }

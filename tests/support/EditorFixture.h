@@ -54,9 +54,13 @@ protected:
     /// Starts the program, or starts it again, as after a restart.
     void start(QSize size = {320, 568}, AppDelegate::Root root = AppDelegate::Root::Editor)
     {
-        stop();
         UIScreen::mainScreen().setSize(size);
-        _app = std::make_unique<AppDelegate>(folders(), AppDelegate::Start{root});
+        start(AppDelegate::Start{root});
+    }
+    void start(const AppDelegate::Start &how)
+    {
+        stop();
+        _app = std::make_unique<AppDelegate>(folders(), how);
         ASSERT_TRUE(_app->didFinishLaunchingWithOptions());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
         settle();

@@ -44,7 +44,7 @@ bool AppDelegate::didFinishLaunchingWithOptions()
 
 std::optional<QSize> AppDelegate::wideWindow()
 {
-    constexpr QSize comfortable(1000, 660), narrowest(640, 568);
+    constexpr QSize comfortable(1100, 660), narrowest(640, 568);
     const QSize room = QGuiApplication::primaryScreen()->availableSize();
     const QSize size = comfortable.boundedTo(room);
     return size.expandedTo(narrowest) == size ? std::optional(size) : std::nullopt;

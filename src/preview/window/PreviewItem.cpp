@@ -49,9 +49,10 @@ void PreviewItem::setMessageList(bool isMessageList)
     emit partsChanged();
 }
 
-double PreviewItem::scaleOfScene() const
+QTransform PreviewItem::fromScene() const
 {
-    return width() / PreviewScene::screenSize.width();
+    const QSizeF scene = PreviewScene::screenSize;
+    return QTransform::fromScale(width() / scene.width(), height() / scene.height());
 }
 
 void PreviewItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
@@ -65,16 +66,13 @@ void PreviewItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeo
 
 void PreviewItem::repaint(const QRegion &region)
 {
-    const QRectF bounds = region.boundingRect();
-    const double scale = scaleOfScene();
-    update(QRectF(bounds.topLeft() * scale, bounds.size() * scale)
-               .toAlignedRect()
-               .adjusted(-1, -1, 1, 1));
+    update(
+        fromScene().mapRect(QRectF(region.boundingRect())).toAlignedRect().adjusted(-1, -1, 1, 1));
 }
 
 void PreviewItem::repaintOutlines()
 {
-    if (!_model || width() <= 0.0)
+    if (!_model || size().isEmpty())
         return;
     constexpr double room = 2.0 * outlineWidth;
     const QRectF now = _model->scene().outline(_screen, outlined()).boundingRect();
@@ -91,13 +89,12 @@ QString PreviewItem::outlined() const
 
 void PreviewItem::paint(QPainter *painter)
 {
-    const double scale = scaleOfScene();
-    if (!_model || scale <= 0.0)
+    if (!_model || size().isEmpty())
         return;
     const QRectF all({}, PreviewScene::screenSize);
     const auto draw = [&](QPainter &target) {
         target.setRenderHint(QPainter::Antialiasing);
-        target.scale(scale, scale);
+        target.setTransform(fromScene(), true);
         const QRectF clip = target.hasClipping() ? target.clipBoundingRect() & all : all;
         _model->scene().paint(target, _screen, _model->palette(), clip.toAlignedRect());
         paintOutline(target, outlined());
@@ -128,22 +125,19 @@ void PreviewItem::paintOutline(QPainter &painter, const QString &key) const
 QVariantList PreviewItem::parts() const
 {
     QVariantList parts;
-    const double scale = scaleOfScene();
-    if (!_model || scale <= 0.0)
+    if (!_model || size().isEmpty())
         return parts;
     for (const PreviewScene::Part &part : _model->scene().parts(_screen)) {
-        const QRectF bounds = part.outline.boundingRect();
-        parts.append(
-            QVariantMap{{"key", part.key},
-                        {"name", _model->nameOf(part.key)},
-                        {"frame", QRectF(bounds.topLeft() * scale, bounds.size() * scale)}});
+        parts.append(QVariantMap{{"key", part.key},
+                                 {"name", _model->nameOf(part.key)},
+                                 {"frame", fromScene().mapRect(part.outline.boundingRect())}});
     }
     return parts;
 }
 
 QString PreviewItem::keyAt(QPointF point) const
 {
-    return _model->scene().keyAt(_screen, point / scaleOfScene()).value_or(QString());
+    return _model->scene().keyAt(_screen, fromScene().inverted().map(point)).value_or(QString());
 }
 
 void PreviewItem::hoverMoveEvent(QHoverEvent *event)

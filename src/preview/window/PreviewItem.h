@@ -8,6 +8,7 @@
 #include "preview/window/PreviewModel.h"
 
 #include <QQuickPaintedItem>
+#include <QTransform>
 
 class PreviewItem : public QQuickPaintedItem
 {
@@ -30,8 +31,8 @@ public:
     QVariantList parts() const;
     Q_INVOKABLE void choose(const QString &key) { _model->choose(key); }
 
-    /// Points of the item to points of the screen that it shows.
-    double scaleOfScene() const;
+    /// From points of the scene to points of the item.
+    QTransform fromScene() const;
     void paint(QPainter *painter) override;
 
 signals:

@@ -49,7 +49,8 @@ public:
     void setAttention(const QString &key);
     /// The key under the pointer or the keyboard's focus in a preview; empty for none.
     void point(const QString &key);
-    /// The element that is pointed at or that the editor is at, in words; for none, what can be done.
+    /// The element that is pointed at or that the editor is at, in words; for none, what can be
+    /// done.
     QString caption() const;
     /// The name of an element; its key where the document has none with that key.
     QString nameOf(const QString &key) const;

@@ -55,8 +55,7 @@ UIView {
                     text: segment.modelData
                     color: "#202428"
                     opacity: segment.pressed ? 0.5 : 1
-                    font.pixelSize: 13
-                    font.bold: segment.index === root.current
+                    font.pixelSize: 12
                     font.underline: segment.activeFocus
                     Accessible.ignored: true
                 }
