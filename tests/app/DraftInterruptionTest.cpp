@@ -20,11 +20,11 @@ struct DraftInterruptionTest : DraftFixture<ProgramFixture> {
 const QByteArray killAndBringBack = R"(
     at() { xdotool search --sync --onlyvisible --name ^Tintloom mousemove --window %1 $1 $2 click 1
            sleep 0.2; }
-    "$TINTLOOM" & until [ -e "$TINTLOOM_DOCUMENTS"/Drafts/*/Draft.plist ]; do
+    "$TINTLOOM" --screen 320x568 & until [ -e "$TINTLOOM_DOCUMENTS"/Drafts/*/Draft.plist ]; do
         at 200 73; at 160 40 # the first row, "Remove Color"
     done; kill -9 $!; wait $!
     draft=$(echo "$TINTLOOM_DOCUMENTS"/Drafts/*)
-    "$TINTLOOM" & while [ -e "$draft" ]; do at 48 498; done # "Bring Back"
+    "$TINTLOOM" --screen 320x568 & while [ -e "$draft" ]; do at 48 498; done # "Bring Back"
     until [ -e "$TINTLOOM_PACKAGE_ROOT"/Tintloom/Info.plist ]; do at 160 543; done # "Save Theme"
     kill $!; wait $!
 )";

@@ -21,7 +21,7 @@ Finished runAsNobody(const QString &home, QStringList command)
 
 /// Presses "Save Theme" in the program's window until the file is there.
 const QString pressSave = R"(
-    "$0" &
+    "$0" --screen 320x568 &
     until [ -e "$1" ]; do
         xdotool search --sync --onlyvisible --name '^Tintloom$' mousemove --window %1 160 543 click 1
         sleep 0.2
