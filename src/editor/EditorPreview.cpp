@@ -106,6 +106,7 @@ void EditorPreview::open(const QString &key)
         return;
     if (UIWindow::keyWindow()->presentedViewController())
         closePage();
+    _editor.tableView()->forceActiveFocus(); // keys, too, go where the choice is made
     _editor.tableView()->scrollToRow(row);
     _editor.tableView()->layoutIfNeeded();
     _editor.didSelectRowAtIndexPath(row);

@@ -235,7 +235,7 @@ void UIWindow::giveInputToTop()
 void UIWindow::keyPressEvent(QKeyEvent *event)
 {
     QQuickWindow::keyPressEvent(event);
-    if (!event->isAccepted() && _stage->isEnabled() && _rootViewController)
+    if (!event->isAccepted() && _stage->isEnabled() && !_presented && _rootViewController)
         event->setAccepted(_rootViewController->keyPressed(event->key(), event->modifiers()));
 }
 

@@ -74,7 +74,7 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
-    /// What no item has taken goes to the screen on top, unless a sheet or an alert is up.
+    /// What no item has taken goes to the screen on top, unless something lies over it.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -7,6 +7,7 @@ UIView {
 
     required property PreviewModel model
     required property string name
+    required property bool tabStop
     property alias messageList: screen.messageList
 
     Rectangle {
@@ -20,6 +21,7 @@ UIView {
 
         anchors.fill: parent
         model: root.model
+        activeFocusOnTab: root.tabStop
 
         Accessible.role: Accessible.Grouping
         Accessible.name: root.name

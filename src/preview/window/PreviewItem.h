@@ -30,6 +30,12 @@ public:
     /// for them are they kept in step.
     QVariantList parts() const;
     Q_INVOKABLE void choose(const QString &key) { _model->choose(key); }
+    /// What is chosen for the part; asked anew with each revision of the model.
+    Q_INVOKABLE QString describe(const QString &key, int revision) const
+    {
+        Q_UNUSED(revision)
+        return _model->choiceOf(key);
+    }
 
     /// From points of the scene to points of the item.
     QTransform fromScene() const;

@@ -30,6 +30,10 @@ void PreviewModel::updateElements(const std::vector<int> &indexes)
             return previewElementOf(_document->record(index).key).has_value();
         }))
         update();
+    if (!_passing) {
+        ++_revision;
+        emit revisionChanged();
+    }
 }
 
 void PreviewModel::updatePassing(int index)
@@ -106,6 +110,14 @@ QString PreviewModel::nameOf(const QString &key) const
 {
     const ElementRecord *record = recordOf(key);
     return record ? record->name : key;
+}
+
+QString PreviewModel::choiceOf(const QString &key) const
+{
+    const ElementRecord *record = recordOf(key);
+    if (!record)
+        return {};
+    return record->isChoice() ? record->shownOption() : record->shownColor().value_or(QString());
 }
 
 QString PreviewModel::caption() const

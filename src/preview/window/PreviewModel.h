@@ -23,6 +23,8 @@ class PreviewModel : public QObject
     Q_PROPERTY(QString caption READ caption NOTIFY captionChanged FINAL)
     Q_PROPERTY(int eyes READ eyesIndex WRITE setEyesIndex NOTIFY eyesChanged FINAL)
     Q_PROPERTY(bool interactive READ isInteractive NOTIFY interactiveChanged FINAL)
+    // Another number after each change of what is chosen.
+    Q_PROPERTY(int revision READ revision NOTIFY revisionChanged FINAL)
 
 public:
     /// Shows the document from now on, until another follows or the document is gone.
@@ -54,6 +56,9 @@ public:
     QString caption() const;
     /// The name of an element; its key where the document has none with that key.
     QString nameOf(const QString &key) const;
+    /// What is chosen for it, in words: its colour text or its option.
+    QString choiceOf(const QString &key) const;
+    int revision() const { return _revision; }
     /// A tap or Return on a part of a preview; nothing while not interactive.
     void choose(const QString &key);
 
@@ -64,6 +69,7 @@ signals:
     void laidOut();
     void eyesChanged();
     void interactiveChanged();
+    void revisionChanged();
     void attentionChanged();
     void captionChanged();
     /// The key of an element that the editor is to open.
@@ -82,6 +88,7 @@ private:
     std::unique_ptr<PreviewScene> _scene;
     Eyes _eyes = Eyes::Normal;
     bool _isInteractive = true;
+    int _revision = 0;
     QString _attention;
     QString _pointed;
 };

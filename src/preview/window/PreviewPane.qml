@@ -6,6 +6,8 @@ PreviewPage {
     id: root
 
     required property PreviewController controller
+    // While something lies over the editor, its keyboard stays there.
+    readonly property bool tabStop: controller.model.interactive || controller.closable
 
     caption: caption
     conversation: conversation
@@ -66,18 +68,21 @@ PreviewPage {
 
         model: root.controller.model
         name: qsTr("Conversation")
+        tabStop: root.tabStop
     }
     PreviewFrame {
         id: list
 
         model: root.controller.model
         name: qsTr("Message list")
+        tabStop: root.tabStop
         messageList: true
     }
     Segments {
         id: screens
 
         name: qsTr("Screen")
+        tabStop: root.tabStop
         titles: [qsTr("Conversation"), qsTr("Messages")]
         current: root.shownScreen
         onChosen: index => root.shownScreen = index
@@ -86,6 +91,7 @@ PreviewPage {
         id: eyes
 
         name: qsTr("As others see it")
+        tabStop: root.tabStop
         titles: [qsTr("Normal"), qsTr("Protan"), qsTr("Deutan"), qsTr("Tritan"), qsTr("Grey")]
         current: root.controller.model.eyes
         onChosen: index => root.controller.model.eyes = index

@@ -19,6 +19,7 @@ Repeater {
 
         Accessible.role: Accessible.Button
         Accessible.name: modelData.name
+        Accessible.description: root.screen.describe(modelData.key, root.screen.model.revision)
         Accessible.onPressAction: root.screen.choose(modelData.key)
     }
 }

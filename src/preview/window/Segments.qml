@@ -7,6 +7,7 @@ UIView {
 
     required property var titles
     required property string name
+    required property bool tabStop
     property int current: 0
 
     signal chosen(index: int)
@@ -36,6 +37,7 @@ UIView {
                 width: row.width / root.titles.length
                 height: row.height
                 title: modelData
+                activeFocusOnTab: root.tabStop
                 onTouchUpInside: root.chosen(index)
 
                 Accessible.role: Accessible.RadioButton
