@@ -4,6 +4,7 @@
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "catalogue/ThemeList.h"
+#include "catalogue/ThemePackage.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QBuffer>
@@ -41,17 +42,13 @@ Subject currentChoices(const CommandLine::Options &options)
 }
 
 /// Drawn as the editor would show it: what the package leaves out is the document's own.
-Subject package(const CommandLine::Options &options, const QString &folder)
+Subject packaged(const CommandLine::Options &options, const QString &folder)
 {
-    const QString path = folder + "/Info.plist"_L1;
-    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    const auto dictionary = error ? std::nullopt : PropertyList::readDictionary(bytes);
-    if (!dictionary) {
-        complain(u"cannot read %1: %2"_s.arg(path, error ? QString::fromStdString(error.message())
-                                                         : u"no property list"_s));
-        return {};
-    }
-    return checked(ElementDataSource::loadWith(options.resources, &*dictionary));
+    ThemePackage package = ThemePackage::read(options.resources, folder);
+    if (package.elements)
+        return checked(std::move(*package.elements));
+    complain(u"cannot read %1"_s.arg(package.problem));
+    return {};
 }
 
 /// The ready-made themes that can be drawn, and where they are: announced ones, too, as soon as
@@ -63,7 +60,7 @@ QMap<QString, QString> foldersOf(const ThemeList &list, const QString &resources
         for (int row = 0; row < list.numberOfRowsInSection(section); ++row) {
             const ThemeRecord &record = list.record(section, row);
             const auto folder = themeResourceFolder(resources, record.name);
-            if (folder && !record.isCustom() && !record.isOwnTheme() &&
+            if (folder && record.isReadyMade() &&
                 (record.active || NSFileManager::fileExistsAtPath(*folder)))
                 folders.insert(record.name, *folder);
         }
@@ -77,11 +74,11 @@ Subject theme(const CommandLine::Options &options)
     const ThemeList list = ThemeList::load(options.resources);
     const auto folders = foldersOf(list, options.resources);
     if (folders.contains(options.theme))
-        return package(options, folders[options.theme]);
+        return packaged(options, folders[options.theme]);
     using enum NSFileManager::Kind;
     const auto kind = NSFileManager::itemAtPath(options.theme).kind;
     if (kind == Folder || kind == Link)
-        return package(options, options.theme);
+        return packaged(options, options.theme);
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return {};

@@ -94,7 +94,7 @@ QStringList ThemeList::installableNames() const
 {
     QStringList names;
     for (const ThemeRecord *record : rows())
-        if (record->active && !record->isCustom() && !record->isOwnTheme())
+        if (record->active && record->isReadyMade())
             names.append(record->name);
     return names;
 }

@@ -28,6 +28,8 @@ struct ThemeRecord {
     /// The row that stands for the user's own theme.
     bool isOwnTheme() const { return name == ownTheme(); }
     static QString ownTheme() { return QStringLiteral("Build Your Own!"); }
+    /// It has a package in the resource folder, or will have one.
+    bool isReadyMade() const { return !isCustom() && !isOwnTheme(); }
     /// What stands under the name.
     QString subtitle() const;
 };

@@ -1,6 +1,7 @@
 #include "editor/EditorActions.h"
 
 #include "editor/CustomViewController.h"
+#include "preview/window/PreviewController.h"
 #include "theme/ColorNotation.h"
 
 #include <QClipboard>
@@ -52,7 +53,7 @@ Actions EditorActions::forTheme(CustomViewController &editor)
     EditorPreview *const preview = editor.preview();
     const bool isBeside = preview->model() && !preview->isOffered();
     actions.push_back({isBeside ? tr("Hide Preview") : tr("Preview"),
-                       [=] { preview->toggle(); },
+                       [=] { PreviewController::toggle(*preview->model()); },
                        preview->model() && !editor.isLoading(),
                        {Qt::CTRL | Qt::Key_P}});
     // Its strip may have made room for another one.

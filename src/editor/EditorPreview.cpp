@@ -74,25 +74,7 @@ void EditorPreview::showPage()
 {
     if (!isOffered() || _editor.isLoading())
         return;
-    const auto page = PreviewController::initPage(*_model);
-    connect(page.get(), &PreviewController::closeTapped, this, &EditorPreview::closePage);
-    UIWindow::keyWindow()->presentViewController(page);
-}
-
-void EditorPreview::closePage()
-{
-    // The page's own button may be telling.
-    QMetaObject::invokeMethod(
-        this, [] { UIWindow::keyWindow()->presentViewController(nullptr); }, Qt::QueuedConnection);
-}
-
-void EditorPreview::toggle()
-{
-    UIWindow *window = UIWindow::keyWindow();
-    if (window->hasRoomForPane())
-        window->setPaneWanted(!window->isPaneWanted());
-    else
-        showPage();
+    PreviewController::presentPage(*_model);
 }
 
 void EditorPreview::open(const QString &key)
@@ -105,7 +87,7 @@ void EditorPreview::open(const QString &key)
     if (!row.isValid())
         return;
     if (UIWindow::keyWindow()->presentedViewController())
-        closePage();
+        PreviewController::dismissPage();
     _editor.tableView()->forceActiveFocus(); // keys, too, go where the choice is made
     _editor.tableView()->scrollToRow(row);
     _editor.tableView()->layoutIfNeeded();

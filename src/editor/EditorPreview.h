@@ -33,8 +33,6 @@ public:
     bool isOffered() const;
     /// Lays the preview over the stage; nothing where none is offered.
     Q_INVOKABLE void showPage();
-    /// Brings the pane beside the stage, or takes it away; where there is no room, the page.
-    void toggle();
 
 signals:
     void offeredChanged();
@@ -42,7 +40,6 @@ signals:
 private:
     void updateAttention();
     void updateInteractive();
-    void closePage();
     void open(const QString &key);
 
     CustomViewController &_editor;

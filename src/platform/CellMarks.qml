@@ -8,6 +8,7 @@ Item {
     required property UITableViewCell cell
 
     anchors.fill: parent
+    z: 1
 
     Rectangle {
         anchors.fill: parent

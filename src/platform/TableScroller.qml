@@ -42,6 +42,12 @@ Flickable {
             acceptedButtons: Qt.RightButton
             onTapped: eventPoint => content.secondaryTap(eventPoint.position)
         }
+        HoverHandler {
+            id: pointer
+
+            onHoveredChanged: content.setHovered(pointer.hovered, pointer.point.position)
+            onPointChanged: content.setHovered(pointer.hovered, pointer.point.position)
+        }
     }
 
     // Shows how far the table has been scrolled, while it moves.

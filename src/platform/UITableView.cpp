@@ -53,6 +53,7 @@ void UITableView::setContentOffset(double offset)
         return;
     _contentOffset = offset;
     cancelTouches();
+    updateHoveredRow();
     emit contentOffsetChanged();
     polish();
 }
@@ -86,8 +87,11 @@ void UITableView::reloadData()
     for (int section = 0; section < sections; ++section)
         _sectionTops.push_back(_sectionTops.back() + headerHeight +
                                _dataSource->numberOfRowsInSection(section) * _rowHeight);
-    _selectedRow = _pressedRow = _currentRow = _flashingRow = {};
+    _selectedRow = _pressedRow = _flashingRow = {};
     emit contentHeightChanged();
+    if (std::exchange(_currentRow, NSIndexPath{}).isValid())
+        emit focusedRowChanged();
+    updateHoveredRow();
     polish();
 }
 
@@ -95,6 +99,14 @@ UITableViewCell *UITableView::cellForRowAtIndexPath(NSIndexPath indexPath) const
 {
     const auto found = _visibleCells.find(indexPath);
     return found == _visibleCells.end() ? nullptr : found->second;
+}
+
+std::vector<NSIndexPath> UITableView::indexPathsForVisibleRows() const
+{
+    std::vector<NSIndexPath> rows;
+    for (const auto &entry : _visibleCells)
+        rows.push_back(entry.first);
+    return rows;
 }
 
 NSIndexPath UITableView::indexPathForCell(const UITableViewCell *cell) const
@@ -268,57 +280,6 @@ void UITableView::deselectRow(NSIndexPath indexPath, bool animated)
         _selectedRow = {};
     if (UITableViewCell *cell = cellForRowAtIndexPath(indexPath))
         cell->setSelected(false, animated);
-}
-
-NSIndexPath UITableView::touchable(NSIndexPath indexPath) const
-{
-    const UITableViewCell *cell = cellForRowAtIndexPath(indexPath);
-    return cell && !cell->isUserInteractionEnabled() ? NSIndexPath{} : indexPath;
-}
-
-void UITableView::setPressed(bool pressed, QPointF point)
-{
-    const NSIndexPath row =
-        pressed && _allowsSelection ? touchable(rowAt(point.y())) : NSIndexPath{};
-    if (UITableViewCell *cell = std::exchange(_touchedCell, nullptr))
-        cell->touchesEnded();
-    if (row == _pressedRow)
-        return;
-    if (UITableViewCell *cell = cellForRowAtIndexPath(_pressedRow))
-        cell->setSelected(_pressedRow == _selectedRow, true);
-    _pressedRow = row;
-    if (UITableViewCell *cell = cellForRowAtIndexPath(row)) {
-        cell->setSelected(true, false);
-        _touchedCell = cell;
-        cell->touchesBegan();
-    }
-}
-
-void UITableView::cancelTouches()
-{
-    if (UITableViewCell *cell = std::exchange(_touchedCell, nullptr))
-        cell->touchesCancelled();
-}
-
-void UITableView::tap(QPointF point)
-{
-    setCurrentRow({});
-    if (!_touchedCell || !_touchedCell->isLongPressed())
-        selectRow(touchable(rowAt(point.y())));
-}
-
-void UITableView::secondaryTap(QPointF point)
-{
-    setCurrentRow({});
-    if (_allowsSelection)
-        openMenu(touchable(rowAt(point.y())));
-}
-
-void UITableView::openMenu(NSIndexPath indexPath)
-{
-    UITableViewCell *cell = cellForRowAtIndexPath(indexPath);
-    if (cell && !(_delegate && _delegate->showMenuForRowAtIndexPath(indexPath)))
-        cell->longPress();
 }
 
 void UITableView::flashRow(NSIndexPath indexPath)

@@ -24,6 +24,7 @@
 #include <QTimer>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 class UITableView;
@@ -86,6 +87,8 @@ public:
     void reloadData();
     /// The cell that shows a row, or null when the row is out of sight.
     UITableViewCell *cellForRowAtIndexPath(NSIndexPath indexPath) const;
+    /// The rows that have cells, from the top.
+    std::vector<NSIndexPath> indexPathsForVisibleRows() const;
     /// The row that a cell shows now; invalid when it shows none.
     NSIndexPath indexPathForCell(const UITableViewCell *cell) const;
     /// A cell that has left the screen, oldest first, as it was; null when there is none.
@@ -113,6 +116,8 @@ public:
     Q_INVOKABLE void tap(QPointF point);
     /// A click of the other button: the row's menu, or what a long press does.
     Q_INVOKABLE void secondaryTap(QPointF point);
+    /// Follows a pointer that is over the table, or has left it.
+    Q_INVOKABLE void setHovered(bool hovered, QPointF point);
 
     /// Brings a row into sight below the sticking header and above the inset.
     void scrollToRow(NSIndexPath indexPath);
@@ -132,6 +137,9 @@ public:
     /// The row that has the keyboard; invalid for none.
     NSIndexPath focusedRow() const { return hasActiveFocus() ? _currentRow : NSIndexPath(); }
 
+    /// The row under the pointer; invalid for none.
+    NSIndexPath hoveredRow() const { return _hoveredRow; }
+
     void layoutSubviews() override { polish(); }
 
 signals:
@@ -144,6 +152,8 @@ signals:
     void scrollRequested(double offset);
     /// The row that has the keyboard is another one, or none any more.
     void focusedRowChanged();
+    /// Another row is under the pointer, or none any more.
+    void hoveredRowChanged();
 
 protected:
     void updatePolish() override;
@@ -159,6 +169,7 @@ private:
     NSIndexPath touchable(NSIndexPath indexPath) const;
     bool isMarked(NSIndexPath indexPath) const;
     void cancelTouches();
+    void updateHoveredRow();
     enum class RowPress { Tap, Long, Menu };
     void pressCurrentRow(RowPress press);
     int sectionAt(double y) const;
@@ -192,5 +203,7 @@ private:
     UITableViewCell *_touchedCell = nullptr; // while a finger rests on it
     NSIndexPath _currentRow;                 // the keyboard's; none until a key has been used
     NSIndexPath _flashingRow;
+    std::optional<double> _hover; // the pointer's distance from the top of the bounds
+    NSIndexPath _hoveredRow;
     QTimer _flash{this}; // named "flash"
 };

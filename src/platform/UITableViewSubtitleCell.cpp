@@ -2,6 +2,11 @@
 
 #include "platform/QMLViews.h"
 
+namespace
+{
+constexpr double accessoryWidth = 36.0;
+} // namespace
+
 UITableViewSubtitleCell::UITableViewSubtitleCell(QQuickItem *parent) : UITableViewCell(parent)
 {
     connect(&_detailTextLabel, &UILabel::textChanged, this, [this] { layoutSubviews(); });
@@ -43,12 +48,36 @@ QString UITableViewSubtitleCell::accessoryName() const
     return {};
 }
 
+void UITableViewSubtitleCell::setPicture(const QImage &pixels, double scale)
+{
+    if (picture().cacheKey() == pixels.cacheKey())
+        return;
+    if (!_picture)
+        _picture = new CALayer(this);
+    _picture->setPixels(pixels, scale);
+    _pictureSize = pixels.isNull() ? QSizeF(0.0, 0.0) : QSizeF(pixels.size()) / scale;
+    layoutSubviews();
+}
+
+QRectF UITableViewSubtitleCell::pictureFrame() const
+{
+    const QPointF topLeft(width() - accessoryWidth - _pictureSize.width(),
+                          (height() - _pictureSize.height()) / 2.0);
+    return {topLeft, _pictureSize};
+}
+
 void UITableViewSubtitleCell::layoutSubviews()
 {
     constexpr double margin = 15.0;
-    constexpr double accessory = 36.0;
     constexpr double details = 19.0;
-    const double textWidth = width() - margin - accessory;
+    constexpr double gap = 8.0;
+    double textRight = width() - accessoryWidth;
+    if (const QRectF frame = pictureFrame(); !frame.isEmpty()) {
+        _picture->setPosition(frame.topLeft());
+        _picture->setSize(frame.size());
+        textRight = frame.left() - gap;
+    }
+    const double textWidth = textRight - margin;
     if (_detailTextLabel.text().isEmpty()) {
         _textLabel.setFrame({margin, 0.0, textWidth, height()});
         return;

@@ -1,7 +1,9 @@
 // The toolkit's own cell in its subtitle style: a title, a smaller line of details under it, and
-// room for the accessory. Without details the title stands in the middle.
+// room for the accessory. Without details the title stands in the middle. A picture may stand left
+// of the accessory; texts stay where they are, but end before it.
 #pragma once
 
+#include "platform/CALayer.h"
 #include "platform/UILabel.h"
 #include "platform/UITableViewCell.h"
 
@@ -28,9 +30,18 @@ public:
     QString accessoryText() const;
     QString accessoryName() const;
 
+    /// Pixels, at so many per point; they may be shared. A null image takes the picture away.
+    void setPicture(const QImage &pixels, double scale);
+    /// Pixels of the picture; null without one.
+    QImage picture() const { return _picture ? _picture->pixels() : QImage(); }
+    /// Where the picture stands, in points; empty without one.
+    QRectF pictureFrame() const;
+
     void layoutSubviews() override;
 
 private:
     UILabel _textLabel;
     UILabel _detailTextLabel;
+    CALayer *_picture = nullptr; // made for the first picture
+    QSizeF _pictureSize{0.0, 0.0};
 };

@@ -1,6 +1,5 @@
 #include "preview/PreviewScene.h"
 
-#include <QLinearGradient>
 #include <QPainter>
 
 #include <algorithm>
@@ -9,32 +8,10 @@ namespace
 {
 constexpr QRect wholeScreen(0, 0, int(PreviewSketch::width), int(PreviewSketch::height));
 
-QBrush brushOf(const PreviewFill &fill, const QRectF &bounds)
-{
-    const QColor top = QColor::fromRgba(fill.top);
-    if (fill.top == fill.bottom)
-        return top;
-    QLinearGradient gradient(bounds.topLeft(), bounds.bottomLeft());
-    gradient.setColorAt(0.0, top);
-    gradient.setColorAt(1.0, QColor::fromRgba(fill.bottom));
-    return gradient;
-}
-
 /// With room for soft edges.
 QRect pixelsOf(const PreviewShape &shape)
 {
     return shape.bounds.toAlignedRect().adjusted(-1, -1, 1, 1);
-}
-
-void paintShape(QPainter &painter, const PreviewShape &shape, const PreviewFill &fill)
-{
-    if (shape.glyphs.isEmpty()) {
-        painter.fillPath(shape.path, brushOf(fill, shape.bounds));
-        return;
-    }
-    painter.setPen(QColor::fromRgba(fill.top));
-    for (const QGlyphRun &run : shape.glyphs)
-        painter.drawGlyphRun(shape.origin, run);
 }
 } // namespace
 

@@ -1,6 +1,8 @@
 #include "preview/PreviewSketch.h"
 
 #include <QCoreApplication>
+#include <QLinearGradient>
+#include <QPainter>
 #include <QPainterPathStroker>
 
 namespace
@@ -14,7 +16,29 @@ QPainterPath pathOf(const QRectF &rect, double radius = 0.0)
         path.addRect(rect);
     return path;
 }
+
+QBrush brushOf(const PreviewFill &fill, const QRectF &bounds)
+{
+    const QColor top = QColor::fromRgba(fill.top);
+    if (fill.top == fill.bottom)
+        return top;
+    QLinearGradient gradient(bounds.topLeft(), bounds.bottomLeft());
+    gradient.setColorAt(0.0, top);
+    gradient.setColorAt(1.0, QColor::fromRgba(fill.bottom));
+    return gradient;
+}
 } // namespace
+
+void paintShape(QPainter &painter, const PreviewShape &shape, const PreviewFill &fill)
+{
+    if (shape.glyphs.isEmpty()) {
+        painter.fillPath(shape.path, brushOf(fill, shape.bounds));
+        return;
+    }
+    painter.setPen(QColor::fromRgba(fill.top));
+    for (const QGlyphRun &run : shape.glyphs)
+        painter.drawGlyphRun(shape.origin, run);
+}
 
 void PreviewSketch::fill(PreviewInk ink, const QPainterPath &path)
 {

@@ -12,6 +12,8 @@
 
 #include <vector>
 
+class QPainter;
+
 struct PreviewShape {
     PreviewInk ink;
     QPainterPath path;       // to be filled; empty for text
@@ -19,6 +21,9 @@ struct PreviewShape {
     QPointF origin;
     QRectF bounds; // outside of which nothing is painted
 };
+
+/// One unit of the painter to a point. Text is the only thing that needs a QGuiApplication.
+void paintShape(QPainter &painter, const PreviewShape &shape, const PreviewFill &fill);
 
 struct PreviewArea {
     PreviewElement element;

@@ -197,3 +197,21 @@ TEST_F(UITableViewTest, ALongPressFiresOnceUnlessTheFingerLeaves)
     table.tap(point);
     EXPECT_EQ(selected, (std::vector<NSIndexPath>{{0, 1}}));
 }
+
+TEST_F(UITableViewTest, TellsTheRowUnderThePointerAlsoWhileTheContentMoves)
+{
+    show({3, 0, 20});
+    std::vector<NSIndexPath> heard;
+    QObject::connect(&table, &UITableView::hoveredRowChanged,
+                     [&] { heard.push_back(table.hoveredRow()); });
+    table.setHovered(true, table.rectForRow({0, 1}).center());
+    table.setHovered(true, table.rectForRow({0, 1}).center() + QPointF(9.0, 9.0));
+    scrollTo(30.0); // 50 further than at rest
+    scrollTo(-20.0);
+    table.setHovered(true, table.rectForHeader(0).center());
+    table.setHovered(true, table.rectForRow({2, 0}).center());
+    sections.clear();
+    table.reloadData();
+    table.setHovered(false, {});
+    EXPECT_EQ(heard, (std::vector<NSIndexPath>{{0, 1}, {0, 2}, {0, 1}, {}, {2, 0}, {}}));
+}

@@ -12,3 +12,10 @@ void CataloguePage::setListOpacity(double opacity)
     _hiddenView->setOpacity(opacity);
     _tableView->setOpacity(opacity);
 }
+
+void CataloguePage::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    ScreenPage::itemChange(change, data);
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+        emit devicePixelRatioChanged();
+}

@@ -20,6 +20,13 @@ public:
     /// Of everything that the list consists of.
     void setListOpacity(double opacity);
 
+signals:
+    /// The page has come into a window, or to a screen of another density.
+    void devicePixelRatioChanged();
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+
 private:
     UIView *_hiddenView = nullptr;
     UIView *_appVersion = nullptr;

@@ -5,6 +5,8 @@
 #include "platform/UITableViewSubtitleCell.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
+#include "preview/window/PreviewController.h"
+#include "views/Action.h"
 #include "views/SectionHeader.h"
 
 #include <QCoreApplication>
@@ -50,6 +52,7 @@ void MainViewController::viewDidLoad()
     _overlays->setView(page<CataloguePage>(), *engine());
     _tableView = page<CataloguePage>().table;
     _saving.setTable(_tableView);
+    _preview.viewDidLoad(page<CataloguePage>());
     _tableView->setDelegate(this);
     _tableView->setDataSource(this);
     _tableView->setContentInset(0.0, 0.0);
@@ -59,6 +62,21 @@ void MainViewController::viewWillAppear(bool)
 {
     navigationController()->setNavigationBarHidden(true);
     page<CataloguePage>().setListOpacity(1.0);
+}
+
+void MainViewController::viewDidAppear(bool)
+{
+    _preview.viewDidAppear(document());
+}
+
+void MainViewController::viewWillDisappear(bool)
+{
+    _preview.viewWillDisappear();
+}
+
+ThemeDocument *MainViewController::document() const
+{
+    return _customViewController ? &_customViewController->document() : nullptr;
 }
 
 void MainViewController::viewDidLayoutSubviews()
@@ -136,6 +154,7 @@ UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
         cell->setSelectionStyle(UITableViewCell::SelectionStyle::None);
     if (!record.isOwnTheme())
         cell->setUserInteractionEnabled(record.active);
+    _preview.showPicture(*cell, record);
     return cell;
 }
 
@@ -159,6 +178,16 @@ void MainViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
                                                QStringList{"Cancel", "OK"});
     alert->setTag(InstallTag);
     showAlert(std::move(alert));
+}
+
+bool MainViewController::keyPressed(int key, Qt::KeyboardModifiers modifiers)
+{
+    PreviewModel *const model = _preview.model();
+    const Action preview{tr("Preview"),
+                         [model] { PreviewController::toggle(*model); },
+                         model && !_overlays->isLoading(),
+                         {Qt::CTRL | Qt::Key_P}};
+    return performShortcut({preview}, key, modifiers);
 }
 
 void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer &gesture)
@@ -191,7 +220,7 @@ void MainViewController::openEditor(bool colorsBar)
 {
     if (!_customViewController)
         _customViewController = CustomViewController::initFromMainView(_folders);
-    _customViewController->preview()->setModel(_preview);
+    _customViewController->preview()->setModel(_preview.model());
     if (_customViewController->source().status() == ElementDataSource::Status::Unusable) {
         QCoreApplication::exit(EXIT_FAILURE); // as a start into the editor does; the log says why
         return;
@@ -276,7 +305,9 @@ void MainViewController::editPredefinedTheme()
 
 void MainViewController::finishEditing(const ThemeInstallation &installation, const QString &theme)
 {
-    if (!finishCopying(installation, ThemeRecord::ownTheme()))
+    const bool isDone = finishCopying(installation, ThemeRecord::ownTheme());
+    _preview.followChoices(document());
+    if (!isDone)
         return;
     auto alert = std::make_unique<UIAlertView>(
         "Saved", QString("%1 has been saved as your custom theme.").arg(theme), self(),

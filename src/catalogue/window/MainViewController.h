@@ -12,6 +12,7 @@
 #include "catalogue/ThemeInstallation.h"
 #include "catalogue/ThemeList.h"
 #include "catalogue/window/CatalogueLayout.h"
+#include "catalogue/window/CataloguePreview.h"
 #include "editor/CustomViewController.h"
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
@@ -43,6 +44,8 @@ public:
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
+    void viewDidAppear(bool animated) override;
+    void viewWillDisappear(bool animated) override;
     void viewDidLayoutSubviews() override;
     void prepareForTermination() override;
     void applicationShouldBecomeActive();
@@ -55,6 +58,7 @@ public:
     void willDisplayHeaderView(UITableViewHeader &header, int section) override;
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
+    bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override;
     void handleLongCellPress(const UILongPressGestureRecognizer &gesture);
     void clickedButtonAtIndex(UIAlertView &alertView, int buttonIndex) override;
 
@@ -78,8 +82,10 @@ public:
     QQuickItem *loadingLabel() const { return _overlays->loadingLabel(); }
     QQuickItem *spinningIndicator() const { return _overlays->spinningIndicator(); }
     ScreenOverlays *overlays() const { return _overlays; }
-    /// The previews that follow the editors opened from here; null: none.
-    void setPreview(PreviewModel *preview) { _preview = preview; }
+    /// The previews that follow the list, and the editors opened from here; null: none. Set it
+    /// before the view is loaded.
+    void setPreview(PreviewModel *preview) { _preview.setModel(preview); }
+    CataloguePreview &preview() { return _preview; }
     /// The alert that the screen showed last, until it has been answered.
     UIAlertView *alertView() const { return _alertView; }
     const std::shared_ptr<CustomViewController> &customViewController() const
@@ -97,6 +103,8 @@ private:
     explicit MainViewController(const EditorFolders &folders);
     void install();
     std::shared_ptr<MainViewController> self();
+    /// The editor's, if there is one.
+    ThemeDocument *document() const;
     void openEditor(bool colorsBar);
     using BeginCopy = std::function<ThemeInstallation(
         const QString &resources, const QString &theme, const ThemeLocations &locations)>;
@@ -115,11 +123,11 @@ private:
     SelectedTheme _selectedTheme;
     QString _clickedTheme;
     ThemeList _tableSource;
+    CataloguePreview _preview{_folders, _tableSource};
     std::shared_ptr<CustomViewController> _customViewController; // made at first need
     CatalogueLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     QPointer<UIAlertView> _alertView;
-    QPointer<PreviewModel> _preview;
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
 };

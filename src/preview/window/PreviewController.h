@@ -17,6 +17,14 @@ public:
     static std::shared_ptr<PreviewController> initPane(PreviewModel &model);
     static std::shared_ptr<PreviewController> initPage(PreviewModel &model);
 
+    // In the key window.
+    /// Lays the page over the stage, until its button or Escape closes it.
+    static void presentPage(PreviewModel &model);
+    /// Takes it away, after whatever is being done now.
+    static void dismissPage();
+    /// Brings the pane beside the stage, or takes it away; where there is no room, the page.
+    static void toggle(PreviewModel &model);
+
     PreviewModel *model() const { return &_model; }
     bool isClosable() const { return _isClosable; }
 

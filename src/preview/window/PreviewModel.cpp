@@ -9,6 +9,7 @@ void PreviewModel::follow(ThemeDocument *document)
         _document->disconnect(this);
     _document = document;
     _instead.reset();
+    _name.clear();
     _passing.reset();
     if (document) {
         connect(document, &ThemeDocument::changed, this, &PreviewModel::updateElements);
@@ -18,10 +19,12 @@ void PreviewModel::follow(ThemeDocument *document)
     emit captionChanged();
 }
 
-void PreviewModel::showInstead(const std::optional<PreviewPalette> &palette)
+void PreviewModel::showInstead(const std::optional<PreviewPalette> &palette, const QString &name)
 {
     _instead = palette;
     update();
+    if (std::exchange(_name, name) != name)
+        emit captionChanged();
 }
 
 void PreviewModel::updateElements(const std::vector<int> &indexes)
@@ -122,6 +125,8 @@ QString PreviewModel::choiceOf(const QString &key) const
 
 QString PreviewModel::caption() const
 {
+    if (!_name.isEmpty())
+        return _name;
     const QString &key = _pointed.isEmpty() ? _attention : _pointed;
     return key.isEmpty() ? tr("Tap a part to change it") : nameOf(key);
 }

@@ -29,8 +29,9 @@ class PreviewModel : public QObject
 public:
     /// Shows the document from now on, until another follows or the document is gone.
     void follow(ThemeDocument *document);
-    /// Shows a theme instead; nothing: the document again.
-    void showInstead(const std::optional<PreviewPalette> &palette);
+    /// Shows a theme instead; nothing: the document again. With a name, that is the caption,
+    /// whatever is pointed at. Until a document is followed.
+    void showInstead(const std::optional<PreviewPalette> &palette, const QString &name = {});
 
     const PreviewPalette &palette() const { return _palette; }
     /// Suits the palette. Made when first asked for, because laying text out takes its time.
@@ -51,8 +52,8 @@ public:
     void setAttention(const QString &key);
     /// The key under the pointer or the keyboard's focus in a preview; empty for none.
     void point(const QString &key);
-    /// The element that is pointed at or that the editor is at, in words; for none, what can be
-    /// done.
+    /// The name of what is shown, if it was given one; else the element that is pointed at or that
+    /// the editor is at, in words; for none, what can be done.
     QString caption() const;
     /// The name of an element; its key where the document has none with that key.
     QString nameOf(const QString &key) const;
@@ -83,6 +84,7 @@ private:
 
     QPointer<ThemeDocument> _document;
     std::optional<PreviewPalette> _instead;
+    QString _name;
     std::optional<PreviewPalette::Passing> _passing;
     PreviewPalette _palette;
     std::unique_ptr<PreviewScene> _scene;

@@ -1,0 +1,60 @@
+#include "catalogue/ThemeLooks.h"
+
+#include "catalogue/ThemeList.h"
+#include "catalogue/ThemePackage.h"
+#include "platform/foundation/NSLog.h"
+#include "preview/PreviewThumbnail.h"
+
+namespace
+{
+// A picture takes some 20 KB. A list that is longer makes again what was seen long ago.
+constexpr qsizetype mostLooks = 400;
+
+ThemeLook lookOf(const QString &resources, const QString &theme, double scale)
+{
+    const auto folder = themeResourceFolder(resources, theme);
+    if (!folder)
+        return {};
+    const ThemePackage package = ThemePackage::read(resources, *folder);
+    if (!package.elements) {
+        if (!package.isMissing)
+            NSLog("No picture of a theme: %@", {package.problem});
+        return {};
+    }
+    if (package.elements->status() != ElementDataSource::Status::Loaded)
+        return {};
+    const PreviewPalette palette = PreviewPalette::fromElements(*package.elements);
+    return {palette, previewThumbnail(palette, scale)};
+}
+} // namespace
+
+ThemeLooks::ThemeLooks(QString resources) : _resources(std::move(resources)), _looks(mostLooks)
+{
+}
+
+ThemeLook ThemeLooks::look(const QString &theme, double scale)
+{
+    const Key key(theme, scale);
+    if (const ThemeLook *known = _looks.object(key))
+        return *known;
+    if (!_beingMade.contains(key))
+        make(key);
+    return {};
+}
+
+void ThemeLooks::make(const Key &key)
+{
+    _beingMade.insert(key);
+    _queue.async([this, key, resources = _resources, alive = std::weak_ptr<void>(_alive)] {
+        if (alive.expired())
+            return;
+        MainQueue::async([this, key, alive, look = lookOf(resources, key.first, key.second)] {
+            if (alive.expired()) // it dies on this thread, so that it now lives on
+                return;
+            _beingMade.remove(key);
+            _looks.insert(key, new ThemeLook(look));
+            if (look.palette)
+                emit ready(key.first);
+        });
+    });
+}

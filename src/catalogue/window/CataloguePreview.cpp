@@ -1,0 +1,112 @@
+#include "catalogue/window/CataloguePreview.h"
+
+#include "catalogue/ThemePackage.h"
+#include "catalogue/window/CataloguePage.h"
+#include "preview/PreviewThumbnail.h"
+
+#include <QQuickWindow>
+
+CataloguePreview::CataloguePreview(const EditorFolders &folders, const ThemeList &list)
+    : _folders(folders), _list(list), _looks(folders.resources)
+{
+    connect(&_looks, &ThemeLooks::ready, this, &CataloguePreview::showReady);
+}
+
+void CataloguePreview::viewDidLoad(CataloguePage &page)
+{
+    _table = page.table;
+    connect(&page, &CataloguePage::devicePixelRatioChanged, this, &CataloguePreview::showPictures);
+    if (!_model)
+        return;
+    // Whichever of the two has moved last leads; when it goes, the other one does.
+    connect(_table, &UITableView::hoveredRowChanged, this, [this] {
+        const NSIndexPath row = _table->hoveredRow();
+        follow(row.isValid() ? row : _table->focusedRow());
+    });
+    connect(_table, &UITableView::focusedRowChanged, this, [this] {
+        const NSIndexPath row = _table->focusedRow();
+        follow(row.isValid() ? row : _table->hoveredRow());
+    });
+}
+
+void CataloguePreview::viewDidAppear(ThemeDocument *editors)
+{
+    _isOnTop = true;
+    if (_model)
+        _model->setInteractive(false); // a part would lead to a row of the editor
+    followChoices(editors);
+}
+
+void CataloguePreview::viewWillDisappear()
+{
+    _isOnTop = false;
+    if (_model)
+        _model->showInstead({});
+}
+
+void CataloguePreview::followChoices(ThemeDocument *editors)
+{
+    if (!_model || !_isOnTop)
+        return;
+    std::unique_ptr<ThemeDocument> read;
+    if (!editors) {
+        auto saved =
+            ThemePackage::read(_folders.resources, _folders.theme.workingCopyFolder()).elements;
+        read = std::make_unique<ThemeDocument>(
+            saved ? std::move(*saved) : ElementDataSource::loadWith(_folders.resources, nullptr));
+    }
+    _model->follow(editors ? editors : read.get());
+    _choices = std::move(read);
+    updatePreview();
+}
+
+ThemeLook CataloguePreview::lookOf(const ThemeRecord &record)
+{
+    const QQuickWindow *window = _table ? _table->window() : nullptr;
+    if (!window || !record.active || !record.isReadyMade())
+        return {};
+    return _looks.look(record.name, window->effectiveDevicePixelRatio());
+}
+
+void CataloguePreview::showPicture(UITableViewSubtitleCell &cell, const ThemeRecord &record)
+{
+    if (!_showsPictures)
+        return;
+    const QImage picture = lookOf(record).picture;
+    cell.setPicture(picture, double(picture.width()) / previewThumbnailSide);
+}
+
+void CataloguePreview::showPictures()
+{
+    for (const NSIndexPath row : _table->indexPathsForVisibleRows())
+        if (auto *cell =
+                qobject_cast<UITableViewSubtitleCell *>(_table->cellForRowAtIndexPath(row)))
+            showPicture(*cell, _list.record(row.section, row.row));
+}
+
+void CataloguePreview::showReady(const QString &theme)
+{
+    if (!_table)
+        return;
+    showPictures();
+    if (_followed.isValid() && _list.record(_followed.section, _followed.row).name == theme)
+        updatePreview();
+}
+
+void CataloguePreview::follow(NSIndexPath row)
+{
+    _followed = row;
+    updatePreview();
+}
+
+void CataloguePreview::updatePreview()
+{
+    if (!_model || !_isOnTop)
+        return;
+    if (_followed.isValid()) {
+        const ThemeRecord &record = _list.record(_followed.section, _followed.row);
+        if (const ThemeLook look = lookOf(record); look.palette)
+            return _model->showInstead(look.palette, record.name);
+    }
+    _model->showInstead({}, tr("Current choices"));
+}
