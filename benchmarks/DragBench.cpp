@@ -1,11 +1,15 @@
 // A finger on the colour wheel, each of its moves drawn at once, beside the least that a magnifier
-// could cost: two ready pictures that move over a third.
+// could cost: two ready pictures that move over a third; and the same finger with the preview in
+// the window, both its screens, one of which shows the passing colour.
 
 #include "BenchApplication.h"
 #include "HSColorPicker/window/BGHSLoupeLayer.h"
 #include "HSColorPicker/window/HSColorPickerView.h"
 #include "HSColorPicker/window/HSSelectionLayer.h"
+#include "platform/QMLViews.h"
+#include "preview/window/PreviewController.h"
 #include "support/Canvas.h"
+#include "theme/ColorText.h"
 
 #include <QTest>
 
@@ -46,11 +50,9 @@ void endPopUp(HSColorPickerView &view)
     popUp->setCurrentTime(popUp->duration());
 }
 
-void drag(benchmark::State &state)
+template <typename AfterMove>
+void dragOn(HSColorPickerView *view, Canvas &canvas, benchmark::State &state, AfterMove afterMove)
 {
-    prepareBenchApplication();
-    Canvas canvas({320, 568}, scale);
-    auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
     touch(canvas.window(), QEventPoint::Pressed, onWindow(finger(0)));
     endPopUp(*view);
     canvas.draw();
@@ -58,6 +60,7 @@ void drag(benchmark::State &state)
         for (int move = 0; move < moves; ++move) {
             touch(canvas.window(), QEventPoint::Updated, onWindow(finger(move)));
             canvas.draw();
+            afterMove();
             if (view->selection() != finger(move)) {
                 state.SkipWithError("the touch was not handled before its frame");
                 return;
@@ -66,6 +69,57 @@ void drag(benchmark::State &state)
     }
     touch(canvas.window(), QEventPoint::Released, onWindow(finger(0)));
     state.SetItemsProcessed(state.iterations() * moves);
+}
+
+void drag(benchmark::State &state)
+{
+    prepareBenchApplication();
+    Canvas canvas({320, 568}, scale);
+    dragOn(HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem()), canvas, state,
+           [] {});
+}
+
+// Does what the editor does while its chooser is up: tells the passing colour.
+class Chooser : public HSColorPickerViewDelegate
+{
+public:
+    Chooser(ThemeDocument &document, PreviewElement element)
+        : _document(document), _index(document.elements().indexesOfKey(keyOf(element)).at(0))
+    {
+    }
+    void colorPickerDidChangeSelection(HSColorPickerView &view) override
+    {
+        _document.showPassingColor(_index, hexStringForColor(view.selectionColor()));
+    }
+
+private:
+    ThemeDocument &_document;
+    const int _index;
+};
+
+void dragWithPreview(benchmark::State &state)
+{
+    prepareBenchApplication();
+    QQmlEngine engine;
+    QMLViews::prepareEngine(engine);
+    Canvas canvas(QSize(1000, 660), scale);
+    ThemeDocument document(ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, nullptr));
+    PreviewModel model;
+    model.follow(&document);
+    const auto pane = PreviewController::initPane(model);
+    pane->loadViewIfNeeded(engine);
+    pane->view()->setParentItem(canvas.contentItem());
+    pane->view()->setPosition({320.0, 0.0});
+    pane->view()->setSize({680.0, 660.0});
+    auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
+    const auto chooser = std::make_shared<Chooser>(document, PreviewElement::BlueBalloon1);
+    view->setDelegate(chooser);
+    const auto preview = [&] { return canvas.draw().copy(640, 0, 1360, 1320); };
+    const QImage before = preview();
+    // The preview keeps to a display's pace: what waits for the clock has its turn, too.
+    dragOn(view, canvas, state, [] { QCoreApplication::processEvents(); });
+    if (preview() == before)
+        state.SkipWithError("the preview did not follow");
 }
 
 CALayer *addPicture(Canvas &canvas, const QImage &picture, QPointF position)
@@ -118,5 +172,6 @@ void dragPlain(benchmark::State &state)
 
 // Qt paints on threads of its own, whose time only the passing clock sees.
 BENCHMARK(drag)->Name("drag")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(dragWithPreview)->Name("drag_with_preview")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(dragPlain)->Name("drag_plain")->Unit(benchmark::kMillisecond)->UseRealTime();
 } // namespace

@@ -23,6 +23,8 @@ const std::vector<Ratio> ratios = {
     {"scale/2000", "scale_qimage/2000", 1.3, Clock::Passing},
     {"rotate/30", "rotate_qpainter/30", 1.3, Clock::Passing},
     {"drag", "drag_plain", 2.0, Clock::Passing},
+    {"drag_with_preview", "drag", 1.5, Clock::Passing},
+    {"open_catalogue", "open_catalogue_without", 1.2, Clock::Passing},
     {"open_chooser", "open_chooser_plain", 1.3, Clock::Passing},
     {"preview_change", "preview_full", 0.35, Clock::Passing},
     {"edit/100000", "edit/1000", 1.5, Clock::Processor},

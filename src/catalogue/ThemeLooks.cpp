@@ -45,16 +45,28 @@ ThemeLook ThemeLooks::look(const QString &theme, double scale)
 void ThemeLooks::make(const Key &key)
 {
     _beingMade.insert(key);
-    _queue.async([this, key, resources = _resources, alive = std::weak_ptr<void>(_alive)] {
-        if (alive.expired())
+    const std::weak_ptr<void> alive = _alive;
+    // Begun when the main thread has nothing else to do: it is about to draw what asks.
+    MainQueue::async([this, key, alive] {
+        if (alive.expired()) // it dies on this thread, so that it now lives on
             return;
-        MainQueue::async([this, key, alive, look = lookOf(resources, key.first, key.second)] {
-            if (alive.expired()) // it dies on this thread, so that it now lives on
+        if (!_queue)
+            _queue.emplace("io.tintloom.themelooks");
+        _queue->async([this, key, alive, resources = _resources] {
+            if (alive.expired())
                 return;
-            _beingMade.remove(key);
-            _looks.insert(key, new ThemeLook(look));
-            if (look.palette)
-                emit ready(key.first);
+            MainQueue::async([this, key, alive, look = lookOf(resources, key.first, key.second)] {
+                if (!alive.expired())
+                    take(key, look);
+            });
         });
     });
+}
+
+void ThemeLooks::take(const Key &key, const ThemeLook &look)
+{
+    _beingMade.remove(key);
+    _looks.insert(key, new ThemeLook(look));
+    if (look.palette)
+        emit ready(key.first);
 }

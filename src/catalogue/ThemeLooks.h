@@ -41,11 +41,12 @@ signals:
 private:
     using Key = std::pair<QString, double>;
     void make(const Key &key);
+    void take(const Key &key, const ThemeLook &look);
 
     const QString _resources;
     QCache<Key, ThemeLook> _looks;
     QSet<Key> _beingMade;
-    DispatchQueue _queue{"io.tintloom.themelooks"};
+    std::optional<DispatchQueue> _queue; // since there was something to make
     // Goes before the queue, which then only passes over what still waits.
     std::shared_ptr<void> _alive = std::make_shared<char>();
 };

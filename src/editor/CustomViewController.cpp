@@ -47,6 +47,7 @@ CustomViewController::CustomViewController(const EditorFolders &folders, bool fr
 
 CustomViewController::~CustomViewController()
 {
+    _preview->stopWatching();
     NSLog("%s", {"-[CustomViewController dealloc]"});
 }
 

@@ -17,14 +17,15 @@ void EditorPreview::viewDidLoad()
 {
     if (!_model)
         return;
-    connect(_editor.tableView(), &UITableView::focusedRowChanged, this,
-            &EditorPreview::updateAttention);
-    connect(&_editor, &CustomViewController::chooserOpenChanged, this,
-            &EditorPreview::updateAttention);
-    connect(&_editor, &CustomViewController::chooserOpenChanged, this,
-            &EditorPreview::updateInteractive);
-    connect(_editor.overlays(), &ScreenOverlays::loadingChanged, this,
-            &EditorPreview::updateInteractive);
+    QObject *const watch = _watch.get();
+    connect(_editor.tableView(), &UITableView::focusedRowChanged, watch,
+            [this] { updateAttention(); });
+    connect(&_editor, &CustomViewController::chooserOpenChanged, watch, [this] {
+        updateAttention();
+        updateInteractive();
+    });
+    connect(_editor.overlays(), &ScreenOverlays::loadingChanged, watch,
+            [this] { updateInteractive(); });
 }
 
 void EditorPreview::viewDidAppear()

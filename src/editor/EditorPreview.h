@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
+
 class CustomViewController;
 
 class EditorPreview : public QObject
@@ -29,6 +31,8 @@ public:
     void viewDidLoad();
     void viewDidAppear();
     void viewWillDisappear();
+    /// Before the editor dies: it tells of much while it does.
+    void stopWatching() { _watch.reset(); }
 
     bool isOffered() const;
     /// Lays the preview over the stage; nothing where none is offered.
@@ -43,5 +47,6 @@ private:
     void open(const QString &key);
 
     CustomViewController &_editor;
+    std::unique_ptr<QObject> _watch = std::make_unique<QObject>(); // of what the editor tells
     QPointer<PreviewModel> _model;
 };

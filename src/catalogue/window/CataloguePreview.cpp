@@ -12,6 +12,12 @@ CataloguePreview::CataloguePreview(const EditorFolders &folders, const ThemeList
     connect(&_looks, &ThemeLooks::ready, this, &CataloguePreview::showReady);
 }
 
+void CataloguePreview::setShowsPictures(bool showsPictures)
+{
+    _showsPictures = showsPictures;
+    showPictures();
+}
+
 void CataloguePreview::viewDidLoad(CataloguePage &page)
 {
     _table = page.table;
@@ -70,14 +76,14 @@ ThemeLook CataloguePreview::lookOf(const ThemeRecord &record)
 
 void CataloguePreview::showPicture(UITableViewSubtitleCell &cell, const ThemeRecord &record)
 {
-    if (!_showsPictures)
-        return;
-    const QImage picture = lookOf(record).picture;
+    const QImage picture = _showsPictures ? lookOf(record).picture : QImage();
     cell.setPicture(picture, double(picture.width()) / previewThumbnailSide);
 }
 
 void CataloguePreview::showPictures()
 {
+    if (!_table)
+        return;
     for (const NSIndexPath row : _table->indexPathsForVisibleRows())
         if (auto *cell =
                 qobject_cast<UITableViewSubtitleCell *>(_table->cellForRowAtIndexPath(row)))
@@ -86,8 +92,6 @@ void CataloguePreview::showPictures()
 
 void CataloguePreview::showReady(const QString &theme)
 {
-    if (!_table)
-        return;
     showPictures();
     if (_followed.isValid() && _list.record(_followed.section, _followed.row).name == theme)
         updatePreview();

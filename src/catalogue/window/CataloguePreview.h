@@ -27,7 +27,7 @@ public:
     void setModel(PreviewModel *model) { _model = model; }
     PreviewModel *model() const { return _model; }
     /// Whether rows carry pictures; true unless set.
-    void setShowsPictures(bool showsPictures) { _showsPictures = showsPictures; }
+    void setShowsPictures(bool showsPictures);
 
     void viewDidLoad(CataloguePage &page);
     /// The document of the editor that the catalogue has opened; null: none, and the choices are

@@ -8,6 +8,8 @@
 #include "preview/window/PreviewModel.h"
 
 #include <QQuickPaintedItem>
+#include <QRegion>
+#include <QTimer>
 #include <QTransform>
 
 class PreviewItem : public QQuickPaintedItem
@@ -57,6 +59,9 @@ protected:
 
 private:
     void repaint(const QRegion &region);
+    /// At once, unless that has just been done: a finger reports its moves faster than anybody can
+    /// see, and painting each of them would hold up the finger.
+    void repaintAtPace(const QRegion &region);
     void repaintOutlines();
     /// The part that is outlined: under the keyboard's focus, or the one that the editor is at.
     QString outlined() const;
@@ -67,6 +72,8 @@ private:
 
     QPointer<PreviewModel> _model;
     PreviewScreen _screen = PreviewScreen::Conversation;
+    QTimer _pace;            // runs after a repainting
+    QRegion _late;           // what is to be repainted then
     QString _focused;        // the keyboard's part, while the item has the keyboard
     QString _pressed;        // what a press began on
     QRectF _paintedOutlines; // points of the scene

@@ -129,7 +129,6 @@ TEST_F(CataloguePreviewTest, ThePreviewFollowsPointerAndKeysAndElseShowsTheChoic
     key(Qt::Key_Tab); // the keyboard has moved last
     key(Qt::Key_End);
     key(Qt::Key_Up);
-    EXPECT_EQ(model().caption(), "Theme 38");
     ASSERT_TRUE(QTest::qWaitFor([this] { return shownBalloon() == QColor(38 * 6, 0, 255); }));
     hoverAt({5.0, 5.0}); // above the list
     EXPECT_EQ(model().caption(), "Theme 38");
