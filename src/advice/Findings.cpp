@@ -86,9 +86,15 @@ std::vector<Finding> findingsOf(const ThemeLikeness &likeness, const ThemeColors
 std::vector<Finding> findings(const ThemeColors &colors)
 {
     std::vector<Finding> found;
-    for (const ThemeRelation &relation : colors.relations())
-        if (const auto finding = findingOf(relation, colors))
-            found.push_back(*finding);
+    // Of a large theme never all at once: that would cost the memory's time.
+    std::vector<ThemeRelation> relations;
+    for (int index = 0; index < colors.count(); ++index) {
+        relations.clear();
+        colors.addRelations(index, relations);
+        for (const ThemeRelation &relation : relations)
+            if (const auto finding = findingOf(relation, colors))
+                found.push_back(*finding);
+    }
     for (const ThemeLikeness &likeness : likenesses(colors))
         std::ranges::copy(findingsOf(likeness, colors), std::back_inserter(found));
     return found;

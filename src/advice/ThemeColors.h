@@ -45,6 +45,8 @@ public:
     std::vector<ThemeRelation> relations() const;
     /// Those of one element, which stands on the others.
     std::vector<ThemeRelation> relationsOf(int index) const;
+    /// The same, put behind what is in the list.
+    void addRelations(int index, std::vector<ThemeRelation> &relations) const;
 
     struct Reading {
         double ratio; // of the worst place
@@ -84,7 +86,6 @@ private:
         const QRgb *begin() const { return colors.data(); }
         const QRgb *end() const { return colors.data() + count; }
     };
-    void addRelations(int index, std::vector<ThemeRelation> &relations) const;
     Surfaces surfacesOf(int index, int depth) const;
     Surfaces surfacesBehind(int index, int depth) const;
     std::optional<QRgb> shownColor(int index, QRgb ground) const;
