@@ -53,7 +53,7 @@ constexpr const char *rows[][std::size(roles)] = {
     {"Navigation Bar", "Bar Title", "Title and buttons of the top bar", "#FFFFFFFF", "#FFFFFF",
      "black"},
     {"Unread Marks", "Unread Indicator", "Mark beside a conversation with new messages",
-     "#FF8A2BFF", "#FF8A2B", "black"},
+     "#DF7100FF", "#DF7100", "black"},
     {"Unread Marks", "Unread Names", "Names of conversations with new messages", "#8A3A00FF",
      "#8A3A00", "white"},
 };

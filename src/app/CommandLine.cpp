@@ -36,6 +36,10 @@ const QString help = uR"(Usage:
                    [--eyes normal|protan|deutan|tritan|grey] --out FILE
                                         draw the phone with the current choices, or with a
                                         theme: a name of the catalogue, or a package's folder
+  tintloom check [options] [THEME] [--json] [--fix]
+                                        print which colours of the current choices, or of a
+                                        theme, are hard to see; --fix changes them in the
+                                        current choices, as little as possible
 
 Options:
   --package-root DIR  folder that holds themes; default biteThemes in your desktop's
@@ -50,7 +54,8 @@ Options:
                       8192x8192; default 320x568, or what a wide window leaves for it
   --no-preview        open the window without the preview beside the screen
   --catalogue         open the window on the catalogue
-  --json              list, themes: print one JSON array
+  --json              list, themes, check: print one JSON array
+  --fix               check: mend what is found in the current choices, and print the rest
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
   --view VIEW         preview: the screen to draw; default both
@@ -60,8 +65,8 @@ Options:
   --help              print this text
   --version           print the version
 
-Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 69 no
-display for a window.
+Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 3 check
+has found something, 69 no display for a window.
 )"_s;
 
 const QMap<QString, PreviewView> views{{u"conversation"_s, PreviewView::Conversation},
@@ -110,7 +115,7 @@ public:
         static const QMap<QString, CommandLine::Command> commands{
             {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
             {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
-            {u"edit"_s, Edit},       {u"preview"_s, Preview},
+            {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -123,18 +128,19 @@ public:
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
         }
-        const bool mayHaveTheme = *command == Install || *command == Edit || *command == Preview;
+        const bool needsTheme = *command == Install || *command == Edit;
+        const bool mayHaveTheme = needsTheme || *command == Preview || *command == Check;
         const qsizetype expected = mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
-        else if (words.size() < expected && *command != Preview)
+        else if (words.size() < expected && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
         return *command;
     }
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install`, `edit` and `preview` are to work on.
+    /// What `install`, `edit`, `preview` and `check` are to work on.
     QString theme() const { return _parser.positionalArguments().value(1); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
@@ -219,7 +225,8 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s})
+    for (const auto &name :
+         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s})
         parser.addOption(QCommandLineOption(name));
     for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
                              u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
@@ -234,8 +241,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     Reader reader(parser);
     Options options;
     options.command = reader.command();
-    reader.onlyWith(options.command == Command::List || options.command == Command::Themes,
-                    u"json"_s, u"'list' and 'themes'"_s);
+    reader.onlyWith(options.command == Command::List || options.command == Command::Themes ||
+                        options.command == Command::Check,
+                    u"json"_s, u"'list', 'themes' and 'check'"_s);
+    reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
         reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
@@ -253,6 +262,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
+    options.fix = parser.isSet(u"fix"_s);
+    if (options.fix && !options.theme.isEmpty())
+        reader.fail(u"--fix mends the current choices, not '%1'; 'tintloom edit' makes a theme "
+                    "the current choices"_s.arg(options.theme));
     options.edits = options.command == Command::Set ? reader.edits() : parser.values(u"set"_s);
     if (options.command == Command::Preview) {
         options.view = reader.oneOf(u"view"_s, views, options.view);

@@ -15,7 +15,7 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview };
+enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview, Check };
 
 struct Options {
     Command command = Command::Window;
@@ -25,10 +25,12 @@ struct Options {
     double scale = 2.0;           // pixels per point of the written images, 1 to 8
     std::optional<QSizeF> screen; // points; of the stage
     bool preview = true;          // window: whether it may stand beside the stage
-    bool json = false;            // list, themes
+    bool json = false;            // list, themes, check
+    bool fix = false;             // check
     bool catalogue = false;       // window
-    QString theme;                // install, edit: the name, as typed; preview: or a path, or empty
-    QStringList edits;            // set, save: "KEY=VALUE", as typed
+    QString theme;     // install, edit: the name, as typed; preview, check: or a path, or
+                       // empty
+    QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
     QString out; // the absolute path of a file, or "-" for standard output

@@ -3,7 +3,7 @@
 #include "app/ElementEdits.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
-#include "platform/foundation/NSFileManager.h"
+#include "app/WriteChoices.h"
 #include "platform/foundation/NSLog.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -165,24 +165,9 @@ int runSet(const CommandLine::Options &options)
     const auto [keeper, elements, status] = edited(options);
     if (!elements)
         return status;
-    const ThemeLocations locations = locationsOf(options);
-    if (!keeper->begin()) {
-        complain(keeper->refusal() + "; nothing saved"_L1);
+    if (!writeChoices(options, *keeper, *elements))
         return failed;
-    }
-    std::error_code error = NSFileManager::createDirectoryAtPath(locations.workingCopyFolder());
-    if (!error)
-        error = keeper->write(PropertyList::writeDictionary(themeDictionary(*elements)));
-    if (!error)
-        error = NSFileManager::setPosixPermissions(locations.workingCopy(), 0777);
-    if (const auto ending = keeper->end(); ending && !error)
-        error = ending;
-    if (error) {
-        complain(u"cannot write %1: %2"_s.arg(locations.workingCopy(),
-                                              QString::fromStdString(error.message())));
-        return failed;
-    }
-    return print(locations.workingCopy().toUtf8() + '\n');
+    return print(locationsOf(options).workingCopy().toUtf8() + '\n');
 }
 
 int runSave(const CommandLine::Options &options)

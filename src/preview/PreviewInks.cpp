@@ -2,68 +2,18 @@
 
 #include "color/Compositing.h"
 #include "theme/ColorText.h"
-
-#include <algorithm>
+#include "theme/ShownColor.h"
 
 namespace
 {
 constexpr QRgb white = 0xFFFFFFFF;
 constexpr QRgb black = 0xFF000000;
 
-/// What the scene shows for a removed colour. A theme without the colour leaves the choice to the
-/// phone, which keeps to its own plain greys: so do these, in a tone for light surroundings and one
-/// for dark, because the surroundings may be the theme's.
-struct StandIn {
-    PreviewElement element;
-    QRgb onLight;
-    QRgb onDark;
-};
-
-constexpr StandIn standIns[] = {
-    // Each of the three stands for a pair: where one colour is left, it fills the balloon alone.
-    {PreviewElement::GreenBalloon1, 0xFFD9EEDD, 0xFF26382C}, // faint, but still the green one
-    {PreviewElement::BlueBalloon1, 0xFFD8E5F4, 0xFF24334A},
-    {PreviewElement::GrayBalloon1, 0xFFE6E8EB, 0xFF2B2F35},
-    {PreviewElement::BalloonText, 0xFF1B1E22, 0xFFEEF0F2},  // has to be read on any balloon
-    {PreviewElement::ConversationBackground, white, white}, // the phone's bare screen
-    {PreviewElement::SenderName, 0xFF6B7279, 0xFF9CA3AB},   // a caption, quieter than the messages
-    {PreviewElement::Timestamp, 0xFF6B7279, 0xFF9CA3AB},
-    {PreviewElement::ComposerBackground, 0xFFF1F2F4, 0xFF1E2125}, // parts from the ground, barely
-    {PreviewElement::ComposerText, 0xFF1B1E22, 0xFFEEF0F2},
-    {PreviewElement::SendButton, 0xFF8A9199, 0xFF7B828A}, // a button, in no colour
-    // Pictures of a theme have no transparency: a save writes those of a removed colour in black.
-    {PreviewElement::ListBackground, black, black},
-    {PreviewElement::UnreadIndicator, black, black},
-    {PreviewElement::ListName, 0xFF1B1E22, 0xFFEEF0F2},
-    // Unread names have none of their own: they look like the others.
-    {PreviewElement::ListPreview, 0xFF6B7279, 0xFF9CA3AB},
-    {PreviewElement::ListSeparator, 0xFFD3D7DB, 0xFF363B41}, // a hair's breadth that can be seen
-    {PreviewElement::NavigationBar, 0xFFF1F2F4, 0xFF1E2125}, // as the composer below
-    {PreviewElement::NavigationTitle, 0xFF1B1E22, 0xFFEEF0F2},
-};
-
-UIColor colorOf(QRgb rgb)
-{
-    return UIColor::colorWithRed(qRed(rgb) / 255.0, qGreen(rgb) / 255.0, qBlue(rgb) / 255.0,
-                                 qAlpha(rgb) / 255.0);
-}
-
-bool isLight(QRgb color)
-{
-    return prefersBlackText(colorOf(color));
-}
-
-QRgb standInFor(PreviewElement element, QRgb ground)
-{
-    const auto *found = std::ranges::find(standIns, element, &StandIn::element);
-    Q_ASSERT(found != std::end(standIns));
-    return isLight(ground) ? found->onLight : found->onDark;
-}
-
 /// The colour for an element on an opaque ground.
 QRgb shown(const PreviewPalette &palette, PreviewElement element, QRgb ground)
 {
-    return palette.color(element).value_or(standInFor(element, ground));
+    const auto &chosen = palette.color(element);
+    return chosen ? *chosen : standInColor(keyOf(element), ground).value_or(black);
 }
 
 QRgb withAlpha(QRgb color, int alpha)
@@ -121,8 +71,8 @@ void PreviewInks::mixBalloon(const PreviewPalette &palette, PreviewElement first
 {
     const QRgb ground = (*this)[PreviewInk::Ground].top;
     const auto second = PreviewElement(int(first) + 1);
-    const QRgb top =
-        palette.color(first).value_or(palette.color(second).value_or(standInFor(first, ground)));
+    const bool isSecondAlone = !palette.color(first) && palette.color(second);
+    const QRgb top = shown(palette, isSecondAlone ? second : first, ground);
     _fills[size_t(balloon)] = {top, palette.color(second).value_or(top)};
     set(text, shown(palette, PreviewElement::BalloonText, onGround(balloon)));
 }
@@ -156,7 +106,11 @@ void PreviewInks::mixComposer(const PreviewPalette &palette)
     set(PreviewInk::SendButton, button);
     // An arrow this thick is seen in white on any but the bright colours, and looks calmer so.
     const QRgb face = composited(button, composer);
-    set(PreviewInk::SendArrow, brightnessFromColor(colorOf(face)) > 0.6 ? black : white);
+    set(PreviewInk::SendArrow,
+        brightnessFromColor(UIColor::colorWithRed(qRed(face) / 255.0, qGreen(face) / 255.0,
+                                                  qBlue(face) / 255.0, 1.0)) > 0.6
+            ? black
+            : white);
 }
 
 void PreviewInks::mixList(const PreviewPalette &palette)

@@ -1,6 +1,6 @@
 #include "preview/PreviewPalette.h"
 
-#include "theme/ColorText.h"
+#include "theme/ShownColor.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,14 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// The bytes that the text names; the same that the package's pictures are filled with.
-QRgb rgbOf(const QString &colorText)
-{
-    const auto [red, green, blue, alpha] = colorFromHexString(colorText).components();
-    const auto byte = [](double component) { return int(std::lround(component * 255.0)); };
-    return qRgba(byte(red), byte(green), byte(blue), byte(alpha));
-}
-
 PreviewPalette::Corners cornersOf(const QString &style)
 {
     return style == "square"_L1 ? PreviewPalette::Corners::Square
@@ -65,7 +57,8 @@ void PreviewPalette::take(PreviewElement element, const QVariant &value)
         showsPhotos = value.toBool();
         break;
     default:
-        colors[size_t(element)] = text.isEmpty() ? std::nullopt : std::optional(rgbOf(text));
+        colors[size_t(element)] =
+            text.isEmpty() ? std::nullopt : std::optional(rgbFromHexString(text));
     }
 }
 

@@ -211,6 +211,7 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
 
     const QJsonArray items = document.array();
     _tableSource.reserve(size_t(items.size()));
+    std::map<int, ElementGroundNames> grounds;
     for (qsizetype index = 0; index < items.size(); ++index) {
         const QJsonValue item = items.at(index);
         if (!item.isObject())
@@ -219,6 +220,8 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
         auto record = recordFromJson(item.toObject(), missing);
         if (!record)
             return fail(Status::Unusable, path, u"item %1 has no \"%2\""_s.arg(index).arg(missing));
+        if (const QJsonValue on = item.toObject().value("on"_L1); !on.isUndefined() && !on.isNull())
+            grounds[int(index)] = groundNamesFromJson(on, record->key);
         if (saved) {
             const ElementChoice own = record->choice();
             overlay(*record, *saved);
@@ -227,6 +230,7 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
         }
         _tableSource.push_back(std::move(*record));
     }
+    findGrounds(_tableSource, grounds);
 }
 
 void ElementDataSource::keepForeignEntries(const PropertyDictionary &saved)

@@ -1,9 +1,9 @@
 // The element data source: which parts of a theme can be changed, and what the user chose for each.
 //
 // `initialDatasource.txt` in the resource folder is a JSON array of element objects with seven keys
-// each (docs/datasource.md explains them to people who edit it). At load, the values that the user
-// saved last time, the working copy `Tintloom/Info.plist` in the documents folder, are laid over
-// the document's own.
+// each, and an eighth that may be left out (docs/datasource.md explains them to people who edit
+// it). At load, the values that the user saved last time, the working copy `Tintloom/Info.plist` in
+// the documents folder, are laid over the document's own.
 //
 // A source is a value: a copy is a snapshot that nothing changes, for whoever works on another
 // thread. What is chosen changes through a ThemeDocument alone.
@@ -11,6 +11,7 @@
 
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/TableSections.h"
+#include "theme/ElementGrounds.h"
 
 #include <QHash>
 #include <QString>
@@ -38,6 +39,7 @@ struct ElementRecord {
     std::optional<QVariantMap> options; // label -> stored value; none for a colour element
     QVariant value;                     // the chosen option's value, or null
     std::optional<QString> section;
+    std::vector<ElementGround> on; // of a colour element
 
     bool isChoice() const { return options.has_value(); }
     ElementChoice choice() const { return {color, value}; }
@@ -59,9 +61,10 @@ public:
         Unusable,  // missing, unreadable, not UTF-8, or an item that is no element
     };
 
-    /// Reads document and working copy; never throws. Logs the working-copy path and every element
-    /// without a section. A working copy that is not a dictionary is taken as none. For Unusable
-    /// the log names the document, and the index and missing key of the item.
+    /// Reads document and working copy; never throws. Logs the working-copy path, every element
+    /// without a section and every ground that is none. A working copy that is not a dictionary is
+    /// taken as none. For Unusable the log names the document, and the index and missing key of the
+    /// item.
     static ElementDataSource load(const QString &resources, const QString &documents);
 
     /// The same with the dictionary of any theme, or what else was saved, in place of the working

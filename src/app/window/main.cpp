@@ -1,4 +1,5 @@
 #include "app/CatalogueCommands.h"
+#include "app/CheckCommand.h"
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
 #include "app/PreviewCommand.h"
@@ -68,6 +69,8 @@ int main(int argc, char **argv)
         return runEdit(*outcome.options);
     case CommandLine::Command::Preview:
         return runPreview(*outcome.options);
+    case CommandLine::Command::Check:
+        return runCheck(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }

@@ -1,4 +1,5 @@
 // The themes that ship: made from the palettes as they stand, complete, and legible.
+#include "color/Contrast.h"
 #include "support/Files.h"
 #include "support/Jpeg.h"
 #include "theme/ColorText.h"
@@ -6,8 +7,6 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
-
-#include <cmath>
 
 namespace
 {
@@ -21,31 +20,16 @@ QStringList themesIn(const QString &folder)
     return names;
 }
 
-// Relative luminance and contrast ratio of WCAG 2.1.
-double luminance(const UIColor &color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    const auto [red, green, blue, alpha] = color.components();
-    EXPECT_EQ(alpha, 1.0);
-    return 0.2126 * linear(red) + 0.7152 * linear(green) + 0.0722 * linear(blue);
-}
-
-double contrast(const UIColor &one, const UIColor &other)
-{
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
-
 void expectLegible(const PropertyDictionary &info)
 {
     const auto color = [&](const QString &key) {
-        return colorFromHexString(info.find(key)->toString());
+        const QColor color = colorFromHexString(info.find(key)->toString()).qColor();
+        EXPECT_EQ(color.alpha(), 255) << key.toStdString();
+        return color.rgb();
     };
     // The lowest contrasts of WCAG 2.1, level AA, for text and for signs.
     const auto expectContrast = [&](const QString &one, const QString &other, double least = 4.5) {
-        EXPECT_GE(contrast(color(one), color(other)), least)
+        EXPECT_GE(contrastRatio(color(one), color(other)), least)
             << (one + " on " + other).toStdString();
     };
     const std::pair<QString, QStringList> texts[] = {

@@ -1,0 +1,26 @@
+#include "advice/FixAll.h"
+
+#include "advice/ThemeMender.h"
+
+#include <QString>
+
+FixedTheme fixAll(const ElementDataSource &elements, const std::set<int> &locked)
+{
+    ThemeMender mender(elements, locked);
+    mender.mend();
+    FixedTheme fixed;
+    for (const int index : mender.changed()) {
+        const QRgb color = *mender.colors().color(index);
+        fixed.changes.push_back(
+            {index,
+             {QString::asprintf("#%02X%02X%02X%02X", unsigned(qRed(color)), unsigned(qGreen(color)),
+                                unsigned(qBlue(color)), unsigned(qAlpha(color))),
+              elements.tableSource()[size_t(index)].value}});
+    }
+    for (const Finding &finding : findings(mender.colors())) {
+        const bool isLocked = locked.contains(finding.element) || locked.contains(finding.on);
+        fixed.left.push_back(
+            {finding, isLocked ? FixedTheme::Reason::Locked : FixedTheme::Reason::NoColor});
+    }
+    return fixed;
+}

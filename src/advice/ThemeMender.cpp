@@ -1,0 +1,198 @@
+#include "advice/ThemeMender.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int mostRounds = 4; // a ground that changes may upset what shines through
+constexpr int mostTries = 3;  // of one element in a round, whatever stands on it
+} // namespace
+
+ThemeMender::ThemeMender(const ElementDataSource &elements, const std::set<int> &locked)
+    : _colors(elements),
+      _locked(locked),
+      _relations(_colors.relations()),
+      _likenesses(likenesses(_colors)),
+      _demands(elements.tableSource().size())
+{
+    int demand = 0;
+    for (const ThemeRelation &relation : _relations) {
+        noteDemand(relation.element, demand, ThemeColors::deepest);
+        for (const int ground : relation.grounds)
+            noteDemand(ground, demand, 0);
+        ++demand;
+    }
+    for (const ThemeLikeness &likeness : _likenesses) {
+        for (const auto &ends : {likeness.one, likeness.other})
+            for (const int end : ends)
+                noteDemand(end, demand, 0);
+        ++demand;
+    }
+}
+
+void ThemeMender::noteDemand(int index, int demand, int depth)
+{
+    std::vector<int> &demands = _demands[size_t(index)];
+    if (demands.empty() || demands.back() != demand)
+        demands.push_back(demand);
+    if (depth == ThemeColors::deepest)
+        return;
+    const auto &on = _colors.elements().tableSource()[size_t(index)].on;
+    for (size_t ground = 0; ground < std::min<size_t>(on.size(), ThemeColors::mostBehind); ++ground)
+        noteDemand(on[ground].index, demand, depth + 1);
+}
+
+bool ThemeMender::isMet(int demand) const
+{
+    if (isRelation(demand))
+        return !findingOf(_relations[size_t(demand)], _colors);
+    return findingsOf(_likenesses[size_t(demand) - _relations.size()], _colors).empty();
+}
+
+bool ThemeMender::isMetAt(int demand, int index) const
+{
+    if (!isRelation(demand))
+        return isMet(demand);
+    const ThemeRelation &relation = _relations[size_t(demand)];
+    if (!std::ranges::count(relation.grounds, index))
+        return isMet(demand);
+    for (const size_t end : {0U, 1U}) {
+        const auto reading = _colors.readingAt(relation, end);
+        if (reading && reading->ground == index && reading->ratio < relation.threshold)
+            return false;
+    }
+    return true;
+}
+
+bool ThemeMender::recolor(int index, int demand)
+{
+    if (_locked.contains(index) || _tries[index]++ >= mostTries)
+        return false;
+    const std::vector<int> &demands = _demands[size_t(index)];
+    std::set<int> unmet; // beside the one to be met
+    for (const int other : demands)
+        if (other != demand && !isMetAt(other, index))
+            unmet.insert(other);
+    // First all at once; then what helps here and does no harm; at last, what only makes two things
+    // look alike that can be read each, which is the lesser evil and may be mended next.
+    enum class Aim { All, Better, Readable };
+    for (const Aim aim : {Aim::All, Aim::Better, Aim::Readable}) {
+        const auto isAccepted = [&] {
+            return std::ranges::all_of(demands, [&](int other) {
+                const bool isAsked =
+                    other == demand || ((aim == Aim::All || !unmet.contains(other)) &&
+                                        (aim != Aim::Readable || isRelation(other)));
+                return !isAsked || isMetAt(other, index);
+            });
+        };
+        if (aim == Aim::Readable && !isRelation(demand))
+            break;
+        const QRgb color = _colors.color(index).value_or(_colors.seenColor(index).value_or(0));
+        if (const auto nearest = nearerOf(nearestColors(index, _colors, isAccepted), color)) {
+            _before.try_emplace(index, _colors.color(index));
+            _colors.setColor(index, *nearest);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ThemeMender::mendElements()
+{
+    bool changed = false;
+    for (size_t demand = 0; demand < _relations.size(); ++demand)
+        if (!isMet(int(demand)))
+            changed |= recolor(_relations[demand].element, int(demand));
+    return changed;
+}
+
+bool ThemeMender::mendGroundsOf(int demand)
+{
+    bool changed = false;
+    for (const int ground : _relations[size_t(demand)].grounds)
+        if (!isMetAt(demand, ground))
+            changed |= recolor(ground, demand);
+    return changed;
+}
+
+bool ThemeMender::mendBoth(int demand)
+{
+    const int element = _relations[size_t(demand)].element;
+    const std::optional<QRgb> color = _colors.color(element);
+    const std::optional<QRgb> seen = color ? color : _colors.seenColor(element);
+    if (_locked.contains(element) || !seen || (color && qAlpha(*color) == 255))
+        return false;
+    // More of a text is nowhere harder to read, and what is chosen does not change with the ground.
+    _colors.setColor(element, *seen | 0xFF000000);
+    mendGroundsOf(demand);
+    if (isMet(demand)) {
+        _before.try_emplace(element, color);
+        return true;
+    }
+    _colors.setColor(element, color);
+    return false;
+}
+
+bool ThemeMender::mendGrounds()
+{
+    bool changed = false;
+    for (int demand = 0; demand < int(_relations.size()); ++demand) {
+        changed |= mendGroundsOf(demand);
+        if (!isMet(demand))
+            changed |= mendBoth(demand);
+    }
+    return changed;
+}
+
+bool ThemeMender::mendLikenesses()
+{
+    bool changed = false;
+    int demand = int(_relations.size());
+    for (const auto &[one, other] : _likenesses) {
+        for (const int index : {one[0], one[1], other[0], other[1]})
+            if (!isMet(demand))
+                changed |= recolor(index, demand);
+        ++demand;
+    }
+    return changed;
+}
+
+void ThemeMender::dropNeedless()
+{
+    // A ground that was changed later may have made good what a colour was changed for.
+    for (auto change = _before.begin(); change != _before.end();) {
+        const auto &[index, before] = *change;
+        std::vector<int> met;
+        std::ranges::copy_if(_demands[size_t(index)], std::back_inserter(met),
+                             [this](int demand) { return isMet(demand); });
+        const std::optional<QRgb> after = _colors.color(index);
+        _colors.setColor(index, before);
+        if (std::ranges::all_of(met, [this](int demand) { return isMet(demand); })) {
+            change = _before.erase(change);
+        } else {
+            _colors.setColor(index, after);
+            ++change;
+        }
+    }
+}
+
+void ThemeMender::mend()
+{
+    for (int round = 0; round < mostRounds; ++round) {
+        _tries.clear();
+        bool changed = mendElements();
+        changed |= mendGrounds();
+        changed |= mendLikenesses();
+        if (!changed)
+            break;
+    }
+    dropNeedless();
+}
+
+std::vector<int> ThemeMender::changed() const
+{
+    std::vector<int> indexes;
+    for (const auto &[index, before] : _before)
+        indexes.push_back(index);
+    return indexes;
+}

@@ -1,0 +1,16 @@
+// What the commands that take a theme work on.
+#pragma once
+
+#include "app/CommandLine.h"
+#include "theme/ElementDataSource.h"
+
+#include <optional>
+
+struct ThemeSubject {
+    std::optional<ElementDataSource> elements; // loaded
+    int status = 1;                            // the exit status when there are none, told why
+};
+
+/// The current choices where no theme is named; else a theme of the catalogue or a package's
+/// folder, as the editor would show it.
+ThemeSubject themeSubject(const CommandLine::Options &options);

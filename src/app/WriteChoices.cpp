@@ -1,0 +1,31 @@
+#include "app/WriteChoices.h"
+
+#include "app/OpenKeeper.h"
+#include "app/StandardStreams.h"
+#include "platform/foundation/NSFileManager.h"
+#include "theme/ThemePackageWriter.h"
+
+using namespace Qt::StringLiterals;
+
+bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper,
+                  const ElementDataSource &elements)
+{
+    const ThemeLocations locations = locationsOf(options);
+    if (!keeper.begin()) {
+        complain(keeper.refusal() + "; nothing saved"_L1);
+        return false;
+    }
+    std::error_code error = NSFileManager::createDirectoryAtPath(locations.workingCopyFolder());
+    if (!error)
+        error = keeper.write(PropertyList::writeDictionary(themeDictionary(elements)));
+    if (!error)
+        error = NSFileManager::setPosixPermissions(locations.workingCopy(), 0777);
+    if (const auto ending = keeper.end(); ending && !error)
+        error = ending;
+    if (error) {
+        complain(u"cannot write %1: %2"_s.arg(locations.workingCopy(),
+                                              QString::fromStdString(error.message())));
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,81 @@
+#include "theme/ElementGrounds.h"
+
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/XmlText.h"
+#include "theme/ElementDataSource.h"
+
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+using Kind = ElementGround::Kind;
+
+std::optional<Kind> kindOf(const QString &name)
+{
+    return name == "text"_L1     ? std::optional(Kind::Text)
+           : name == "large"_L1  ? std::optional(Kind::Large)
+           : name == "mark"_L1   ? std::optional(Kind::Mark)
+           : name == "behind"_L1 ? std::optional(Kind::Behind)
+                                 : std::nullopt;
+}
+
+/// By key, the elements that a theme shows.
+QHash<QString, int> shownElements(const std::vector<ElementRecord> &records)
+{
+    QHash<QString, int> shown;
+    shown.reserve(qsizetype(records.size()));
+    for (size_t index = 0; index < records.size(); ++index) {
+        const ElementRecord &record = records[index];
+        if (record.isChoice() || record.color.isValid() || !shown.contains(record.key))
+            shown[record.key] = int(index);
+    }
+    return shown;
+}
+} // namespace
+
+ElementGroundNames groundNamesFromJson(const QJsonValue &on, const QString &element)
+{
+    if (!on.isObject())
+        NSLog(u"\"on\" of %@ is not an object"_s, {element});
+    ElementGroundNames names;
+    const QJsonObject lists = on.toObject();
+    for (auto list = lists.begin(); list != lists.end(); ++list) {
+        const auto kind = kindOf(list.key());
+        if (!kind || !list.value().isArray()) {
+            NSLog(u"\"on\" of %@ has \"%@\", which is no list of grounds"_s,
+                  {element, xmlText(list.key())});
+            continue;
+        }
+        for (const QJsonValue key : list.value().toArray())
+            names.emplace_back(xmlText(key.toString()), *kind);
+    }
+    return names;
+}
+
+void findGrounds(std::vector<ElementRecord> &records,
+                 const std::map<int, ElementGroundNames> &names)
+{
+    if (names.empty())
+        return;
+    const QHash<QString, int> shown = shownElements(records);
+    for (const auto &[index, grounds] : names) {
+        ElementRecord &record = records[size_t(index)];
+        if (shown.value(record.key, -1) != index)
+            continue;
+        for (const auto &[key, kind] : grounds) {
+            const int ground = shown.value(key, -1);
+            const bool isColor = ground >= 0 && !records[size_t(ground)].isChoice();
+            if (isColor && ground != index && !record.isChoice())
+                record.on.push_back({ground, kind});
+            else
+                NSLog(u"%@ cannot stand on \"%@\": it takes two colors"_s, {record.key, key});
+        }
+    }
+}
