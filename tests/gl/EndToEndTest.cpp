@@ -59,7 +59,7 @@ TEST_F(EndToEndTest, FromTheTapToThePackage)
 {
     putElements({element("list-background-image", "\"#336699FF\"")});
     QProcess program;
-    start(program, TINTLOOM_EXECUTABLE, {}, {{"QT_QPA_PLATFORM", "xcb"}});
+    start(program, TINTLOOM_EXECUTABLE, "--screen 320x568", {{"QT_QPA_PLATFORM", "xcb"}});
     findWindow();
     constexpr QRgb before = qRgb(0x33, 0x66, 0x99);
     constexpr QRgb after = qRgb(0xFF, 0x80, 0x00);
