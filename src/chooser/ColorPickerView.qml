@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tintloom
 
@@ -36,28 +34,6 @@ ChooserPage {
         anchors.fill: parent
         hoverEnabled: true
         onWheel: wheel => wheel.accepted = true
-    }
-    // In the strip above the buttons, which is empty.
-    Loader {
-        x: root.width - width
-        active: root.controller.previewOffered
-        z: 1
-        sourceComponent: PushButton {
-            width: 76
-            height: 20
-            title: qsTr("Preview")
-            onTouchUpInside: root.controller.previewTapped()
-
-            Text {
-                anchors.centerIn: parent
-                text: parent.title
-                color: "#003CA8"
-                opacity: parent.pressed ? 0.5 : 1
-                font.pixelSize: 13
-                font.underline: parent.activeFocus
-                Accessible.ignored: true
-            }
-        }
     }
     Flickable {
         anchors.fill: parent
@@ -180,6 +156,27 @@ ChooserPage {
                 title: "Clear"
                 onTouchUpInside: root.controller.selectClear()
             }
+        }
+    }
+    // In the strip above the buttons, which is empty.
+    PushButton {
+        id: preview
+
+        x: root.width - width
+        width: 76
+        height: 20
+        visible: root.controller.previewOffered
+        title: qsTr("Preview")
+        onTouchUpInside: root.controller.previewTapped()
+
+        Text {
+            anchors.centerIn: parent
+            text: preview.title
+            color: "#003CA8"
+            opacity: preview.pressed ? 0.5 : 1
+            font.pixelSize: 13
+            font.underline: preview.activeFocus
+            Accessible.ignored: true
         }
     }
 }

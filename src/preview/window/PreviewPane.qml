@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tintloom
 
@@ -31,24 +29,25 @@ PreviewPage {
         anchors.fill: parent
         onWheel: wheel => wheel.accepted = true
     }
-    Loader {
-        x: root.width - width
-        active: root.controller.closable
-        z: 1
-        sourceComponent: PushButton {
-            width: 44
-            height: 44
-            title: qsTr("Close preview")
-            onTouchUpInside: root.controller.closeTapped()
+    PushButton {
+        id: close
 
-            Text {
-                anchors.centerIn: parent
-                text: "\u00D7"
-                color: "#202428"
-                opacity: parent.pressed ? 0.5 : 1
-                font.pixelSize: 26
-                Accessible.ignored: true
-            }
+        x: root.width - width
+        width: 44
+        height: 44
+        z: 1
+        visible: root.controller.closable
+        title: qsTr("Close preview")
+        onTouchUpInside: root.controller.closeTapped()
+
+        Text {
+            anchors.centerIn: parent
+            text: "\u00D7"
+            color: "#202428"
+            opacity: close.pressed ? 0.5 : 1
+            font.pixelSize: 26
+            font.underline: close.activeFocus
+            Accessible.ignored: true
         }
     }
     UIView {
