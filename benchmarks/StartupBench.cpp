@@ -1,7 +1,6 @@
 // From the start of the process to the first frame on the screen, on the software renderer, beside
-// a program that shows the same rows and does nothing else, and beside an empty window. All end at
-// their first frame. Tintloom's window is wide, with room for the preview; the others' are not,
-// which is to their advantage.
+// a program that shows the same frame and does nothing else, and beside an empty window. All end at
+// their first frame. The window has room for the preview, which is made after that.
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdlib>

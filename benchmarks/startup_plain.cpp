@@ -87,7 +87,7 @@ int main(int argc, char **argv)
     view.setInitialProperties({{"elements", QVariant::fromValue(&elements)}});
     view.setSource(QUrl("qrc:/StartupPlain/PlainEditor.qml"));
     view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.resize(320, 568);
+    view.resize(800, 660); // as Tintloom on the display that has no screen
     QObject::connect(&view, &QQuickWindow::frameSwapped, &view, [] { std::_Exit(0); });
     view.show();
     return QGuiApplication::exec();
