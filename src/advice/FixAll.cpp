@@ -1,6 +1,7 @@
 #include "advice/FixAll.h"
 
 #include "advice/ThemeMender.h"
+#include "theme/ColorText.h"
 
 #include <QString>
 
@@ -12,10 +13,7 @@ FixedTheme fixAll(const ElementDataSource &elements, const std::set<int> &locked
     for (const int index : mender.changed()) {
         const QRgb color = *mender.colors().color(index);
         fixed.changes.push_back(
-            {index,
-             {QString::asprintf("#%02X%02X%02X%02X", unsigned(qRed(color)), unsigned(qGreen(color)),
-                                unsigned(qBlue(color)), unsigned(qAlpha(color))),
-              elements.tableSource()[size_t(index)].value}});
+            {index, {hexStringForRgb(color), elements.tableSource()[size_t(index)].value}});
     }
     for (const Finding &finding : findings(mender.colors())) {
         const bool isLocked = locked.contains(finding.element) || locked.contains(finding.on);

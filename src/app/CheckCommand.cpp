@@ -5,6 +5,7 @@
 #include "app/StandardStreams.h"
 #include "app/ThemeSubject.h"
 #include "app/WriteChoices.h"
+#include "theme/ColorText.h"
 #include "theme/ElementLocks.h"
 
 #include <QJsonArray>
@@ -33,10 +34,7 @@ QString nameOf(Eyes eyes)
 
 QString textOf(const std::optional<QRgb> &color)
 {
-    return color ? QString::asprintf("#%02X%02X%02X%02X", unsigned(qRed(*color)),
-                                     unsigned(qGreen(*color)), unsigned(qBlue(*color)),
-                                     unsigned(qAlpha(*color)))
-                 : QString();
+    return color ? hexStringForRgb(*color) : QString();
 }
 
 /// Findings as they are printed; of those that a repair has left, why.

@@ -20,11 +20,6 @@ int byteOf(const QString &text, double whole)
         (isPercentage ? text.chopped(1) : text).toDouble() / (isPercentage ? 100.0 : whole);
     return int(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
 }
-
-QString colorText(int red, int green, int blue, int alpha)
-{
-    return QString::asprintf("#%02X%02X%02X%02X", red, green, blue, alpha);
-}
 } // namespace
 
 std::optional<QString> colorTextFromNotation(const QString &notation)
@@ -40,7 +35,8 @@ std::optional<QString> colorTextFromNotation(const QString &notation)
     if (const auto match = function.match(text); match.hasMatch()) {
         const auto byte = [&](int part) { return byteOf(match.captured(part), 255.0); };
         const QString alpha = match.captured(4);
-        return colorText(byte(1), byte(2), byte(3), alpha.isEmpty() ? 255 : byteOf(alpha, 1.0));
+        return hexStringForRgb(
+            qRgba(byte(1), byte(2), byte(3), alpha.isEmpty() ? 255 : byteOf(alpha, 1.0)));
     }
 
     static const QRegularExpression name(u"\\A[a-z]+\\z"_s);
@@ -49,5 +45,5 @@ std::optional<QString> colorTextFromNotation(const QString &notation)
         named = QColor(0x66, 0x33, 0x99);
     if (!named.isValid())
         return std::nullopt;
-    return colorText(named.red(), named.green(), named.blue(), named.alpha());
+    return hexStringForRgb(named.rgba());
 }

@@ -54,6 +54,12 @@ QString hexStringForColor(const UIColor &color)
     return QString::asprintf("#%02X%02X%02X%02X", byte(red), byte(green), byte(blue), byte(alpha));
 }
 
+QString hexStringForRgb(QRgb color)
+{
+    return QString::asprintf("#%02X%02X%02X%02X", unsigned(qRed(color)), unsigned(qGreen(color)),
+                             unsigned(qBlue(color)), unsigned(qAlpha(color)));
+}
+
 UIColor colorFromHexString(const QString &text)
 {
     QString digits = text;

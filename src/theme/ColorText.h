@@ -8,12 +8,15 @@
 
 #include "platform/foundation/UIColor.h"
 
+#include <QRgb>
 #include <QString>
 
 #include <optional>
 
 /// Colour text of a colour: eight upper-case digits after "#". 0.5 gives 7F, because it truncates.
 QString hexStringForColor(const UIColor &color);
+/// The same of bytes, straight; exactly.
+QString hexStringForRgb(QRgb color);
 
 /// Reads any text; never fails. Text without a hexadecimal digit is transparent black, more than 32
 /// bits is opaque white. Each byte is divided by 255 in single precision.
