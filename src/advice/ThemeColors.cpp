@@ -34,21 +34,14 @@ QRgb middleOf(QRgb one, QRgb other)
 
 ThemeColors::ThemeColors(const ElementDataSource &elements) : _elements(&elements)
 {
-    _known.fill(-1);
     const auto &records = elements.tableSource();
     _colors.resize(records.size());
-    for (size_t index = 0; index < records.size(); ++index) {
-        const ElementRecord &record = records[index];
-        if (record.isChoice())
-            continue;
-        if (record.color.isValid())
-            setColorText(int(index), PropertyList::textOf(record.color));
-        const auto *const known = std::ranges::find_if(
-            knownKeys, [&record](QLatin1StringView key) { return key == record.key; });
-        // Of several with one key a theme shows the last that has something to save.
-        if (known != knownKeys.end() &&
-            (record.color.isValid() || _known[size_t(known - knownKeys.begin())] < 0))
-            _known[size_t(known - knownKeys.begin())] = int(index);
+    for (size_t index = 0; index < records.size(); ++index)
+        if (!records[index].isChoice() && records[index].color.isValid())
+            setColorText(int(index), PropertyList::textOf(records[index].color));
+    for (size_t known = 0; known < knownKeys.size(); ++known) {
+        const auto index = elements.shownIndexOfKey(knownKeys[known]);
+        _known[known] = index && !records[size_t(*index)].isChoice() ? *index : -1;
     }
 }
 
@@ -69,11 +62,6 @@ int ThemeColors::otherEnd(int index) const
         if (_known[size_t(end)] == index)
             return _known[size_t(end ^ 1)];
     return -1;
-}
-
-bool ThemeColors::isPicture(int index) const
-{
-    return index == _known[ListBackground] || index == _known[UnreadIndicator];
 }
 
 void ThemeColors::addRelations(int index, std::vector<ThemeRelation> &relations) const
@@ -117,20 +105,20 @@ void ThemeColors::Surfaces::add(QRgb color)
 
 std::optional<QRgb> ThemeColors::shownColor(int index, QRgb ground) const
 {
+    const auto keyOf = [this](int element) -> const QString & {
+        return _elements->tableSource()[size_t(element)].key;
+    };
     std::optional<QRgb> color = _colors[size_t(index)];
     if (!color) {
         const int other = otherEnd(index);
         color = other >= 0 ? _colors[size_t(other)] : std::nullopt;
         // Only the first of a balloon's keys has a stand-in.
-        const auto keyOf = [this](int element) {
-            return _elements->tableSource()[size_t(element)].key;
-        };
         if (!color)
             color = standInColor(keyOf(index), ground);
         if (!color && other >= 0)
             color = standInColor(keyOf(other), ground);
     }
-    return color && isPicture(index) ? std::optional(*color | 0xFF000000) : color;
+    return color && isPictureColor(keyOf(index)) ? std::optional(*color | 0xFF000000) : color;
 }
 
 ThemeColors::Surfaces ThemeColors::surfacesBehind(int index, int depth) const

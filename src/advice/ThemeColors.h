@@ -91,7 +91,6 @@ private:
     std::optional<QRgb> shownColor(int index, QRgb ground) const;
     /// The other colour of a balloon; -1 for what is none.
     int otherEnd(int index) const;
-    bool isPicture(int index) const;
 
     const ElementDataSource *_elements;
     std::vector<std::optional<QRgb>> _colors;

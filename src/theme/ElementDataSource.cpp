@@ -312,6 +312,20 @@ std::vector<int> ElementDataSource::indexesOfKey(const QString &key) const
     return indexes;
 }
 
+std::optional<int> ElementDataSource::shownIndexOfKey(const QString &key) const
+{
+    const auto hasKey = [&key](const ElementRecord &record) { return record.key == key; };
+    const auto isSaved = [&](const ElementRecord &record) {
+        return hasKey(record) && (record.isChoice() || record.color.isValid());
+    };
+    const auto last = std::find_if(_tableSource.rbegin(), _tableSource.rend(), isSaved);
+    if (last != _tableSource.rend())
+        return int(std::prev(last.base()) - _tableSource.begin());
+    const auto first = std::ranges::find_if(_tableSource, hasKey);
+    return first == _tableSource.end() ? std::nullopt
+                                       : std::optional(int(first - _tableSource.begin()));
+}
+
 ElementChoice ElementDataSource::defaultChoice(int index) const
 {
     return _overlaid.value(index, _tableSource.at(size_t(index)).choice());

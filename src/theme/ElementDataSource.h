@@ -112,6 +112,9 @@ public:
     std::optional<int> indexOfName(const QString &name) const;
     /// Every element with that key, in document order.
     std::vector<int> indexesOfKey(const QString &key) const;
+    /// The one of them that a theme shows, because a save writes it last: an option, or a colour
+    /// that is not null; the first where there is no such one.
+    std::optional<int> shownIndexOfKey(const QString &key) const;
 
     /// The fixed head of every theme: name, theme-version, description, retina.
     const PropertyDictionary &predefinedDict() const { return _predefinedDict; }

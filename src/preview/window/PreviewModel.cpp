@@ -104,9 +104,8 @@ const ElementRecord *PreviewModel::recordOf(const QString &key) const
 {
     if (!_document || key.isEmpty())
         return nullptr;
-    const auto &records = _document->elements().tableSource();
-    const auto found = std::ranges::find(records, key, &ElementRecord::key);
-    return found == records.end() ? nullptr : &*found;
+    const auto index = _document->elements().shownIndexOfKey(key);
+    return index ? &_document->record(*index) : nullptr;
 }
 
 QString PreviewModel::nameOf(const QString &key) const
