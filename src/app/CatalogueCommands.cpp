@@ -87,9 +87,8 @@ std::optional<int> refusal(const CommandLine::Options &options)
     const auto error = folder ? NSFileManager::enumeratorAtPath(*folder).error
                               : std::make_error_code(std::errc::no_such_file_or_directory);
     if (error) {
-        complain(u"the folder of '%1' cannot be read: %2: %3"_s.arg(
-            options.theme, folder.value_or(options.theme),
-            QString::fromStdString(error.message())));
+        complain(u"the folder of '%1' cannot be read: %2"_s.arg(
+            options.theme, NSFileManager::withReason(folder.value_or(options.theme), error)));
         return failed;
     }
     return std::nullopt;

@@ -44,8 +44,7 @@ int runPreview(const CommandLine::Options &options)
     if (options.out == "-"_L1)
         return print(png);
     if (const auto error = NSFileManager::writeToFile(options.out, png)) {
-        complain(
-            u"cannot write %1: %2"_s.arg(options.out, QString::fromStdString(error.message())));
+        complain(u"cannot write %1"_s.arg(NSFileManager::withReason(options.out, error)));
         return failed;
     }
     return print(options.out.toUtf8() + '\n');

@@ -19,12 +19,12 @@ bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper
     if (!error)
         error = keeper.write(PropertyList::writeDictionary(themeDictionary(elements)));
     if (!error)
-        error = NSFileManager::setPosixPermissions(locations.workingCopy(), 0777);
+        error = NSFileManager::setPosixPermissions(locations.workingCopy(), packagePermissions);
     if (const auto ending = keeper.end(); ending && !error)
         error = ending;
     if (error) {
-        complain(u"cannot write %1: %2"_s.arg(locations.workingCopy(),
-                                              QString::fromStdString(error.message())));
+        complain(
+            u"cannot write %1"_s.arg(NSFileManager::withReason(locations.workingCopy(), error)));
         return false;
     }
     return true;

@@ -93,7 +93,7 @@ std::optional<ThemeDocument::Changes> changesIn(const QByteArray &bytes,
 void logFault(const QString &what, const QString &path, const std::error_code &error)
 {
     if (error)
-        NSLog(u"%@ %@: %@"_s, {what, path, QString::fromStdString(error.message())});
+        NSLog(u"%@ %@"_s, {what, NSFileManager::withReason(path, error)});
 }
 } // namespace
 
@@ -113,7 +113,7 @@ std::shared_ptr<AbandonedDraft> AbandonedDraft::find(const QString &documents,
         if (lockError || NSFileManager::itemAtPath(folder).kind != Kind::Folder)
             continue; // somebody is at it, or it is none of ours
         const auto [bytes, error] = NSFileManager::contentsAtPath(file);
-        if (error && error != std::errc::no_such_file_or_directory)
+        if (error && !NSFileManager::isMissing(error))
             continue; // perhaps another time
         const auto changes = error ? ThemeDocument::Changes() : changesIn(bytes, elements);
         const QDateTime time = QFileInfo(file).lastModified();
