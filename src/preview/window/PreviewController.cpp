@@ -2,6 +2,19 @@
 
 #include "platform/UIWindow.h"
 
+PreviewController::PreviewController(PreviewModel &model, bool isClosable)
+    : _model(model), _isClosable(isClosable)
+{
+    connect(&model, &PreviewModel::interactiveChanged, this, &PreviewController::takesKeysChanged);
+}
+
+bool PreviewController::close()
+{
+    if (_isClosable)
+        dismissPage();
+    return _isClosable;
+}
+
 std::shared_ptr<PreviewController> PreviewController::initPane(PreviewModel &model)
 {
     return own(new PreviewController(model, false));
@@ -14,9 +27,7 @@ std::shared_ptr<PreviewController> PreviewController::initPage(PreviewModel &mod
 
 void PreviewController::presentPage(PreviewModel &model)
 {
-    const auto page = initPage(model);
-    connect(page.get(), &PreviewController::closeTapped, page.get(), &dismissPage);
-    UIWindow::keyWindow()->presentViewController(page);
+    UIWindow::keyWindow()->presentViewController(initPage(model));
 }
 
 void PreviewController::dismissPage()

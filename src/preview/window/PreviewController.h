@@ -11,6 +11,7 @@ class PreviewController final : public UIViewController
     QML_UNCREATABLE("Made by the program's start")
     Q_PROPERTY(PreviewModel *model READ model CONSTANT FINAL)
     Q_PROPERTY(bool closable READ isClosable CONSTANT FINAL)
+    Q_PROPERTY(bool takesKeys READ takesKeys NOTIFY takesKeysChanged FINAL)
 
 public:
     /// The model must outlive the controller's view.
@@ -27,18 +28,19 @@ public:
 
     PreviewModel *model() const { return &_model; }
     bool isClosable() const { return _isClosable; }
+    /// Whether Tab leads here: not beside something that lies over the editor.
+    bool takesKeys() const { return _isClosable || _model.isInteractive(); }
+    /// False for a pane, which stays.
+    Q_INVOKABLE bool close();
 
 signals:
-    /// The button that closes a page was pressed, or Escape.
-    void closeTapped();
+    void takesKeysChanged();
 
 protected:
     const char *viewFile() const override { return "preview/window/PreviewPane.qml"; }
 
 private:
-    PreviewController(PreviewModel &model, bool isClosable) : _model(model), _isClosable(isClosable)
-    {
-    }
+    PreviewController(PreviewModel &model, bool isClosable);
 
     PreviewModel &_model;
     const bool _isClosable;

@@ -6,8 +6,6 @@ PreviewPage {
     id: root
 
     required property PreviewController controller
-    // While something lies over the editor, its keyboard stays there.
-    readonly property bool tabStop: controller.model.interactive || controller.closable
 
     caption: caption
     conversation: conversation
@@ -15,10 +13,7 @@ PreviewPage {
     screenSwitch: screens
     eyesSwitch: eyes
 
-    Keys.onEscapePressed: event => {
-        event.accepted = root.controller.closable;
-        root.controller.closeTapped();
-    }
+    Keys.onEscapePressed: event => event.accepted = root.controller.close()
 
     Rectangle {
         anchors.fill: parent
@@ -38,7 +33,7 @@ PreviewPage {
         z: 1
         visible: root.controller.closable
         title: qsTr("Close preview")
-        onTouchUpInside: root.controller.closeTapped()
+        onTouchUpInside: root.controller.close()
 
         Text {
             anchors.centerIn: parent
@@ -69,21 +64,21 @@ PreviewPage {
 
         model: root.controller.model
         name: qsTr("Conversation")
-        tabStop: root.tabStop
+        tabStop: root.controller.takesKeys
     }
     PreviewFrame {
         id: list
 
         model: root.controller.model
         name: qsTr("Message list")
-        tabStop: root.tabStop
+        tabStop: root.controller.takesKeys
         messageList: true
     }
     Segments {
         id: screens
 
         name: qsTr("Screen")
-        tabStop: root.tabStop
+        tabStop: root.controller.takesKeys
         titles: [qsTr("Conversation"), qsTr("Messages")]
         current: root.shownScreen
         onChosen: index => root.shownScreen = index
@@ -92,7 +87,7 @@ PreviewPage {
         id: eyes
 
         name: qsTr("As others see it")
-        tabStop: root.tabStop
+        tabStop: root.controller.takesKeys
         titles: [qsTr("Normal"), qsTr("Protan"), qsTr("Deutan"), qsTr("Tritan"), qsTr("Grey")]
         current: root.controller.model.eyes
         onChosen: index => root.controller.model.eyes = index
