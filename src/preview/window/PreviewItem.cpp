@@ -118,13 +118,19 @@ void PreviewItem::paint(QPainter *painter)
     };
     if (_model->eyes() == Eyes::Normal)
         return draw(*painter);
-    const double ratio = painter->transform().m11();
-    QImage picture((size() * ratio).toSize(), QImage::Format_RGB32);
+    const QRectF touched = painter->hasClipping() ? painter->clipBoundingRect() : boundingRect();
+    const QRect pixels = painter->transform().mapRect(touched).toAlignedRect();
+    QImage picture(pixels.size(), QImage::Format_RGB32);
     QPainter picturePainter(&picture);
-    picturePainter.scale(ratio, ratio);
+    picturePainter.translate(-pixels.topLeft());
+    picturePainter.setTransform(painter->transform(), true);
+    picturePainter.setClipRect(touched);
     draw(picturePainter);
     picturePainter.end();
-    painter->drawImage(QRectF({}, size()), seenBy(_model->eyes(), picture));
+    painter->save();
+    painter->resetTransform();
+    painter->drawImage(pixels.topLeft(), seenBy(_model->eyes(), picture));
+    painter->restore();
 }
 
 void PreviewItem::paintOutline(QPainter &painter, const QString &key) const
