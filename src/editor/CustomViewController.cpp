@@ -243,7 +243,9 @@ void CustomViewController::showChooser(int index, NSIndexPath indexPath)
     if (wasOpen)
         return;
     ColorPickerViewController *chooser = colorPickerView();
-    chooser->setPreviewOffered(_preview->isOffered());
+    const auto offer = [this, chooser] { chooser->setPreviewOffered(_preview->isOffered()); };
+    offer();
+    connect(_preview, &EditorPreview::offeredChanged, chooser, offer);
     connect(chooser, &ColorPickerViewController::previewTapped, _preview, &EditorPreview::showPage);
     connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
         _document->showPassingColor(index, hexStringForColor(chooser->color()));
@@ -322,6 +324,7 @@ void CustomViewController::showOptions(const ElementRecord &record, NSIndexPath 
     sheet->setCancelButtonIndex(sheet->addButtonWithTitle(cancelTitle));
     sheet->setTag(indexPath.row);
     UIActionSheet::showInWindow(std::move(sheet), UIWindow::keyWindow());
+    _preview->noteSheet(indexPath);
 }
 
 void CustomViewController::clickedButtonAtIndex(UIActionSheet &actionSheet, int buttonIndex)
@@ -351,9 +354,11 @@ void CustomViewController::setLocked(int index, bool locked)
 
 bool CustomViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
 {
-    if (const auto index = source().indexAt(indexPath))
+    if (const auto index = source().indexAt(indexPath)) {
         _menu = ActionMenu::show(_document->record(*index).name,
                                  EditorActions::forElement(*this, *index));
+        _preview->noteSheet(indexPath);
+    }
     return true;
 }
 

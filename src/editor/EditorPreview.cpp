@@ -55,9 +55,23 @@ void EditorPreview::updateAttention()
     const ColorPickerViewController *chooser = _editor.colorPickerView();
     const NSIndexPath row = chooser
                                 ? NSIndexPath{chooser->selectedSection(), chooser->selectedRow()}
-                                : _editor.tableView()->focusedRow();
+                            : _sheetRow.isValid() ? _sheetRow
+                                                  : _editor.tableView()->focusedRow();
     const auto index = _editor.source().indexAt(row);
     _model->setAttention(index ? _editor.document().record(*index).key : QString());
+}
+
+void EditorPreview::noteSheet(NSIndexPath row)
+{
+    const UIWindow *window = UIWindow::keyWindow();
+    if (!_model || !window || !window->actionSheet())
+        return;
+    _sheetRow = row;
+    updateAttention();
+    connect(window->actionSheet(), &QObject::destroyed, _watch.get(), [this] {
+        _sheetRow = {};
+        updateAttention();
+    });
 }
 
 void EditorPreview::updateInteractive()
@@ -80,11 +94,8 @@ void EditorPreview::showPage()
 
 void EditorPreview::open(const QString &key)
 {
-    // A package holds one value under a key, that of the last element with it.
-    const auto indexes = _editor.source().indexesOfKey(key);
-    if (indexes.empty())
-        return;
-    const NSIndexPath row = _editor.source().indexPathOf(indexes.back());
+    const auto index = _editor.source().shownIndexOfKey(key);
+    const NSIndexPath row = index ? _editor.source().indexPathOf(*index) : NSIndexPath();
     if (!row.isValid())
         return;
     if (UIWindow::keyWindow()->presentedViewController())

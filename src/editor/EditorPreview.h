@@ -34,6 +34,9 @@ public:
     /// Before the editor dies: it tells of much while it does.
     void stopWatching() { _watch.reset(); }
 
+    /// The sheet that has just come up belongs to that row.
+    void noteSheet(NSIndexPath row);
+
     bool isOffered() const;
     /// Lays the preview over the stage; nothing where none is offered.
     Q_INVOKABLE void showPage();
@@ -49,4 +52,5 @@ private:
     CustomViewController &_editor;
     std::unique_ptr<QObject> _watch = std::make_unique<QObject>(); // of what the editor tells
     QPointer<PreviewModel> _model;
+    NSIndexPath _sheetRow; // while its sheet is up
 };
