@@ -1,5 +1,6 @@
 #include "archives/EntryReader.h"
 
+#include "archives/EntryPath.h"
 #include "archives/NamesInUtf8.h"
 
 #include <QSet>
@@ -21,16 +22,6 @@ QString rawName(archive_entry *entry)
     const char *utf8 = archive_entry_pathname_utf8(entry);
     const QByteArray bytes(utf8 ? utf8 : archive_entry_pathname(entry));
     return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString();
-}
-
-/// For people: what is in the archive must not steer a terminal.
-QString shownName(const QString &name)
-{
-    QString shown = name.left(200);
-    for (QChar &c : shown)
-        if (!c.isPrint())
-            c = u'?';
-    return u'"' + shown + u'"';
 }
 
 class Reading
@@ -60,7 +51,7 @@ private:
     QString reason() const
     {
         const char *text = archive_error_string(_archive);
-        return text ? shownName(QString::fromLocal8Bit(text)) : u"it ends too early"_s;
+        return text ? shownPath(QString::fromLocal8Bit(text)) : u"it ends too early"_s;
     }
 
     bool refuse(const QString &problem)
@@ -76,9 +67,9 @@ private:
             return refuse(u"the name of entry %1 is no text"_s.arg(_count + 1));
         if (++_count > _limits.entries)
             return refuse(u"there are more than %1 entries, %2 is the next"_s.arg(_limits.entries)
-                              .arg(shownName(name)));
+                              .arg(shownPath(name)));
         if (const QString problem = problemWith(entry); !problem.isEmpty())
-            return refuse(u"%1 %2"_s.arg(shownName(name), problem));
+            return refuse(u"%1 %2"_s.arg(shownPath(name), problem));
         const auto path = pathOf(name);
         return path && takeContents(entry, name, *path);
     }
@@ -97,23 +88,14 @@ private:
     /// Nothing, told why, when it leads astray.
     std::optional<QString> pathOf(const QString &name)
     {
-        const auto refused = [&](const QString &why) {
-            refuse(shownName(name) + u' ' + why);
-            return std::nullopt;
-        };
-        if (name.startsWith(u'/'))
-            return refused(u"is an absolute path"_s);
         QStringList parts = name.split(u'/', Qt::SkipEmptyParts);
         parts.removeAll(u"."_s);
-        if (parts.contains(u".."_s))
-            return refused(u"leads out of the package"_s);
-        if (parts.size() > _limits.levels)
-            return refused(u"lies more than %1 levels deep"_s.arg(_limits.levels));
-        for (const QString &part : std::as_const(parts))
-            if (part.toUtf8().size() > longestName)
-                return refused(u"has too long a name"_s);
-        if (std::any_of(name.begin(), name.end(), [](QChar c) { return c < u' ' || c == u'\x7F'; }))
-            return refused(u"has control characters in its name"_s);
+        const QString problem =
+            name.startsWith(u'/') ? u"is an absolute path"_s : problemOfPath(parts, _limits.levels);
+        if (!problem.isEmpty()) {
+            refuse(shownPath(name) + u' ' + problem);
+            return std::nullopt;
+        }
         return parts.join(u'/');
     }
 
@@ -126,9 +108,9 @@ private:
         if (isFolder)
             return path.isEmpty() || rememberFolder(name, path);
         if (path.isEmpty())
-            return refuse(shownName(name) + u" is no name of a file"_s);
+            return refuse(shownPath(name) + u" is no name of a file"_s);
         if (_files.contains(path) || _folders.contains(path))
-            return refuse(shownName(name) + u" is there twice"_s);
+            return refuse(shownPath(name) + u" is there twice"_s);
         _files.insert(path);
         const qsizetype end = path.lastIndexOf(u'/');
         if (end > 0 && !rememberFolder(name, path.first(end)))
@@ -143,7 +125,7 @@ private:
         for (qsizetype end = path.indexOf(u'/');; end = path.indexOf(u'/', end + 1)) {
             const QString folder = path.left(end);
             if (_files.contains(folder))
-                return refuse(shownName(name) + u" lies in a file"_s);
+                return refuse(shownPath(name) + u" lies in a file"_s);
             _folders.insert(folder);
             if (end < 0)
                 return true;
@@ -153,7 +135,7 @@ private:
     std::optional<QByteArray> contents(const QString &name)
     {
         const auto refused = [&](const QString &why) {
-            refuse(shownName(name) + u' ' + why);
+            refuse(shownPath(name) + u' ' + why);
             return std::nullopt;
         };
         QByteArray bytes;
@@ -176,8 +158,6 @@ private:
         bytes.squeeze();
         return bytes;
     }
-
-    static constexpr qsizetype longestName = 255; // bytes; what file systems take
 
     archive *const _archive;
     const ArchiveLimits _limits;
