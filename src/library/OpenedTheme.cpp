@@ -8,10 +8,8 @@
 #include "platform/foundation/NSFileManager.h"
 #include "theme/ThemeLocations.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
-#include <QImageReader>
 
 #include <algorithm>
 
@@ -71,33 +69,6 @@ Place placeOfPackage(const std::vector<ArchiveEntry> &entries)
             {},
             u"it holds several themes: %1 and %2"_s.arg(shownPath(found[0]), shownPath(found[1]))};
     return {found[0].chopped(packageInfoName().size()), {}};
-}
-
-/// A picture's size stands at its beginning; nothing is decoded.
-bool isHugePicture(const QString &path, const QByteArray &bytes)
-{
-    static const QStringList suffixes{u"png"_s,  u"jpg"_s, u"jpeg"_s, u"gif"_s, u"bmp"_s,
-                                      u"webp"_s, u"tif"_s, u"tiff"_s, u"ico"_s};
-    if (!suffixes.contains(path.section(u'.', -1).toLower()))
-        return false;
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true); // the phone's "png" is a JPEG
-    const QSize size = reader.size();
-    return qint64(size.width()) * size.height() > PackageLimits::picture;
-}
-
-QString problemOfFile(const QString &path, const QByteArray &bytes)
-{
-    const QString problem = problemOfPath(path.split(u'/'), PackageLimits::package.levels);
-    if (!problem.isEmpty())
-        return shownPath(path) + u' ' + problem;
-    if (isHugePicture(path, bytes))
-        return u"%1 is a picture of more than %2 megapixels"_s.arg(shownPath(path))
-            .arg(PackageLimits::picture / 1'000'000);
-    return {};
 }
 
 /// What a file is called, without the endings of its form.
@@ -248,7 +219,8 @@ ThemeOpening ThemeOpener::fromEntries(std::vector<ArchiveEntry> entries, const Q
             theme.besides.append(entry.path);
         else if (path == packageInfoName())
             infoBytes = std::move(entry.bytes);
-        else if (const QString problem = problemOfFile(path, entry.bytes); !problem.isEmpty())
+        else if (const QString problem = PackageLimits::problemOfFile(path, entry.bytes);
+                 !problem.isEmpty())
             return refused(problem);
         else
             theme.contents.files[path] = std::move(entry.bytes);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "archives/ArchiveModule.h"
+#include "library/PackageContents.h"
 
 namespace PackageLimits
 {
@@ -12,4 +13,10 @@ constexpr ArchiveLimits archive{package.archive, package.entries, package.unpack
                                 package.levels + 1};
 constexpr qsizetype propertyList = 4 << 20; // bytes
 constexpr qint64 picture = 40'000'000;      // pixels
+
+/// Why a file cannot be in a package, a clause for people that names it; else empty. A picture's
+/// size is read from its beginning, nothing is decoded.
+QString problemOfFile(const QString &path, const QByteArray &bytes);
+/// Why a package cannot be opened again where it is passed on to; else empty.
+QString problemOfPackage(const PackageContents &contents);
 } // namespace PackageLimits
