@@ -12,7 +12,7 @@ QRgb pixel(const UIColor &color)
     return qRgba(byte(red), byte(green), byte(blue), byte(alpha));
 }
 
-/// Whole pixels that a length takes, so that 640 x 1.1 stays 704 although the product is a trace
+/// Whole pixels that a length takes, so that 50 x 1.1 is 55 although the product is a trace
 /// above; 0 when no image can have that side.
 int pixels(double length)
 {

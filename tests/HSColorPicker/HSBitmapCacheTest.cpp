@@ -15,8 +15,9 @@ TEST(HSBitmapCacheTest, SharesByPixelSizeAndPadding)
     const Bitmap bitmap = cache.bitmapForDiameter(60, 2, 11, true);
     EXPECT_EQ(bitmap->bitmapSize(), (BMPoint{120, 120}));
     EXPECT_EQ(cache.bitmapForDiameter(60, 2, 11, false), bitmap) << "found, if not stored";
-    EXPECT_EQ(cache.bitmapForDiameter(120.01, 1, 22, true), bitmap) << "the same to a decimal";
-    EXPECT_NE(cache.bitmapForDiameter(60, 2, 12, true), bitmap);
+    EXPECT_EQ(cache.bitmapForDiameter(120.01, 1, 22.01, true), bitmap) << "the same to a decimal";
+    EXPECT_NE(cache.bitmapForDiameter(120.2, 1, 22, true), bitmap);
+    EXPECT_NE(cache.bitmapForDiameter(120, 1, 22.2, true), bitmap);
     EXPECT_NE(cache.bitmapForDiameter(70, 1, 11, false), cache.bitmapForDiameter(70, 1, 11, false));
     EXPECT_EQ(cache.bitmapForDiameter(240, -2, 11, true), nullptr);
     for (int size = 300; size < 330; ++size)

@@ -34,5 +34,7 @@ TEST(HSColorPickerStateTest, ChangesOneValueAndKeepsTheOthers)
     EXPECT_EQ(state.stateBySettingBrightness(0.75), at({0, 3}, 0.75, 0.5));
     EXPECT_EQ(state.stateBySettingAlpha(1.5), at({0, 3}, 0.25, 1.5));
     EXPECT_EQ(state.stateBySettingHue(0.0), at({1, 0}, 0.25, 0.5)) << "the saturation as read";
+    EXPECT_EQ(at({INFINITY, -INFINITY}, 1, 1).selectionLocationWithSize(40, 20), QPointF(20, 20))
+        << "nowhere, on a wheel without a radius";
     EXPECT_NEAR(state.stateBySettingSaturation(2.0).scaledRelativePoint().y(), 2.0, 1e-12);
 }

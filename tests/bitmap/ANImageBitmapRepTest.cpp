@@ -16,7 +16,7 @@ TEST(ANImageBitmapRepTest, StoresPixelsPremultipliedAndRounded)
         {{1.5 / 255, 0.49999 / 255, -0.5 / 255, 1}, {2, 0, 255, 255}}, // halves go away from zero
         {{256.0 / 255, 2, -1, 1}, {0, 254, 1, 255}},                   // the low eight bits
         {{1e300, -1e300, 0, 1}, {255, 0, 0, 255}},                     // the ends of 32 bits
-        {{1, 0, 0.5, 0.5}, {128, 0, 64, 128}},
+        {{1, 0.25, 0.5, 0.5}, {128, 32, 64, 128}},
     };
     const auto rep = ANImageBitmapRep::imageBitmapRepWithCGSize({1.5, 0.6});
     ASSERT_EQ(rep->bitmapSize(), (BMPoint{2, 1})); // rounded as well
@@ -25,7 +25,7 @@ TEST(ANImageBitmapRepTest, StoresPixelsPremultipliedAndRounded)
         EXPECT_EQ(rawAt(*rep, 1, 0), raw) << pixel.red << ' ' << pixel.green << ' ' << pixel.alpha;
     }
     EXPECT_EQ(rep->getPixelAtPoint({1, 0}),
-              (BMPixel{1, 0, 64 / 255.0 / (128 / 255.0), 128 / 255.0}));
+              (BMPixel{1, 32 / 255.0 / (128 / 255.0), 64 / 255.0 / (128 / 255.0), 128 / 255.0}));
     EXPECT_TRUE(std::isnan(rep->getPixelAtPoint({0, 0}).red)) << "nothing divided by nothing";
 }
 

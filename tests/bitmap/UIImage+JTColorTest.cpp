@@ -27,6 +27,7 @@ TEST(UIImageJTColorTest, FillsTheRectangleOnACanvasOfItsSize)
     expectFilled({30, 0, 24, 24}, 1.0, {24, 24}, {});
     expectFilled({-30, 0, 24, 24}, 1.0, {24, 24}, {});
     expectFilled({0, 0, 640, 1136}, 1.1, {704, 1250}, {0, 0, 704, 1250});
+    expectFilled({0, 0, 50, 50}, 1.1, {55, 55}, {0, 0, 55, 55});
     expectFilled({0, 0, 0.25, 0.25}, 1.0, {1, 1}, {});
 }
 

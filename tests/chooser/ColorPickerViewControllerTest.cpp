@@ -206,9 +206,7 @@ TEST_F(ColorPickerViewControllerTest, ScrollsAsAWholeInALowWindow)
 {
     open("#336699FF", {320, 240});
     const QRectF before = frame("_saveButton");
-    QWheelEvent scroll(QPointF(160, 30), window().mapToGlobal(QPointF(160, 30)), {}, {0, -480},
-                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&window(), &scroll);
+    turnWheel({160, 30}, -480);
     EXPECT_TRUE(QTest::qWaitFor([&] { return frame("_saveButton").y() < before.y() - 20; }));
     const QQuickItem *page = chooser->colorPicker()->parentItem()->parentItem();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !page->property("moving").toBool(); }));

@@ -29,6 +29,13 @@ protected:
         settle();
     }
     void tap(const QQuickItem *item) { tap(sceneFrame(item).center()); }
+    /// Turns the mouse wheel, 120 a notch, down where negative.
+    void turnWheel(QPoint point, int turn)
+    {
+        QWheelEvent wheel(point, window().mapToGlobal(point), {}, {0, turn}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&window(), &wheel);
+    }
     static QPointingDevice *touchScreen()
     {
         static QPointingDevice *const device = QTest::createTouchDevice(); // Qt keeps it for good

@@ -209,4 +209,10 @@ TEST_F(PreviewPaneTest, AtPhoneSizeItIsAPageOverTheScreen)
     ASSERT_TRUE(window().presentedViewController());
     editor().document().showPassingColor(indexOf(background), "#102030FF");
     EXPECT_TRUE(showsSoon(qRgb(0x10, 0x20, 0x30), placeOf(background, conversation())));
+    const QString list = "list-background-image"; // behind the switch
+    editor().document().showPassingColor(indexOf(list), "#405060FF");
+    const QRectF screenSwitch = sceneFrame(
+        window().presentedViewController()->view()->property("screenSwitch").value<UIView *>());
+    tap(QPointF(screenSwitch.right() - 20, screenSwitch.center().y()));
+    EXPECT_TRUE(showsSoon(qRgb(0x40, 0x50, 0x60), placeOf(list, *screens()[1])));
 }
