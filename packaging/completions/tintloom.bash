@@ -9,6 +9,13 @@ _tintloom()
     COMPREPLY=()
     [[ $current != *=* && $before != = ]] || return # a value of the user's own
 
+    # What is opened or written is a file, which may have any name.
+    if [[ $current != -* && ($before == import || $before == export) ]]; then
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        return
+    fi
+
     # The word after an option is what the help calls its value.
     [[ $before == --* ]] &&
         kind=$(sed -n "s/^  $before \([A-Z][A-Za-z=]*\) .*/\1/p" <<<"$help")

@@ -7,6 +7,6 @@ complete -c tintloom -n 'string match -q -- "-*" (commandline -ct)' \
     -a '(tintloom --help | string replace -rf "^  (--[a-z-]+)(?: [A-Z]\S*)?  +(.*)" "\$1\t\$2")'
 complete -c tintloom -n 'string match -qr -- "^--(view|eyes)\$" (commandline -opc)[-1]' \
     -a '(tintloom --help | string replace -rf ".*\["(commandline -opc)[-1]" ([a-z|]+)\].*" "\$1" | string split "|")'
-complete -c tintloom -n 'string match -qr -- "^--out\$" (commandline -opc)[-1]' -F
+complete -c tintloom -n 'string match -qr -- "^(--(out|qr)|import|export)\$" (commandline -opc)[-1]' -F
 complete -c tintloom -n 'string match -qr -- "^--(package-root|documents|resources)\$" (commandline -opc)[-1]' \
     -a '(__fish_complete_directories)'

@@ -8,4 +8,5 @@ options=(${(f)"$(sed -n -e 's|^  \(--[a-z-]*\) DIR .*|*\1:folder:_files -/|p' \
     -e 's|^  \(--[a-z-]*\) FILE .*|*\1:file:_files|p' \
     -e 's|^  \(--[a-z-]*\) [A-Z][A-Za-z=]* .*|*\1:value:|p' \
     -e 's|^  \(--[a-z-]*\)  .*|*\1|p' <<<$help)"})
+[[ $words[2] == (import|export) ]] && options+=('*:file:_files')
 _arguments "1:command:($commands)" $options

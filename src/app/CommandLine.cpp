@@ -30,6 +30,16 @@ const QString help = uR"(Usage:
   tintloom themes [options] [--json]    print the catalogue of ready-made themes
   tintloom install [options] NAME       install one of them
   tintloom edit [options] NAME          install it and make it the current choices
+  tintloom import [options] PATH|TEXT [--as NAME] [--replace]
+                                        keep a theme that somebody else made: a package's
+                                        folder or Info.plist, a .tintloom, .zip or .tar.gz
+                                        archive, or shared text
+  tintloom export [options] [THEME] PATH [--replace]
+                                        write the current choices, or a theme, to pass them on:
+                                        an archive by these endings, else a folder
+  tintloom share [options] [THEME] [--qr FILE]
+                                        print the current choices, or a theme, as a line of
+                                        text that import reads
   tintloom preview [options] [THEME] [--view conversation|list|both]
                    [--eyes normal|protan|deutan|tritan|grey] --out FILE
                                         draw the phone with the current choices, or with a
@@ -54,6 +64,9 @@ Options:
   --catalogue         open the window on the catalogue
   --json              list, themes, check: print one JSON array
   --fix               check: mend what is found in the current choices, and print the rest
+  --as NAME           import: keep it under this name instead of its own
+  --replace           import, export: replace the theme of that name, or what is at PATH
+  --qr FILE           share: the PNG file to draw the text into, as a QR code
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
   --view VIEW         preview: the screen to draw; default both
@@ -104,6 +117,7 @@ public:
             {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
             {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
             {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
+            {u"import"_s, Import},   {u"export"_s, Export},   {u"share"_s, Share},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -117,10 +131,15 @@ public:
             return Set;
         }
         const bool needsTheme = *command == Install || *command == Edit;
-        const bool mayHaveTheme = needsTheme || *command == Preview || *command == Check;
-        const qsizetype expected = mayHaveTheme ? 2 : 1;
+        const bool needsPath = *command == Import || *command == Export;
+        const bool mayHaveTheme = needsTheme || needsPath || *command == Preview ||
+                                  *command == Check || *command == Share;
+        const qsizetype expected = *command == Export ? 3 : mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
+        else if (words.size() < 2 && needsPath)
+            fail(*command == Import ? u"'import' needs the path of a theme, or a shared text"_s
+                                    : u"'export' needs the path to write to"_s);
         else if (words.size() < expected && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
         return *command;
@@ -128,8 +147,27 @@ public:
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install`, `edit`, `preview` and `check` are to work on.
-    QString theme() const { return _parser.positionalArguments().value(1); }
+    /// What the commands that take a theme are to work on; before the place of an export.
+    QString theme(CommandLine::Command command) const
+    {
+        const QStringList words = _parser.positionalArguments();
+        const bool isPlace = command == CommandLine::Command::Export && words.size() < 3;
+        return isPlace ? QString() : words.value(1);
+    }
+
+    QString file(const QString &option)
+    {
+        const QString value = _parser.value(option);
+        if (_parser.isSet(option) && value.isEmpty())
+            fail(u"--%1 needs the name of a file"_s.arg(option));
+        return value.isEmpty() ? value : absolute(value);
+    }
+
+    QString place() const
+    {
+        return absolute(
+            _parser.positionalArguments().value(2, _parser.positionalArguments().value(1)));
+    }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
@@ -213,11 +251,12 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name :
-         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
+                             u"fix"_s, u"replace"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
-                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
+    for (const auto &name :
+         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s,
+          u"view"_s, u"eyes"_s, u"out"_s, u"as"_s, u"qr"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
@@ -238,6 +277,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
         reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
+    reader.onlyWith(options.command == Command::Import, u"as"_s, u"'import'"_s);
+    reader.onlyWith(options.command == Command::Import || options.command == Command::Export,
+                    u"replace"_s, u"'import' and 'export'"_s);
+    reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
@@ -247,7 +290,14 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                                       besideProgram(QStringLiteral(TINTLOOM_DATA)));
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
-    options.theme = reader.theme();
+    options.theme = reader.theme(options.command);
+    options.newName = parser.value(u"as"_s);
+    if (parser.isSet(u"as"_s) && options.newName.isEmpty())
+        reader.fail(u"--as needs a name"_s);
+    options.replace = parser.isSet(u"replace"_s);
+    options.qr = reader.file(u"qr"_s);
+    if (options.command == Command::Export)
+        options.out = reader.place();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);

@@ -5,6 +5,7 @@
 #include "app/StandardStreams.h"
 #include "catalogue/ThemeList.h"
 #include "catalogue/ThemePackage.h"
+#include "library/ThemeLibrary.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QMap>
@@ -59,30 +60,43 @@ QMap<QString, QString> foldersOf(const ThemeList &list, const QString &resources
     }
     return folders;
 }
+} // namespace
 
-/// A name of the catalogue goes before a folder of that name.
-ThemeSubject theme(const CommandLine::Options &options)
+/// A kept theme goes before one of the catalogue, and that before a folder of that name.
+ThemeFolder themeFolder(const CommandLine::Options &options)
 {
+    const auto library = ThemeLibrary::open(options.documents);
+    if (!library->refusal().isEmpty()) {
+        complain(library->refusal());
+        return {};
+    }
+    if (const auto kept = library->find(options.theme))
+        return {kept->folder, kept->name, 0};
     const ThemeList list = ThemeList::load(options.resources);
     const auto folders = foldersOf(list, options.resources);
     if (folders.contains(options.theme))
-        return packaged(options, folders[options.theme]);
+        return {folders[options.theme], options.theme, 0};
     using enum NSFileManager::Kind;
     const auto kind = NSFileManager::itemAtPath(options.theme).kind;
     if (kind == Folder || kind == Link)
-        return packaged(options, options.theme);
+        return {options.theme, {}, 0};
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return {};
     }
+    QStringList names = folders.keys();
+    for (const KeptTheme &kept : library->themes())
+        names.append(kept.name);
     complain(u"there is no theme '%1', nor a folder; %2"_s.arg(
-        options.theme, nearestThemes(options.theme, folders.keys())));
-    return {{}, wrongUsage};
+        options.theme, nearestThemes(options.theme, names)));
+    return {{}, {}, wrongUsage};
 }
-
-} // namespace
 
 ThemeSubject themeSubject(const CommandLine::Options &options)
 {
-    return options.theme.isEmpty() ? currentChoices(options) : theme(options);
+    if (options.theme.isEmpty())
+        return currentChoices(options);
+    const ThemeFolder theme = themeFolder(options);
+    return theme.folder.isEmpty() ? ThemeSubject{{}, theme.status}
+                                  : packaged(options, theme.folder);
 }

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <memory>
@@ -102,7 +103,8 @@ private:
     bool takeContents(archive_entry *entry, const QString &name, const QString &path)
     {
         const bool isFolder = archive_entry_filetype(entry) == AE_IFDIR;
-        const auto bytes = contents(name); // a folder's too, which would be skipped without end
+        const auto bytes = contents(
+            name, archive_entry_size(entry)); // a folder's too, which would be skipped without end
         if (!bytes)
             return false;
         if (isFolder)
@@ -132,27 +134,29 @@ private:
         }
     }
 
-    std::optional<QByteArray> contents(const QString &name)
+    /// The size is what the entry claims, if it does; it spares growing again and again.
+    std::optional<QByteArray> contents(const QString &name, qint64 size)
     {
         const auto refused = [&](const QString &why) {
             refuse(shownPath(name) + u' ' + why);
             return std::nullopt;
         };
         QByteArray bytes;
+        bytes.reserve(qsizetype(std::clamp<qint64>(size, 0, _left)));
         while (true) {
             const void *block = nullptr;
-            size_t size = 0;
+            size_t blockSize = 0;
             la_int64_t offset = 0; // a gap before it reads as zeros
-            const int status = archive_read_data_block(_archive, &block, &size, &offset);
+            const int status = archive_read_data_block(_archive, &block, &blockSize, &offset);
             if (status == ARCHIVE_EOF)
                 break;
             if (status != ARCHIVE_OK) // a wrong checksum is a warning
                 return refused(u"cannot be unpacked: %1"_s.arg(reason()));
-            if (offset < bytes.size() || offset > _left || qint64(size) > _left - offset)
+            if (offset < bytes.size() || offset > _left || qint64(blockSize) > _left - offset)
                 return refused(
                     u"makes the archive larger than %1 MB unpacked"_s.arg(_limits.unpacked >> 20));
             bytes.resize(qsizetype(offset), '\0');
-            bytes.append(static_cast<const char *>(block), qsizetype(size));
+            bytes.append(static_cast<const char *>(block), qsizetype(blockSize));
         }
         _left -= bytes.size();
         bytes.squeeze();

@@ -93,5 +93,9 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"--scale", ""}), Words());
     EXPECT_EQ(completed({"preview", "--view", ""}), (Words{"conversation", "list", "both"}));
     EXPECT_EQ(completed({"preview", "--eyes", "d"}), Words{"deutan"});
+    EXPECT_EQ(completed({"import", root + "READ"}), Words{(root + "README.md").toStdString()});
+    EXPECT_EQ(completed({"share", "--qr", root + "READ"}),
+              Words{(root + "README.md").toStdString()});
+    EXPECT_EQ(completed({"export", "--re"}), (Words{"--replace", "--resources"}));
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
 }
