@@ -163,11 +163,7 @@ public:
         return value.isEmpty() ? value : absolute(value);
     }
 
-    QString place() const
-    {
-        return absolute(
-            _parser.positionalArguments().value(2, _parser.positionalArguments().value(1)));
-    }
+    QString place() const { return absolute(_parser.positionalArguments().constLast()); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
