@@ -29,9 +29,15 @@ const QString help = uR"(Usage:
                                         save the theme
   tintloom restore [options]            bring back the choices before the last save or
                                         restore; the theme itself stays as it is
-  tintloom themes [options] [--json]    print the catalogue of ready-made themes
+  tintloom themes [options] [--json]    print the catalogue: ready-made themes and kept ones
   tintloom install [options] NAME       install one of them
   tintloom edit [options] NAME          install it and make it the current choices
+  tintloom keep [options] NAME [--replace]
+                                        keep the current choices as a theme of your own
+  tintloom rename [options] NAME NEW    give a kept theme another name
+  tintloom duplicate [options] NAME NEW keep a copy of it
+  tintloom remove [options] NAME [--undo]
+                                        remove a kept theme; --undo puts it back, for 30 days
   tintloom preview [options] [THEME] [--view conversation|list|both]
                    [--eyes normal|protan|deutan|tritan|grey] --out FILE
                                         draw the phone with the current choices, or with a
@@ -56,6 +62,8 @@ Options:
   --catalogue         open the window on the catalogue
   --json              list, themes, check: print one JSON array
   --fix               check: mend what is found in the current choices, and print the rest
+  --replace           keep: take the place of a kept theme of that name
+  --undo              remove: put back what was removed or replaced last under that name
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
   --view VIEW         preview: the screen to draw; default both
@@ -116,6 +124,8 @@ public:
             {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
             {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
             {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
+            {u"keep"_s, Keep},       {u"rename"_s, Rename},   {u"duplicate"_s, Duplicate},
+            {u"remove"_s, Remove},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -128,20 +138,26 @@ public:
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
         }
-        const bool needsTheme = *command == Install || *command == Edit;
+        const bool needsTwo = *command == Rename || *command == Duplicate;
+        const bool needsTheme = needsTwo || *command == Install || *command == Edit ||
+                                *command == Keep || *command == Remove;
         const bool mayHaveTheme = needsTheme || *command == Preview || *command == Check;
-        const qsizetype expected = mayHaveTheme ? 2 : 1;
+        const qsizetype expected = needsTwo ? 3 : mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
-        else if (words.size() < expected && needsTheme)
+        else if (words.size() < 2 && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
+        else if (words.size() < 3 && needsTwo)
+            fail(u"'%1' needs the new name as well"_s.arg(words[0]));
         return *command;
     }
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install`, `edit`, `preview` and `check` are to work on.
+    /// What the commands that take a theme are to work on.
     QString theme() const { return _parser.positionalArguments().value(1); }
+    /// What `rename` and `duplicate` are to call it.
+    QString newName() const { return _parser.positionalArguments().value(2); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
@@ -225,8 +241,8 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name :
-         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
+                             u"fix"_s, u"replace"_s, u"undo"_s})
         parser.addOption(QCommandLineOption(name));
     for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
                              u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
@@ -245,6 +261,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                         options.command == Command::Check,
                     u"json"_s, u"'list', 'themes' and 'check'"_s);
     reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
+    reader.onlyWith(options.command == Command::Keep, u"replace"_s, u"'keep'"_s);
+    reader.onlyWith(options.command == Command::Remove, u"undo"_s, u"'remove'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
         reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
@@ -259,10 +277,13 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
     options.theme = reader.theme();
+    options.newName = reader.newName();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
     options.fix = parser.isSet(u"fix"_s);
+    options.replace = parser.isSet(u"replace"_s);
+    options.undo = parser.isSet(u"undo"_s);
     if (options.fix && !options.theme.isEmpty())
         reader.fail(u"--fix mends the current choices, not '%1'; 'tintloom edit' makes a theme "
                     "the current choices"_s.arg(options.theme));

@@ -15,7 +15,22 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview, Check };
+enum class Command {
+    Window,
+    List,
+    Set,
+    Save,
+    Restore,
+    Themes,
+    Install,
+    Edit,
+    Keep,
+    Rename,
+    Duplicate,
+    Remove,
+    Preview,
+    Check
+};
 
 struct Options {
     Command command = Command::Window;
@@ -28,8 +43,11 @@ struct Options {
     bool json = false;            // list, themes, check
     bool fix = false;             // check
     bool catalogue = false;       // window
-    QString theme;     // install, edit: the name, as typed; preview, check: or a path, or
-                       // empty
+    bool replace = false;         // keep
+    bool undo = false;            // remove
+    QString theme;     // install, edit, keep, rename, duplicate, remove: the name, as typed;
+                       // preview, check: or a path, or empty
+    QString newName;   // rename, duplicate: as typed
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;

@@ -5,6 +5,7 @@
 #include "app/StandardStreams.h"
 #include "catalogue/ThemeList.h"
 #include "catalogue/ThemePackage.h"
+#include "library/ThemeLibrary.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QMap>
@@ -23,14 +24,6 @@ ThemeSubject checked(ElementDataSource elements)
     if (elements.status() != ElementDataSource::Status::Loaded)
         return {}; // of an unusable one the log has named the reason
     return {std::move(elements), 0};
-}
-
-ThemeSubject currentChoices(const CommandLine::Options &options)
-{
-    const auto keeper = openKeeper(options);
-    if (!keeper)
-        return {};
-    return checked(ElementDataSource::load(options.resources, options.documents));
 }
 
 /// Taken as the editor would show it: what the package leaves out is the document's own.
@@ -60,9 +53,16 @@ QMap<QString, QString> foldersOf(const ThemeList &list, const QString &resources
     return folders;
 }
 
-/// A name of the catalogue goes before a folder of that name.
+/// A kept theme goes before one of the catalogue, and that before a folder of that name.
 ThemeSubject theme(const CommandLine::Options &options)
 {
+    const auto library = ThemeLibrary::open(options.documents);
+    if (!library->refusal().isEmpty()) {
+        complain(library->refusal());
+        return {};
+    }
+    if (const auto kept = library->find(options.theme))
+        return packaged(options, kept->folder);
     const ThemeList list = ThemeList::load(options.resources);
     const auto folders = foldersOf(list, options.resources);
     if (folders.contains(options.theme))
@@ -76,13 +76,21 @@ ThemeSubject theme(const CommandLine::Options &options)
         return {};
     }
     complain(u"there is no theme '%1', nor a folder; %2"_s.arg(
-        options.theme, nearestThemes(options.theme, folders.keys())));
+        options.theme, nearestThemes(options.theme, folders.keys() + library->names())));
     return {{}, wrongUsage};
 }
 
 } // namespace
 
+ThemeSubject currentChoices(const CommandLine::Options &options)
+{
+    return checked(ElementDataSource::load(options.resources, options.documents));
+}
+
 ThemeSubject themeSubject(const CommandLine::Options &options)
 {
-    return options.theme.isEmpty() ? currentChoices(options) : theme(options);
+    if (!options.theme.isEmpty())
+        return theme(options);
+    const auto keeper = openKeeper(options);
+    return keeper ? currentChoices(options) : ThemeSubject();
 }
