@@ -27,9 +27,15 @@ const QString help = uR"(Usage:
                                         save the theme
   tintloom restore [options]            bring back the choices before the last save or
                                         restore; the theme itself stays as it is
-  tintloom themes [options] [--json]    print the catalogue of ready-made themes
+  tintloom themes [options] [--json]    print the catalogue: ready-made themes and kept ones
   tintloom install [options] NAME       install one of them
   tintloom edit [options] NAME          install it and make it the current choices
+  tintloom keep [options] NAME [--replace]
+                                        keep the current choices as a theme of your own
+  tintloom rename [options] NAME NEW    give a kept theme another name
+  tintloom duplicate [options] NAME NEW keep a copy of it
+  tintloom remove [options] NAME [--undo]
+                                        remove a kept theme; --undo puts it back, for 30 days
   tintloom import [options] PATH|TEXT [--as NAME] [--replace]
                                         keep a theme that somebody else made: a package's
                                         folder or Info.plist, a .tintloom, .zip or .tar.gz
@@ -65,7 +71,9 @@ Options:
   --json              list, themes, check: print one JSON array
   --fix               check: mend what is found in the current choices, and print the rest
   --as NAME           import: keep it under this name instead of its own
-  --replace           import, export: replace the theme of that name, or what is at PATH
+  --replace           keep, import: take the place of a kept theme of that name; export: of
+                      what is at PATH
+  --undo              remove: put back what was removed or replaced last under that name
   --qr FILE           share: the PNG file to draw the text into, as a QR code
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
@@ -117,7 +125,9 @@ public:
             {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
             {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
             {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
-            {u"import"_s, Import},   {u"export"_s, Export},   {u"share"_s, Share},
+            {u"keep"_s, Keep},       {u"rename"_s, Rename},   {u"duplicate"_s, Duplicate},
+            {u"remove"_s, Remove},   {u"import"_s, Import},   {u"export"_s, Export},
+            {u"share"_s, Share},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -130,18 +140,22 @@ public:
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
         }
-        const bool needsTheme = *command == Install || *command == Edit;
+        const bool needsTwo = *command == Rename || *command == Duplicate;
+        const bool needsTheme = needsTwo || *command == Install || *command == Edit ||
+                                *command == Keep || *command == Remove;
         const bool needsPath = *command == Import || *command == Export;
         const bool mayHaveTheme = needsTheme || needsPath || *command == Preview ||
                                   *command == Check || *command == Share;
-        const qsizetype expected = *command == Export ? 3 : mayHaveTheme ? 2 : 1;
+        const qsizetype expected = needsTwo || *command == Export ? 3 : mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
         else if (words.size() < 2 && needsPath)
             fail(*command == Import ? u"'import' needs the path of a theme, or a shared text"_s
                                     : u"'export' needs the path to write to"_s);
-        else if (words.size() < expected && needsTheme)
+        else if (words.size() < 2 && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
+        else if (words.size() < 3 && needsTwo)
+            fail(u"'%1' needs the new name as well"_s.arg(words[0]));
         return *command;
     }
 
@@ -164,6 +178,17 @@ public:
     }
 
     QString place() const { return absolute(_parser.positionalArguments().constLast()); }
+
+    /// What `rename`, `duplicate` and `import` are to call it.
+    QString newName(CommandLine::Command command)
+    {
+        if (command != CommandLine::Command::Import)
+            return _parser.positionalArguments().value(2);
+        const QString name = _parser.value(u"as"_s);
+        if (_parser.isSet(u"as"_s) && name.isEmpty())
+            fail(u"--as needs a name"_s);
+        return name;
+    }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
@@ -248,7 +273,7 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
-                             u"fix"_s, u"replace"_s})
+                             u"fix"_s, u"replace"_s, u"undo"_s})
         parser.addOption(QCommandLineOption(name));
     for (const auto &name :
          {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s,
@@ -268,14 +293,16 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                         options.command == Command::Check,
                     u"json"_s, u"'list', 'themes' and 'check'"_s);
     reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
+    reader.onlyWith(options.command == Command::Remove, u"undo"_s, u"'remove'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
         reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
         reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
     reader.onlyWith(options.command == Command::Import, u"as"_s, u"'import'"_s);
-    reader.onlyWith(options.command == Command::Import || options.command == Command::Export,
-                    u"replace"_s, u"'import' and 'export'"_s);
+    reader.onlyWith(options.command == Command::Keep || options.command == Command::Import ||
+                        options.command == Command::Export,
+                    u"replace"_s, u"'keep', 'import' and 'export'"_s);
     reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
@@ -287,10 +314,7 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
     options.theme = reader.theme(options.command);
-    options.newName = parser.value(u"as"_s);
-    if (parser.isSet(u"as"_s) && options.newName.isEmpty())
-        reader.fail(u"--as needs a name"_s);
-    options.replace = parser.isSet(u"replace"_s);
+    options.newName = reader.newName(options.command);
     options.qr = reader.file(u"qr"_s);
     if (options.command == Command::Export)
         options.out = reader.place();
@@ -298,6 +322,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
     options.fix = parser.isSet(u"fix"_s);
+    options.replace = parser.isSet(u"replace"_s);
+    options.undo = parser.isSet(u"undo"_s);
     if (options.fix && !options.theme.isEmpty())
         reader.fail(u"--fix mends the current choices, not '%1'; 'tintloom edit' makes a theme "
                     "the current choices"_s.arg(options.theme));

@@ -24,6 +24,10 @@ enum class Command {
     Themes,
     Install,
     Edit,
+    Keep,
+    Rename,
+    Duplicate,
+    Remove,
     Import,
     Export,
     Share,
@@ -42,10 +46,12 @@ struct Options {
     bool json = false;            // list, themes, check
     bool fix = false;             // check
     bool catalogue = false;       // window
-    bool replace = false;         // import, export
-    QString theme;     // install, edit: the name, as typed; preview, check, export, share: or a
-                       // path, or empty; import: a path or a shared text
-    QString newName;   // import: as typed, or empty
+    bool replace = false;         // keep, import, export
+    bool undo = false;            // remove
+    QString theme;     // install, edit, keep, rename, duplicate, remove: the name, as typed;
+                       // preview, check, export, share: or a path, or empty; import: a path or
+                       // a shared text
+    QString newName;   // rename, duplicate: as typed; import: or empty
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;

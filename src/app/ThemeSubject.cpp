@@ -26,14 +26,6 @@ ThemeSubject checked(ElementDataSource elements)
     return {std::move(elements), 0};
 }
 
-ThemeSubject currentChoices(const CommandLine::Options &options)
-{
-    const auto keeper = openKeeper(options);
-    if (!keeper)
-        return {};
-    return checked(ElementDataSource::load(options.resources, options.documents));
-}
-
 /// Taken as the editor would show it: what the package leaves out is the document's own.
 ThemeSubject packaged(const CommandLine::Options &options, const QString &folder)
 {
@@ -84,18 +76,22 @@ ThemeFolder themeFolder(const CommandLine::Options &options)
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return {};
     }
-    QStringList names = folders.keys();
-    for (const KeptTheme &kept : library->themes())
-        names.append(kept.name);
     complain(u"there is no theme '%1', nor a folder; %2"_s.arg(
-        options.theme, nearestThemes(options.theme, names)));
+        options.theme, nearestThemes(options.theme, folders.keys() + library->names())));
     return {{}, {}, wrongUsage};
+}
+
+ThemeSubject currentChoices(const CommandLine::Options &options)
+{
+    return checked(ElementDataSource::load(options.resources, options.documents));
 }
 
 ThemeSubject themeSubject(const CommandLine::Options &options)
 {
-    if (options.theme.isEmpty())
-        return currentChoices(options);
+    if (options.theme.isEmpty()) {
+        const auto keeper = openKeeper(options);
+        return keeper ? currentChoices(options) : ThemeSubject();
+    }
     const ThemeFolder theme = themeFolder(options);
     return theme.folder.isEmpty() ? ThemeSubject{{}, theme.status}
                                   : packaged(options, theme.folder);

@@ -11,8 +11,11 @@ struct ThemeSubject {
     int status = 1;                            // the exit status when there are none, told why
 };
 
-/// The current choices where no theme is named; else a theme of the catalogue or a package's
-/// folder, as the editor would show it.
+/// The current choices; only while the keeper is held.
+ThemeSubject currentChoices(const CommandLine::Options &options);
+
+/// The current choices where no theme is named; else a kept theme, one of the catalogue or a
+/// package's folder, as the editor would show it.
 ThemeSubject themeSubject(const CommandLine::Options &options);
 
 struct ThemeFolder {

@@ -16,6 +16,6 @@ std::error_code EditedTheme::set(const std::optional<QString> &newName)
 {
     if (newName == name())
         return {};
-    _defaults.setObjectForKey(newName.value_or(QString()), key);
+    _defaults.setObjectForKey(newName ? QVariant(*newName) : QVariant(), key);
     return _defaults.synchronize();
 }

@@ -42,7 +42,9 @@ KeptPackage::Reading KeptPackage::read(const QString &folder)
         return {{}, NSFileManager::withReason(folder, error)};
     for (const QString &entry : entries) {
         const QString path = folder + u'/' + entry;
-        const Kind kind = NSFileManager::itemAtPath(path).kind;
+        const auto [kind, fault] = NSFileManager::itemAtPath(path);
+        if (fault)
+            return {{}, NSFileManager::withReason(path, fault)};
         if (kind == Kind::Folder)
             continue;
         if (kind != Kind::File) {

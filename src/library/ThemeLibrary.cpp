@@ -127,35 +127,40 @@ void ThemeLibrary::endChange()
     NSFileManager::removeItemAtPath(_themes + "/.New"_L1);
 }
 
-QStringList ThemeLibrary::folderNames() const
+ThemeLibrary::Scan ThemeLibrary::scan() const
 {
+    Scan scan;
     if (!_refusal.isEmpty())
-        return {};
-    const auto [names, error] = NSFileManager::contentsOfDirectoryAtPath(_themes);
-    if (error && !NSFileManager::isMissing(error))
-        NSLog("Cannot list %@", {NSFileManager::withReason(_themes, error)});
-    return names;
+        return scan;
+    const auto [folders, error] = NSFileManager::contentsOfDirectoryAtPath(_themes);
+    if (error && !NSFileManager::isMissing(error)) {
+        scan.problem = NSFileManager::withReason(_themes, error);
+        NSLog("Cannot list %@", {scan.problem});
+    }
+    scan.folders = folders;
+    QSet<QString> keys;
+    for (const QString &folder : folders) {
+        const QString path = _themes + u'/' + folder;
+        if (folder.startsWith(u'.'))
+            continue;
+        const bool isFolder = NSFileManager::itemAtPath(path).kind == Kind::Folder;
+        if (!isFolder)
+            NSLog("Skipped, being no folder of its own: %@", {path});
+        const auto info = isFolder ? KeptPackage::readInfo(path) : std::nullopt;
+        if (!info) {
+            scan.skipped.append(folder);
+            continue;
+        }
+        const QString name = ThemeName::freeName(nameOf(*info, folder), keys);
+        keys.insert(ThemeName::key(name));
+        scan.themes.push_back({name, path});
+    }
+    return scan;
 }
 
 std::vector<KeptTheme> ThemeLibrary::themes() const
 {
-    std::vector<KeptTheme> themes;
-    QSet<QString> keys;
-    for (const QString &folder : folderNames()) {
-        const QString path = _themes + u'/' + folder;
-        if (folder.startsWith(u'.'))
-            continue;
-        if (NSFileManager::itemAtPath(path).kind != Kind::Folder) {
-            NSLog("Skipped, being no folder of its own: %@", {path});
-            continue;
-        }
-        const auto info = KeptPackage::readInfo(path);
-        if (!info)
-            continue;
-        const QString name = ThemeName::freeName(nameOf(*info, folder), keys);
-        keys.insert(ThemeName::key(name));
-        themes.push_back({name, path});
-    }
+    std::vector<KeptTheme> themes = scan().themes;
     QCollator collator; // the user's locale, as the catalogue's sections
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::ranges::sort(themes, [&](const KeptTheme &left, const KeptTheme &right) {
@@ -165,45 +170,48 @@ std::vector<KeptTheme> ThemeLibrary::themes() const
     return themes;
 }
 
-std::optional<KeptTheme> ThemeLibrary::find(const QString &name) const
+QStringList ThemeLibrary::names() const
 {
-    const auto all = themes();
-    const auto found =
-        std::ranges::find(all, ThemeName::key(name.trimmed()),
-                          [](const KeptTheme &theme) { return ThemeName::key(theme.name); });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+    QStringList names;
+    for (const KeptTheme &theme : themes())
+        names.append(theme.name);
+    return names;
 }
 
-QString ThemeLibrary::freeName(const QString &name) const
+std::optional<KeptTheme> ThemeLibrary::Scan::find(const QString &name) const
+{
+    const auto found =
+        std::ranges::find(themes, ThemeName::key(name.trimmed()),
+                          [](const KeptTheme &theme) { return ThemeName::key(theme.name); });
+    return found == themes.end() ? std::nullopt : std::optional(*found);
+}
+
+QString ThemeLibrary::Scan::freeName(const QString &name) const
 {
     QSet<QString> keys;
-    for (const KeptTheme &theme : themes())
+    for (const KeptTheme &theme : themes)
         keys.insert(ThemeName::key(theme.name));
     return ThemeName::freeName(name, keys);
 }
 
-QString ThemeLibrary::freeFolder(const QString &name) const
+QString ThemeLibrary::Scan::problemWith(const QString &name) const
 {
-    return _themes + u'/' + ThemeName::freeFolder(name, folderNames());
+    const QString usual = ThemeName::freeFolder(name, {});
+    for (const QString &folder : skipped)
+        if (isSame(folder, usual))
+            return u"\"%1\" is in the way among the themes, and no theme that can be read"_s.arg(
+                folder);
+    return problem;
 }
 
-/// What is wrong when a theme that could not be read, and so was not found, may have that name;
-/// else empty.
-QString ThemeLibrary::unreadTwin(const QString &name) const
+std::optional<KeptTheme> ThemeLibrary::find(const QString &name) const
 {
-    const QString folder = ThemeName::freeFolder(name, {});
-    const QString path = _themes + u'/' + folder;
-    const Kind kind = NSFileManager::itemAtPath(path).kind;
-    if (kind == Kind::Link)
-        return u"%1 is a symbolic link, not followed"_s.arg(path);
-    const auto info = kind == Kind::Folder ? KeptPackage::readInfo(path) : std::nullopt;
-    const bool isOther = kind != Kind::Folder || (info && !isSame(nameOf(*info, folder), name));
-    return isOther ? QString() : u"%1 is in the way, and cannot be read"_s.arg(path);
+    return scan().find(name);
 }
 
-LibraryResult ThemeLibrary::taken(const QString &name) const
+LibraryResult ThemeLibrary::taken(const Scan &scan, const QString &name)
 {
-    const QString other = freeName(name);
+    const QString other = scan.freeName(name);
     return {Outcome::NameTaken,
             u"there is a theme \"%1\" already; \"%2\" is free"_s.arg(name, other), other};
 }
@@ -236,13 +244,15 @@ LibraryResult ThemeLibrary::keep(PackageContents contents, const QString &name, 
         return failure(problem);
     if (!lockToChange())
         return failure(_refusal);
-    const auto old = find(typed.name);
-    if (old && ifTaken == IfTaken::Refuse)
-        return taken(typed.name);
-    if (const QString problem = old ? QString() : unreadTwin(typed.name); !problem.isEmpty())
+    const Scan scan = this->scan();
+    if (const QString problem = scan.problemWith(typed.name); !problem.isEmpty())
         return failure(problem);
+    const auto old = scan.find(typed.name);
+    if (old && ifTaken == IfTaken::Refuse)
+        return taken(scan, typed.name);
     contents.info.setValue(nameKey, typed.name);
-    const QString folder = old ? old->folder : freeFolder(typed.name);
+    const QString folder =
+        old ? old->folder : _themes + u'/' + ThemeName::freeFolder(typed.name, scan.folders);
     const QString fresh = _themes + "/.New/"_L1 + folder.section(u'/', -1);
     if (const QString problem = KeptPackage::write(contents, fresh); !problem.isEmpty()) {
         endChange();
@@ -295,21 +305,21 @@ LibraryResult ThemeLibrary::rename(const QString &name, const QString &newName)
     const auto typed = ThemeName::fromTyped(newName);
     if (!typed.problem.isEmpty())
         return {Outcome::BadName, typed.problem, {}};
-    const auto theme = find(name);
+    Scan scan = this->scan();
+    const auto theme = scan.find(name);
     if (!theme)
         return noSuchTheme(name);
     if (!isSame(theme->name, typed.name)) {
-        if (find(typed.name))
-            return taken(typed.name);
-        if (const QString problem = unreadTwin(typed.name); !problem.isEmpty())
+        if (scan.find(typed.name))
+            return taken(scan, typed.name);
+        if (const QString problem = scan.problemWith(typed.name); !problem.isEmpty())
             return failure(problem);
     }
     if (const QString problem = putName(*theme, typed.name); !problem.isEmpty())
         return failure(problem);
     // Its folder keeps the old name where it cannot follow.
-    QStringList others = folderNames();
-    others.removeOne(theme->folder.section(u'/', -1));
-    const QString folder = _themes + u'/' + ThemeName::freeFolder(typed.name, others);
+    scan.folders.removeOne(theme->folder.section(u'/', -1));
+    const QString folder = _themes + u'/' + ThemeName::freeFolder(typed.name, scan.folders);
     if (folder != theme->folder)
         if (const auto error = moveFolder(theme->folder, folder))
             NSLog("Cannot rename the folder %@", {NSFileManager::withReason(theme->folder, error)});
@@ -347,7 +357,11 @@ LibraryResult ThemeLibrary::putBack(const QString &name, const QDateTime &now)
         const QString before = info ? nameOf(*info, ThemeTrash::nameBefore(trashed)) : QString();
         if (!info || !isSame(before, name.trimmed()))
             continue;
-        const KeptTheme theme{freeName(before), freeFolder(before)};
+        const Scan scan = this->scan();
+        if (const QString problem = scan.problemWith(before); !problem.isEmpty())
+            return failure(problem);
+        const KeptTheme theme{scan.freeName(before),
+                              _themes + u'/' + ThemeName::freeFolder(before, scan.folders)};
         if (const auto error = moveFolder(trashed, theme.folder))
             return failure(trashed, error);
         if (theme.name != before)

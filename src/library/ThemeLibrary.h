@@ -62,6 +62,7 @@ public:
     /// line. Of several with the same name, which only other programs can make, all but the first
     /// bear a number.
     std::vector<KeptTheme> themes() const;
+    QStringList names() const;
     /// Without regard to case.
     std::optional<KeptTheme> find(const QString &name) const;
 
@@ -94,11 +95,20 @@ private:
     bool lockToChange();
     void recover();
     void endChange();
-    QStringList folderNames() const;
-    QString freeName(const QString &name) const;
-    QString freeFolder(const QString &name) const;
-    QString unreadTwin(const QString &name) const;
-    LibraryResult taken(const QString &name) const;
+    /// What is there now.
+    struct Scan {
+        std::vector<KeptTheme> themes; // by their folders
+        QStringList folders;           // names of all that is there
+        QStringList skipped;           // those of them that are no themes, or cannot be read
+        QString problem;               // why nothing could be listed, for people; else empty
+
+        std::optional<KeptTheme> find(const QString &name) const;
+        QString freeName(const QString &name) const;
+        /// Why nobody can say whether there is a theme of that name, for people; else empty.
+        QString problemWith(const QString &name) const;
+    };
+    Scan scan() const;
+    static LibraryResult taken(const Scan &scan, const QString &name);
     LibraryResult noSuchTheme(const QString &name) const;
     LibraryResult bringIn(const QString &from, const QString &folder,
                           const std::optional<KeptTheme> &old, const QDateTime &now);

@@ -145,7 +145,7 @@ TEST_F(SharingCommandsTest, RefusesAndLeavesEverythingAsItIs)
     expectRefused("share --qr " + path("none/x.png"), 1, {"none/x.png"});
     expectRefused("share --qr=", 2, {"--qr needs"});
     expectRefused("share --as x", 2, {"belongs to 'import'"});
-    expectRefused("list --replace", 2, {"belongs to 'import'"});
+    expectRefused("list --replace", 2, {"belongs to 'keep'"});
     expectRefused("list --qr x", 2, {"belongs to 'share'"});
     EXPECT_EQ(tree(folder.path()), before);
     EXPECT_EQ(contents(folder.filePath("there.zip")), "dear");

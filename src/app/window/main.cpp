@@ -2,6 +2,7 @@
 #include "app/CheckCommand.h"
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
+#include "app/LibraryCommands.h"
 #include "app/PreviewCommand.h"
 #include "app/SharingCommands.h"
 #include "app/window/AppDelegate.h"
@@ -68,6 +69,14 @@ int main(int argc, char **argv)
         return runInstall(*outcome.options);
     case CommandLine::Command::Edit:
         return runEdit(*outcome.options);
+    case CommandLine::Command::Keep:
+        return runKeep(*outcome.options);
+    case CommandLine::Command::Rename:
+        return runRename(*outcome.options);
+    case CommandLine::Command::Duplicate:
+        return runDuplicate(*outcome.options);
+    case CommandLine::Command::Remove:
+        return runRemove(*outcome.options);
     case CommandLine::Command::Import:
         return runImport(*outcome.options);
     case CommandLine::Command::Export:
