@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
 constexpr int wrongUsage = 2;
 
 ThemeSubject checked(ElementDataSource elements)
