@@ -1,5 +1,16 @@
 # Completion of tintloom's arguments in bash. Commands and options are read from its own help, keys
-# from its list of elements, so that there is nothing here to keep in step.
+# from its list of elements, themes from its catalogue, so that there is little here to keep in step.
+
+# The names of themes that begin so: of the user's own, or of all that are there.
+_tintloom_themes()
+{
+    local name all=
+    [[ $2 == all ]] && all='/Coming soon!$/d; s/^[* ] \([^ ]\( \{0,1\}[^ ]\)*\)  .*/\1/p'
+    while IFS= read -r name; do
+        printf -v name %q "$name"
+        [[ $name == "$3"* ]] && COMPREPLY+=("$name")
+    done < <("$1" themes 2>/dev/null | sed -n "/^My Themes\$/,/^\$/{s/^[* ] //p;d;}; $all")
+}
 
 _tintloom()
 {
@@ -8,6 +19,14 @@ _tintloom()
     help=$("$program" --help 2>/dev/null) || return
     COMPREPLY=()
     [[ $current != *=* && $before != = ]] || return # a value of the user's own
+
+    # What is opened or written is a file, which may have any name.
+    if [[ $current != -* && ($before == import || $before == export) ]]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        [[ $before == import ]] && compopt -o filenames 2>/dev/null
+        [[ $before == export ]] && _tintloom_themes "$program" all "$current"
+        return
+    fi
 
     # The word after an option is what the help calls its value.
     [[ $before == --* ]] &&
@@ -34,6 +53,10 @@ _tintloom()
             if [[ $current == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "$(sed -n 's/^  \(--[a-z-]*\).*/\1/p' <<<"$help")" \
                     -- "$current")
+            elif [[ $before == @(install|edit|preview|check|share) ]]; then
+                _tintloom_themes "$program" all "$current"
+            elif [[ $before == @(keep|rename|duplicate|remove) ]]; then
+                _tintloom_themes "$program" own "$current"
             else
                 mapfile -t COMPREPLY < <(compgen -W \
                     "$(sed -n 's/^  tintloom \([a-z][a-z-]*\).*/\1/p' <<<"$help")" -- "$current")

@@ -1,4 +1,4 @@
-# Commands and options are read from tintloom's own help.
+# Commands and options are read from tintloom's own help, themes from its catalogue.
 
 complete -c tintloom -f
 complete -c tintloom -n __fish_use_subcommand \
@@ -7,6 +7,10 @@ complete -c tintloom -n 'string match -q -- "-*" (commandline -ct)' \
     -a '(tintloom --help | string replace -rf "^  (--[a-z-]+)(?: [A-Z]\S*)?  +(.*)" "\$1\t\$2")'
 complete -c tintloom -n 'string match -qr -- "^--(view|eyes)\$" (commandline -opc)[-1]' \
     -a '(tintloom --help | string replace -rf ".*\["(commandline -opc)[-1]" ([a-z|]+)\].*" "\$1" | string split "|")'
-complete -c tintloom -n 'string match -qr -- "^--out\$" (commandline -opc)[-1]' -F
+complete -c tintloom -n 'string match -qr -- "^(--(out|qr)|import|export)\$" (commandline -opc)[-1]' -F
 complete -c tintloom -n 'string match -qr -- "^--(package-root|documents|resources)\$" (commandline -opc)[-1]' \
     -a '(__fish_complete_directories)'
+complete -c tintloom -n '__fish_seen_subcommand_from install edit preview check export share' \
+    -a '(tintloom themes | sed -n "/^My Themes\$/,/^\$/{s/^[* ] //p;d;}; /Coming soon!\$/d; s/^[* ] \([^ ]\( \{0,1\}[^ ]\)*\)  .*/\1/p")'
+complete -c tintloom -n '__fish_seen_subcommand_from keep rename duplicate remove' \
+    -a '(tintloom themes | sed -n "/^My Themes\$/,/^\$/s/^[* ] //p")'

@@ -1,11 +1,15 @@
 #compdef tintloom
-# Commands and options are read from tintloom's own help.
+# Commands and options are read from tintloom's own help, themes from its catalogue.
 
 local help=$($words[1] --help 2>/dev/null)
-local -a commands options
+local -a commands options themes
 commands=(${(f)"$(sed -n 's/^  tintloom \([a-z][a-z-]*\) .*/\1/p' <<<$help)"})
 options=(${(f)"$(sed -n -e 's|^  \(--[a-z-]*\) DIR .*|*\1:folder:_files -/|p' \
     -e 's|^  \(--[a-z-]*\) FILE .*|*\1:file:_files|p' \
     -e 's|^  \(--[a-z-]*\) [A-Z][A-Za-z=]* .*|*\1:value:|p' \
     -e 's|^  \(--[a-z-]*\)  .*|*\1|p' <<<$help)"})
-_arguments "1:command:($commands)" $options
+themes=(${(f)"$($words[1] themes 2>/dev/null | sed -n '/^My Themes$/,/^$/{s/^[* ] //p;d;};
+    /Coming soon!$/d; s/^[* ] \([^ ]\( \{0,1\}[^ ]\)*\)  .*/\1/p')"})
+local second="2:theme:compadd -a themes"
+[[ $words[2] == (import|export) ]] && second='*:file:{ [[ $words[2] == export ]] && compadd -a themes; _files }'
+_arguments "1:command:($commands)" $second $options

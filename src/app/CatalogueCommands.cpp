@@ -6,6 +6,7 @@
 #include "catalogue/SelectedTheme.h"
 #include "catalogue/ThemeInstallation.h"
 #include "catalogue/ThemeList.h"
+#include "library/ThemeLibrary.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 
@@ -13,6 +14,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -31,7 +33,10 @@ void forEachRow(const ThemeList &list, Take take)
             take(list.record(section, row));
 }
 
-QByteArray jsonThemes(const ThemeList &list, const std::optional<QString> &installed)
+/// Whether the record is the installed theme.
+using IsInstalled = std::function<bool(const ThemeRecord &)>;
+
+QByteArray jsonThemes(const ThemeList &list, const IsInstalled &isInstalled)
 {
     QJsonArray array;
     forEachRow(list, [&](const ThemeRecord &record) {
@@ -39,12 +44,13 @@ QByteArray jsonThemes(const ThemeList &list, const std::optional<QString> &insta
                                  {"name"_L1, record.name},
                                  {"details"_L1, record.details},
                                  {"active"_L1, record.active},
-                                 {"installed"_L1, installed == record.name}});
+                                 {"kept"_L1, record.kept},
+                                 {"installed"_L1, isInstalled(record)}});
     });
     return QJsonDocument(array).toJson();
 }
 
-QByteArray readableThemes(const ThemeList &list, const std::optional<QString> &installed)
+QByteArray readableThemes(const ThemeList &list, const IsInstalled &isInstalled)
 {
     qsizetype nameWidth = 0;
     forEachRow(list, [&](const ThemeRecord &record) {
@@ -55,7 +61,7 @@ QByteArray readableThemes(const ThemeList &list, const std::optional<QString> &i
         text += (section == 0 ? ""_L1 : "\n"_L1) + list.titleForSection(section) + u'\n';
         for (int row = 0; row < list.numberOfRowsInSection(section); ++row) {
             const ThemeRecord &record = list.record(section, row);
-            const auto mark = installed == record.name ? "*"_L1 : " "_L1;
+            const auto mark = isInstalled(record) ? "*"_L1 : " "_L1;
             QString line = mark + u' ' + record.name;
             if (const QString subtitle = record.subtitle(); !subtitle.isEmpty())
                 line = line.leftJustified(nameWidth + 4) + subtitle;
@@ -65,8 +71,13 @@ QByteArray readableThemes(const ThemeList &list, const std::optional<QString> &i
     return text.toUtf8();
 }
 
-/// The exit status when the theme cannot be installed, told why.
-std::optional<int> refusal(const CommandLine::Options &options)
+/// What is to be installed; or, told why there is nothing, the exit status.
+struct Choice {
+    bool isKept = false;
+    std::optional<int> status;
+};
+
+std::optional<int> refusal(const CommandLine::Options &options, const QStringList &kept)
 {
     const ThemeList list = ThemeList::load(options.resources);
     if (!list.problem().isEmpty()) {
@@ -80,7 +91,7 @@ std::optional<int> refusal(const CommandLine::Options &options)
                                 : record->isCustom() || record->isOwnTheme()
                                     ? u"'%1' is made in the editor, not installed"_s
                                     : u"'%1' is coming soon, not there yet"_s;
-        complain(problem.arg(options.theme) + "; "_L1 + nearestThemes(options.theme, names));
+        complain(problem.arg(options.theme) + "; "_L1 + nearestThemes(options.theme, kept + names));
         return wrongUsage;
     }
     const auto folder = themeResourceFolder(options.resources, options.theme);
@@ -94,9 +105,20 @@ std::optional<int> refusal(const CommandLine::Options &options)
     return std::nullopt;
 }
 
+Choice choiceOf(const CommandLine::Options &options)
+{
+    const auto library = ThemeLibrary::open(options.documents);
+    if (!library->refusal().isEmpty()) {
+        complain(library->refusal());
+        return {false, failed};
+    }
+    if (library->find(options.theme))
+        return {true, std::nullopt};
+    return {false, refusal(options, library->names())};
+}
+
 /// Copies, remembers what is installed now, and tells.
-int finish(const CommandLine::Options &options, const ThemeInstallation &installation,
-           const QString &selected)
+int finish(const CommandLine::Options &options, const ThemeInstallation &installation)
 {
     const ThemeLocations locations = locationsOf(options);
     SaveReport report = copyTheme(installation);
@@ -104,16 +126,20 @@ int finish(const CommandLine::Options &options, const ThemeInstallation &install
         complain(report.refusal + "; nothing installed"_L1);
         return failed;
     }
+    const QString name = installation.kept ? installation.kept->name : options.theme;
+    SelectedTheme selected(locations.preferences());
     report.addFailure(locations.preferences(),
-                      SelectedTheme(locations.preferences()).set(selected));
+                      installation.asWorkingCopy
+                          ? selected.set(ThemeRecord::ownTheme())
+                          : selected.set(name, installation.kept.has_value()));
     for (const auto &failure : report.failures)
         complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
     if (!report.failures.empty())
         return failed;
-    QString text = u"%1 has been installed in %2\n"_s.arg(options.theme, locations.packageFolder());
+    QString text = u"%1 has been installed in %2\n"_s.arg(name, locations.packageFolder());
     if (installation.asWorkingCopy)
-        text += u"%1 has been saved as your custom theme in %2\n"_s.arg(options.theme,
-                                                                        locations.workingCopy());
+        text +=
+            u"%1 has been saved as your custom theme in %2\n"_s.arg(name, locations.workingCopy());
     return print(text.toUtf8());
 }
 } // namespace
@@ -122,32 +148,44 @@ int runThemes(const CommandLine::Options &options)
 {
     if (!openKeeper(options))
         return failed;
-    const ThemeList list = ThemeList::load(options.resources);
+    const auto library = ThemeLibrary::open(options.documents);
+    if (!library->refusal().isEmpty()) {
+        complain(library->refusal());
+        return failed;
+    }
+    const ThemeList list = ThemeList::load(options.resources, library->names());
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return failed;
     }
-    const auto installed = SelectedTheme(locationsOf(options).preferences()).name();
-    return print(options.json ? jsonThemes(list, installed) : readableThemes(list, installed));
+    const SelectedTheme selected(locationsOf(options).preferences());
+    const auto isInstalled = [&selected](const ThemeRecord &record) {
+        return selected.name() == record.name && selected.isKept() == record.kept;
+    };
+    return print(options.json ? jsonThemes(list, isInstalled) : readableThemes(list, isInstalled));
 }
 
 int runInstall(const CommandLine::Options &options)
 {
-    if (const auto status = refusal(options))
+    const auto [isKept, status] = choiceOf(options);
+    if (status)
         return *status;
     const ThemeLocations locations = locationsOf(options);
-    if (SelectedTheme(locations.preferences()).name() == options.theme)
+    const SelectedTheme selected(locations.preferences());
+    if (!isKept && selected.name() == options.theme && !selected.isKept())
         return print(u"%1 is already your chosen theme.\n"_s.arg(options.theme).toUtf8());
     NSLog(u"SAVING THEME... %@"_s, {options.theme});
-    return finish(options, beginInstalling(options.resources, options.theme, locations),
-                  options.theme);
+    return finish(options, isKept ? beginInstallingKept(options.theme, locations)
+                                  : beginInstalling(options.resources, options.theme, locations));
 }
 
 int runEdit(const CommandLine::Options &options)
 {
-    if (const auto status = refusal(options))
+    const auto [isKept, status] = choiceOf(options);
+    if (status)
         return *status;
+    const ThemeLocations locations = locationsOf(options);
     NSLog(u"SAVING PREDEFINED THEME... %@"_s, {options.theme});
-    return finish(options, beginEditing(options.resources, options.theme, locationsOf(options)),
-                  ThemeRecord::ownTheme());
+    return finish(options, isKept ? beginEditingKept(options.theme, locations)
+                                  : beginEditing(options.resources, options.theme, locations));
 }

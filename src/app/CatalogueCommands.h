@@ -5,11 +5,12 @@
 
 #include "app/CommandLine.h"
 
-/// Prints the catalogue in table order, for people or as one JSON array.
+/// Prints the catalogue, with the kept themes, in table order, for people or as one JSON array.
 int runThemes(const CommandLine::Options &options);
 
-/// Installs a theme. Nothing is touched when the name is not in the catalogue or not active, when
-/// the theme's folder is missing, or when it is the installed one already.
+/// Installs a kept theme or, if there is none of that name, a ready-made one. Nothing is touched
+/// when the name is not in the catalogue or not active, when the theme's folder is missing, or when
+/// it is the installed one already; a kept one may have been changed since.
 int runInstall(const CommandLine::Options &options);
 
 /// Installs a theme, makes it the working copy and selects the user's own theme. Refuses as above.

@@ -1,17 +1,15 @@
 #include "app/CommandLine.h"
 
 #include "app/NearestNames.h"
+#include "platform/foundation/ProgramFolder.h"
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMap>
 #include <QRegularExpression>
 #include <QStandardPaths>
-
-#include <sys/auxv.h>
 
 using namespace Qt::StringLiterals;
 
@@ -29,9 +27,25 @@ const QString help = uR"(Usage:
                                         save the theme
   tintloom restore [options]            bring back the choices before the last save or
                                         restore; the theme itself stays as it is
-  tintloom themes [options] [--json]    print the catalogue of ready-made themes
+  tintloom themes [options] [--json]    print the catalogue: ready-made themes and kept ones
   tintloom install [options] NAME       install one of them
   tintloom edit [options] NAME          install it and make it the current choices
+  tintloom keep [options] NAME [--replace]
+                                        keep the current choices as a theme of your own
+  tintloom rename [options] NAME NEW    give a kept theme another name
+  tintloom duplicate [options] NAME NEW keep a copy of it
+  tintloom remove [options] NAME [--undo]
+                                        remove a kept theme; --undo puts it back, for 30 days
+  tintloom import [options] PATH|TEXT [--as NAME] [--replace]
+                                        keep a theme that somebody else made: a package's
+                                        folder or Info.plist, a .tintloom, .zip or .tar.gz
+                                        archive, or shared text
+  tintloom export [options] [THEME] PATH [--replace]
+                                        write the current choices, or a theme, to pass them on:
+                                        an archive by these endings, else a folder
+  tintloom share [options] [THEME] [--qr FILE]
+                                        print the current choices, or a theme, as a line of
+                                        text that import reads
   tintloom preview [options] [THEME] [--view conversation|list|both]
                    [--eyes normal|protan|deutan|tritan|grey] --out FILE
                                         draw the phone with the current choices, or with a
@@ -56,6 +70,11 @@ Options:
   --catalogue         open the window on the catalogue
   --json              list, themes, check: print one JSON array
   --fix               check: mend what is found in the current choices, and print the rest
+  --as NAME           import: keep it under this name instead of its own
+  --replace           keep, import: take the place of a kept theme of that name; export: of
+                      what is at PATH
+  --undo              remove: put back what was removed or replaced last under that name
+  --qr FILE           share: the PNG file to draw the text into, as a QR code
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
   --view VIEW         preview: the screen to draw; default both
@@ -77,16 +96,6 @@ const QMap<QString, Eyes> eyes{{u"normal"_s, Eyes::Normal},
                                {u"deutan"_s, Eyes::Deutan},
                                {u"tritan"_s, Eyes::Tritan},
                                {u"grey"_s, Eyes::Grey}};
-
-/// Relative to the program's file, so that an installation can be moved as a whole. The kernel
-/// tells which file that is, even to a program started by a bare name where no /proc is mounted.
-QString defaultResources()
-{
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel hands the address out as a number
-    const auto *file = reinterpret_cast<const char *>(getauxval(AT_EXECFN));
-    const QFileInfo program(QFileInfo(QFile::decodeName(file)).canonicalFilePath());
-    return QDir::cleanPath(program.absoluteDir().filePath(QStringLiteral(TINTLOOM_DATA)));
-}
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
 class Reader
@@ -116,6 +125,9 @@ public:
             {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
             {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
             {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
+            {u"keep"_s, Keep},       {u"rename"_s, Rename},   {u"duplicate"_s, Duplicate},
+            {u"remove"_s, Remove},   {u"import"_s, Import},   {u"export"_s, Export},
+            {u"share"_s, Share},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -128,20 +140,55 @@ public:
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
         }
-        const bool needsTheme = *command == Install || *command == Edit;
-        const bool mayHaveTheme = needsTheme || *command == Preview || *command == Check;
-        const qsizetype expected = mayHaveTheme ? 2 : 1;
+        const bool needsTwo = *command == Rename || *command == Duplicate;
+        const bool needsTheme = needsTwo || *command == Install || *command == Edit ||
+                                *command == Keep || *command == Remove;
+        const bool needsPath = *command == Import || *command == Export;
+        const bool mayHaveTheme = needsTheme || needsPath || *command == Preview ||
+                                  *command == Check || *command == Share;
+        const qsizetype expected = needsTwo || *command == Export ? 3 : mayHaveTheme ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
-        else if (words.size() < expected && needsTheme)
+        else if (words.size() < 2 && needsPath)
+            fail(*command == Import ? u"'import' needs the path of a theme, or a shared text"_s
+                                    : u"'export' needs the path to write to"_s);
+        else if (words.size() < 2 && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
+        else if (words.size() < 3 && needsTwo)
+            fail(u"'%1' needs the new name as well"_s.arg(words[0]));
         return *command;
     }
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install`, `edit`, `preview` and `check` are to work on.
-    QString theme() const { return _parser.positionalArguments().value(1); }
+    /// What the commands that take a theme are to work on; before the place of an export.
+    QString theme(CommandLine::Command command) const
+    {
+        const QStringList words = _parser.positionalArguments();
+        const bool isPlace = command == CommandLine::Command::Export && words.size() < 3;
+        return isPlace ? QString() : words.value(1);
+    }
+
+    QString file(const QString &option)
+    {
+        const QString value = _parser.value(option);
+        if (_parser.isSet(option) && value.isEmpty())
+            fail(u"--%1 needs the name of a file"_s.arg(option));
+        return value.isEmpty() ? value : absolute(value);
+    }
+
+    QString place() const { return absolute(_parser.positionalArguments().constLast()); }
+
+    /// What `rename`, `duplicate` and `import` are to call it.
+    QString newName(CommandLine::Command command)
+    {
+        if (command != CommandLine::Command::Import)
+            return _parser.positionalArguments().value(2);
+        const QString name = _parser.value(u"as"_s);
+        if (_parser.isSet(u"as"_s) && name.isEmpty())
+            fail(u"--as needs a name"_s);
+        return name;
+    }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
@@ -225,11 +272,12 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name :
-         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
+                             u"fix"_s, u"replace"_s, u"undo"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
-                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
+    for (const auto &name :
+         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s,
+          u"view"_s, u"eyes"_s, u"out"_s, u"as"_s, u"qr"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
@@ -245,24 +293,37 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                         options.command == Command::Check,
                     u"json"_s, u"'list', 'themes' and 'check'"_s);
     reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
+    reader.onlyWith(options.command == Command::Remove, u"undo"_s, u"'remove'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
         reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
         reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
+    reader.onlyWith(options.command == Command::Import, u"as"_s, u"'import'"_s);
+    reader.onlyWith(options.command == Command::Keep || options.command == Command::Import ||
+                        options.command == Command::Export,
+                    u"replace"_s, u"'keep', 'import' and 'export'"_s);
+    reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
         reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
+    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES",
+                                      besideProgram(QStringLiteral(TINTLOOM_DATA)));
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
-    options.theme = reader.theme();
+    options.theme = reader.theme(options.command);
+    options.newName = reader.newName(options.command);
+    options.qr = reader.file(u"qr"_s);
+    if (options.command == Command::Export)
+        options.out = reader.place();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
     options.fix = parser.isSet(u"fix"_s);
+    options.replace = parser.isSet(u"replace"_s);
+    options.undo = parser.isSet(u"undo"_s);
     if (options.fix && !options.theme.isEmpty())
         reader.fail(u"--fix mends the current choices, not '%1'; 'tintloom edit' makes a theme "
                     "the current choices"_s.arg(options.theme));

@@ -15,7 +15,25 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview, Check };
+enum class Command {
+    Window,
+    List,
+    Set,
+    Save,
+    Restore,
+    Themes,
+    Install,
+    Edit,
+    Keep,
+    Rename,
+    Duplicate,
+    Remove,
+    Import,
+    Export,
+    Share,
+    Preview,
+    Check
+};
 
 struct Options {
     Command command = Command::Window;
@@ -28,12 +46,18 @@ struct Options {
     bool json = false;            // list, themes, check
     bool fix = false;             // check
     bool catalogue = false;       // window
-    QString theme;     // install, edit: the name, as typed; preview, check: or a path, or
-                       // empty
+    bool replace = false;         // keep, import, export
+    bool undo = false;            // remove
+    QString theme;     // install, edit, keep, rename, duplicate, remove: the name, as typed;
+                       // preview, check, export, share: or a path, or empty; import: a path or
+                       // a shared text
+    QString newName;   // rename, duplicate: as typed; import: or empty
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
-    QString out; // the absolute path of a file, or "-" for standard output
+    QString out; // preview: the absolute path of a file, or "-" for standard output; export: of
+                 // a file or folder
+    QString qr;  // share: the absolute path of a file, or empty
 };
 
 struct Outcome {

@@ -4,6 +4,8 @@
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "app/WriteChoices.h"
+#include "library/EditedTheme.h"
+#include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -201,6 +203,10 @@ int runRestore(const CommandLine::Options &options)
         complain(problem);
         return failed;
     }
+    // Nobody has noted what those were made from.
+    const QString preferences = locationsOf(options).preferences();
+    if (const auto error = EditedTheme(preferences).set(std::nullopt))
+        complain(u"cannot write %1"_s.arg(NSFileManager::withReason(preferences, error)));
     return print(u"The earlier choices are back in %1\n"
                  "\"tintloom save\" puts them into the theme; a second \"tintloom restore\" undoes "
                  "this.\n"_s.arg(locationsOf(options).workingCopy())

@@ -5,6 +5,7 @@
 #include "app/StandardStreams.h"
 #include "catalogue/ThemeList.h"
 #include "catalogue/ThemePackage.h"
+#include "library/ThemeLibrary.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QMap>
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
 constexpr int wrongUsage = 2;
 
 ThemeSubject checked(ElementDataSource elements)
@@ -23,14 +23,6 @@ ThemeSubject checked(ElementDataSource elements)
     if (elements.status() != ElementDataSource::Status::Loaded)
         return {}; // of an unusable one the log has named the reason
     return {std::move(elements), 0};
-}
-
-ThemeSubject currentChoices(const CommandLine::Options &options)
-{
-    const auto keeper = openKeeper(options);
-    if (!keeper)
-        return {};
-    return checked(ElementDataSource::load(options.resources, options.documents));
 }
 
 /// Taken as the editor would show it: what the package leaves out is the document's own.
@@ -59,30 +51,47 @@ QMap<QString, QString> foldersOf(const ThemeList &list, const QString &resources
     }
     return folders;
 }
+} // namespace
 
-/// A name of the catalogue goes before a folder of that name.
-ThemeSubject theme(const CommandLine::Options &options)
+/// A kept theme goes before one of the catalogue, and that before a folder of that name.
+ThemeFolder themeFolder(const CommandLine::Options &options)
 {
+    const auto library = ThemeLibrary::open(options.documents);
+    if (!library->refusal().isEmpty()) {
+        complain(library->refusal());
+        return {};
+    }
+    if (const auto kept = library->find(options.theme))
+        return {kept->folder, kept->name, 0};
     const ThemeList list = ThemeList::load(options.resources);
     const auto folders = foldersOf(list, options.resources);
     if (folders.contains(options.theme))
-        return packaged(options, folders[options.theme]);
+        return {folders[options.theme], options.theme, 0};
     using enum NSFileManager::Kind;
     const auto kind = NSFileManager::itemAtPath(options.theme).kind;
     if (kind == Folder || kind == Link)
-        return packaged(options, options.theme);
+        return {options.theme, {}, 0};
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return {};
     }
     complain(u"there is no theme '%1', nor a folder; %2"_s.arg(
-        options.theme, nearestThemes(options.theme, folders.keys())));
-    return {{}, wrongUsage};
+        options.theme, nearestThemes(options.theme, folders.keys() + library->names())));
+    return {{}, {}, wrongUsage};
 }
 
-} // namespace
+ThemeSubject currentChoices(const CommandLine::Options &options)
+{
+    return checked(ElementDataSource::load(options.resources, options.documents));
+}
 
 ThemeSubject themeSubject(const CommandLine::Options &options)
 {
-    return options.theme.isEmpty() ? currentChoices(options) : theme(options);
+    if (options.theme.isEmpty()) {
+        const auto keeper = openKeeper(options);
+        return keeper ? currentChoices(options) : ThemeSubject();
+    }
+    const ThemeFolder theme = themeFolder(options);
+    return theme.folder.isEmpty() ? ThemeSubject{{}, theme.status}
+                                  : packaged(options, theme.folder);
 }

@@ -3,6 +3,7 @@
 namespace
 {
 const QString key = QStringLiteral("selectedTheme");
+const QString keptKey = QStringLiteral("selectedThemeIsKept");
 } // namespace
 
 std::optional<QString> SelectedTheme::name() const
@@ -13,8 +14,15 @@ std::optional<QString> SelectedTheme::name() const
     return stored.typeId() == QMetaType::QString ? stored.toString() : QString();
 }
 
-std::error_code SelectedTheme::set(const QString &name)
+bool SelectedTheme::isKept() const
 {
+    return _defaults.objectForKey(keptKey).toBool();
+}
+
+std::error_code SelectedTheme::set(const QString &name, bool isKept)
+{
+    if (isKept != this->isKept())
+        _defaults.setObjectForKey(isKept ? QVariant(true) : QVariant(), keptKey);
     _defaults.setObjectForKey(name, key);
     return _defaults.synchronize();
 }

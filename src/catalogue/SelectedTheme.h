@@ -12,8 +12,11 @@ public:
 
     /// Nothing when none was ever chosen; empty when what was stored is no name. Any thread.
     std::optional<QString> name() const;
+    /// Whether it is one of the user's kept themes: a ready-made one may have the same name. Any
+    /// thread.
+    bool isKept() const;
     /// Stores the name and writes it to the disk at once. Any thread.
-    std::error_code set(const QString &name);
+    std::error_code set(const QString &name, bool isKept = false);
 
 private:
     NSUserDefaults _defaults;

@@ -1,6 +1,7 @@
 #include "catalogue/ThemeInstallation.h"
 
 #include "catalogue/ThemeList.h"
+#include "library/EditedTheme.h"
 #include "platform/foundation/NSFileManager.h"
 #include "theme/WorkingCopyKeeper.h"
 
@@ -12,31 +13,65 @@ using Kind = NSFileManager::Kind;
 namespace
 {
 
-/// Nothing is touched before name and keeper have been found in order.
-ThemeInstallation begin(const QString &resources, const QString &name,
-                        const ThemeLocations &locations, bool asWorkingCopy)
+ThemeInstallation ofReadyMade(const QString &resources, const QString &name,
+                              const ThemeLocations &locations)
 {
     ThemeInstallation installation;
     installation.locations = locations;
-    installation.asWorkingCopy = asWorkingCopy;
-    const auto source = themeResourceFolder(resources, name);
-    if (!source) {
+    if (const auto source = themeResourceFolder(resources, name)) {
+        installation.source = *source;
+        installation.keeper = WorkingCopyKeeper::open(locations);
+    } else {
         installation.report.refusal = u"no theme's folder can have the name \"%1\""_s.arg(name);
-        return installation;
     }
-    installation.source = *source;
+    return installation;
+}
+
+ThemeInstallation ofKept(const QString &name, const ThemeLocations &locations)
+{
+    ThemeInstallation installation;
+    installation.locations = locations;
     installation.keeper = WorkingCopyKeeper::open(locations);
+    installation.library = ThemeLibrary::open(locations.documents);
+    installation.kept = installation.library->find(name);
+    if (installation.kept)
+        installation.source = installation.kept->folder;
+    else if (!installation.library->refusal().isEmpty())
+        installation.report.refusal = installation.library->refusal();
+    else
+        installation.report.refusal = u"there is no kept theme \"%1\""_s.arg(name);
+    return installation;
+}
+
+/// Nothing is touched before name and keeper have been found in order.
+ThemeInstallation begin(ThemeInstallation installation)
+{
+    if (!installation.report.refusal.isEmpty())
+        return installation;
     WorkingCopyKeeper &keeper = *installation.keeper;
-    if (!(asWorkingCopy ? keeper.begin() : keeper.lock())) {
+    if (!(installation.asWorkingCopy ? keeper.begin() : keeper.lock())) {
         installation.report.refusal = keeper.refusal();
         return installation;
     }
-    const QString target = locations.packageFolder();
+    const QString target = installation.locations.packageFolder();
     const auto old = NSFileManager::itemAtPath(target);
     installation.report.addFailure(target, old.error);
     if (old.kind != Kind::Nothing)
         installation.report.addFailure(target, NSFileManager::removeItemAtPath(target));
     installation.report.addFailure(target, NSFileManager::createDirectoryAtPath(target));
+    return installation;
+}
+
+ThemeInstallation beginAsWorkingCopy(ThemeInstallation installation)
+{
+    installation.asWorkingCopy = true;
+    installation = begin(std::move(installation));
+    if (!installation.report.refusal.isEmpty()) // nothing may be touched
+        return installation;
+    const QString folder = installation.locations.workingCopyFolder();
+    const QString preferences = installation.locations.preferences();
+    installation.report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
+    installation.report.addFailure(preferences, EditedTheme(preferences).set(std::nullopt));
     return installation;
 }
 
@@ -139,17 +174,23 @@ SaveReport copyEntries(const ThemeInstallation &installation)
 ThemeInstallation beginInstalling(const QString &resources, const QString &name,
                                   const ThemeLocations &locations)
 {
-    return begin(resources, name, locations, false);
+    return begin(ofReadyMade(resources, name, locations));
 }
 
 ThemeInstallation beginEditing(const QString &resources, const QString &name,
                                const ThemeLocations &locations)
 {
-    ThemeInstallation installation = begin(resources, name, locations, true);
-    const QString folder = locations.workingCopyFolder();
-    if (installation.report.refusal.isEmpty()) // else nothing may be touched
-        installation.report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
-    return installation;
+    return beginAsWorkingCopy(ofReadyMade(resources, name, locations));
+}
+
+ThemeInstallation beginInstallingKept(const QString &name, const ThemeLocations &locations)
+{
+    return begin(ofKept(name, locations));
+}
+
+ThemeInstallation beginEditingKept(const QString &name, const ThemeLocations &locations)
+{
+    return beginAsWorkingCopy(ofKept(name, locations));
 }
 
 SaveReport copyTheme(const ThemeInstallation &installation)
@@ -158,5 +199,8 @@ SaveReport copyTheme(const ThemeInstallation &installation)
         return installation.report;
     SaveReport report = copyEntries(installation);
     report.addFailure(installation.locations.workingCopy(), installation.keeper->end());
+    const QString preferences = installation.locations.preferences();
+    if (installation.asWorkingCopy && installation.kept && report.failures.empty())
+        report.addFailure(preferences, EditedTheme(preferences).set(installation.kept->name));
     return report;
 }

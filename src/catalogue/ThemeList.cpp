@@ -22,7 +22,7 @@ std::optional<ThemeRecord> themeRecord(const QVariant &item)
     const QVariantMap map = item.toMap(); // empty for what is no dictionary
     const ThemeRecord record{stringUnder(map, u"section"_s), stringUnder(map, u"name"_s),
                              stringUnder(map, u"details"_s),
-                             stringUnder(map, u"active"_s) == "Yes"_L1};
+                             stringUnder(map, u"active"_s) == "Yes"_L1, false};
     if (record.section.isNull() || record.name.isNull())
         return std::nullopt;
     return record;
@@ -36,18 +36,18 @@ QString ThemeRecord::subtitle() const
     return active ? details : u"Coming soon!"_s;
 }
 
-ThemeList ThemeList::load(const QString &resources)
+ThemeList ThemeList::load(const QString &resources, const QStringList &kept)
 {
     const QString path = resources + "/themes.plist"_L1;
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
     if (!error)
-        return parse(bytes, path);
+        return parse(bytes, path, kept);
     ThemeList list;
     list._problem = NSFileManager::withReason(path, error);
     return list;
 }
 
-ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path)
+ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path, const QStringList &kept)
 {
     ThemeList list;
     const auto items = PropertyList::readArray(bytes);
@@ -61,11 +61,18 @@ ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path)
             NSLog(u"Theme %@ of %@ has no section or no name"_s, {QString::number(index), path});
             continue;
         }
-        list._sections.append(record->section, int(list._records.size()));
-        list._records.push_back(*record);
+        list.append(*record);
     }
+    for (const QString &name : kept)
+        list.append({ThemeRecord::keptSection(), name, {}, true, true});
     list._sections.sort();
     return list;
+}
+
+void ThemeList::append(const ThemeRecord &record)
+{
+    _sections.append(record.section, int(_records.size()));
+    _records.push_back(record);
 }
 
 const ThemeRecord &ThemeList::record(int section, int row) const

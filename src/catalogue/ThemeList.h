@@ -7,7 +7,8 @@
 //   details   the small line under the name
 //   active    "Yes" when the theme can be chosen; anything else announces it for later
 //
-// The section "Custom" is special: its rows open the editor instead of installing something.
+// The section "Custom" is special: its rows open the editor instead of installing something. The
+// user's kept themes stand in the list as well, in a section of their own.
 #pragma once
 
 #include "platform/foundation/TableSections.h"
@@ -23,13 +24,15 @@ struct ThemeRecord {
     QString name;
     QString details;
     bool active = false;
+    bool kept = false; // one of the user's own, which the library holds
 
-    bool isCustom() const { return section == QLatin1String("Custom"); }
-    /// The row that stands for the user's own theme.
-    bool isOwnTheme() const { return name == ownTheme(); }
+    bool isCustom() const { return !kept && section == QLatin1String("Custom"); }
+    /// The row that stands for what the editor makes.
+    bool isOwnTheme() const { return !kept && name == ownTheme(); }
     static QString ownTheme() { return QStringLiteral("Build Your Own!"); }
     /// It has a package in the resource folder, or will have one.
-    bool isReadyMade() const { return !isCustom() && !isOwnTheme(); }
+    bool isReadyMade() const { return !kept && !isCustom() && !isOwnTheme(); }
+    static QString keptSection() { return QStringLiteral("My Themes"); }
     /// What stands under the name.
     QString subtitle() const;
 };
@@ -39,9 +42,11 @@ class ThemeList
 public:
     /// Never throws. A missing or unreadable list is an empty one; a record that is no dictionary,
     /// or has no section or name of type string, is left out and logged by its index.
-    static ThemeList load(const QString &resources);
+    /// The kept themes' names stand in their section in the order given.
+    static ThemeList load(const QString &resources, const QStringList &kept = {});
     /// The same from a list's bytes; the path is for messages.
-    static ThemeList parse(const QByteArray &bytes, const QString &path);
+    static ThemeList parse(const QByteArray &bytes, const QString &path,
+                           const QStringList &kept = {});
     /// Why the list could not be read, for people; else empty.
     const QString &problem() const { return _problem; }
 
@@ -54,12 +59,13 @@ public:
     const ThemeRecord &record(int section, int row) const;
     /// The first record of that name, or null.
     const ThemeRecord *find(const QString &name) const;
-    /// Names that can be installed.
+    /// Names of ready-made themes that can be installed.
     QStringList installableNames() const;
 
 private:
     /// All records in the order of the table.
     std::vector<const ThemeRecord *> rows() const;
+    void append(const ThemeRecord &record);
 
     QString _problem;
     std::vector<ThemeRecord> _records; // in the order of the file

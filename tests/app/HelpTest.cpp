@@ -2,10 +2,12 @@
 // and the completion of its arguments.
 
 #include "app/CommandLine.h"
+#include "library/ThemeLibrary.h"
 #include "support/Files.h"
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <set>
 
@@ -24,9 +26,13 @@ std::set<std::string> found(const QString &text, const QString &pattern)
 }
 
 /// What bash offers after these words, of which the last is still being typed.
-std::set<std::string> completed(const QStringList &words)
+std::set<std::string> completed(const QStringList &words, const QString &documents = {})
 {
     QProcess bash;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    if (!documents.isEmpty())
+        environment.insert("TINTLOOM_DOCUMENTS", documents);
+    bash.setProcessEnvironment(environment);
     const QString script = R"(
         source "$0"; program=$1; shift; words=("$program" "$@")
         _tintloom "$program" "${words[-1]}" "${words[-2]}"
@@ -93,5 +99,29 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"--scale", ""}), Words());
     EXPECT_EQ(completed({"preview", "--view", ""}), (Words{"conversation", "list", "both"}));
     EXPECT_EQ(completed({"preview", "--eyes", "d"}), Words{"deutan"});
+    EXPECT_EQ(completed({"import", root + "READ"}), Words{(root + "README.md").toStdString()});
+    EXPECT_EQ(completed({"share", "--qr", root + "READ"}),
+              Words{(root + "README.md").toStdString()});
+    EXPECT_EQ(completed({"export", "--re"}), (Words{"--replace", "--resources"}));
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
+}
+
+TEST(HelpTest, CompletionKnowsTheThemes)
+{
+    using Words = std::set<std::string>;
+    const QTemporaryDir folder;
+    for (const QString name : {"Sea  \"foam\"", "Sealed"})
+        ASSERT_TRUE(ThemeLibrary::open(folder.path())
+                        ->keep({}, name, ThemeLibrary::IfTaken::Refuse)
+                        .isDone());
+    const Words own{R"(Sea\ \ \"foam\")", "Sealed"};
+    for (const QString command : {"keep", "rename", "duplicate", "remove"})
+        EXPECT_EQ(completed({command, ""}, folder.path()), own);
+    Words all = own;
+    all.insert(R"(Sea\ Mist)");
+    for (const QString command : {"install", "edit", "preview", "check"})
+        EXPECT_EQ(completed({command, "Sea"}, folder.path()), all);
+    EXPECT_EQ(completed({"install", R"(Sea\ M)"}, folder.path()), Words{R"(Sea\ Mist)"});
+    EXPECT_EQ(completed({"install", "First"}, folder.path()), Words()); // coming soon
+    EXPECT_EQ(completed({"edit", "Build"}, folder.path()), Words());
 }

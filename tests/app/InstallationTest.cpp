@@ -62,4 +62,16 @@ TEST(InstallationTest, AnOrdinaryUserSavesInstallsAndEdits)
                                             "UIKit/UnreadIndicator@2x.png"}))
             << way.join(' ').toStdString();
     }
+
+    // What archives need is loaded from there as well, and only then.
+    const QStringList exporting{program, "export", "Midnight", home + "/midnight.zip"};
+    const Finished exported = runAsNobody(home, exporting);
+    EXPECT_EQ(exported.exitCode, 0) << exported.err.toStdString();
+    for (const char *library : {"libarchive.so", "libqrcodegencpp.so"})
+        EXPECT_FALSE(contents(program).contains(library)) << library << " slows every start";
+    ASSERT_FALSE(NSFileManager::removeItemAtPath(prefix + "/lib/tintloom"));
+    const Finished without = runAsNobody(home, exporting + QStringList("--replace"));
+    EXPECT_EQ(without.exitCode, 1);
+    EXPECT_TRUE(without.err.contains("tintloom_archives.so")) << without.err.toStdString();
+    EXPECT_EQ(runAsNobody(home, {program, "share", "Midnight"}).exitCode, 0);
 }

@@ -2,7 +2,9 @@
 #include "app/CheckCommand.h"
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
+#include "app/LibraryCommands.h"
 #include "app/PreviewCommand.h"
+#include "app/SharingCommands.h"
 #include "app/window/AppDelegate.h"
 #include "platform/UIApplication.h"
 #include "platform/foundation/UIScreen.h"
@@ -67,6 +69,20 @@ int main(int argc, char **argv)
         return runInstall(*outcome.options);
     case CommandLine::Command::Edit:
         return runEdit(*outcome.options);
+    case CommandLine::Command::Keep:
+        return runKeep(*outcome.options);
+    case CommandLine::Command::Rename:
+        return runRename(*outcome.options);
+    case CommandLine::Command::Duplicate:
+        return runDuplicate(*outcome.options);
+    case CommandLine::Command::Remove:
+        return runRemove(*outcome.options);
+    case CommandLine::Command::Import:
+        return runImport(*outcome.options);
+    case CommandLine::Command::Export:
+        return runExport(*outcome.options);
+    case CommandLine::Command::Share:
+        return runShare(*outcome.options);
     case CommandLine::Command::Preview:
         return runPreview(*outcome.options);
     case CommandLine::Command::Check:

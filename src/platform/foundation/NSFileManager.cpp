@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
@@ -103,6 +104,15 @@ std::error_code flushFolder(const fs::path &folder)
     if (::fsync(descriptor.number()) == 0 || errno == EINVAL)     // EINVAL: it has nothing to flush
         return {};
     return lastError();
+}
+
+std::error_code flushFoldersOf(const fs::path &one, const fs::path &other, const QString &asked)
+{
+    if (const auto fault = begin(NSFileManager::Operation::Flush, asked))
+        return fault;
+    const auto error = flushFolder(one.parent_path());
+    return error || one.parent_path() == other.parent_path() ? error
+                                                             : flushFolder(other.parent_path());
 }
 } // namespace
 
@@ -279,14 +289,17 @@ std::error_code NSFileManager::moveItemAtPath(const QString &from, const QString
     flushFile(source);
     std::error_code error;
     fs::rename(source, target, error);
-    if (error)
-        return error;
-    if (const auto fault = begin(Operation::Flush, to))
+    return error ? error : flushFoldersOf(target, source, to);
+}
+
+std::error_code NSFileManager::exchangeItemsAtPaths(const QString &one, const QString &other)
+{
+    if (const auto fault = begin(Operation::Move, one))
         return fault;
-    error = flushFolder(target.parent_path());
-    if (!error && source.parent_path() != target.parent_path())
-        error = flushFolder(source.parent_path());
-    return error;
+    const fs::path first = native(one), second = native(other);
+    if (::renameat2(AT_FDCWD, first.c_str(), AT_FDCWD, second.c_str(), RENAME_EXCHANGE) != 0)
+        return lastError();
+    return flushFoldersOf(first, second, one);
 }
 
 NSFileManager::Lock NSFileManager::lockFolderAtPath(const QString &path)

@@ -106,6 +106,10 @@ public:
     /// folder cannot be flushed, the move is done and may not outlast a power cut.
     static std::error_code moveItemAtPath(const QString &from, const QString &to);
 
+    /// Gives two files or folders each other's place, in one step, and flushes the folders above
+    /// them. A move. An error on the few file systems that cannot (invalid argument).
+    static std::error_code exchangeItemsAtPaths(const QString &one, const QString &other);
+
     struct Lock {
         std::shared_ptr<const void> hold; // the lock lasts until its last copy is gone
         std::error_code error; // operation_would_block: somebody else, here or in another process

@@ -20,6 +20,7 @@ public:
 
     /// Invalid when there is none.
     QVariant objectForKey(const QString &key) const;
+    /// An invalid one takes the entry out.
     void setObjectForKey(const QVariant &value, const QString &key);
     /// Writes what has been set, beside what others have written into the file meanwhile.
     std::error_code synchronize();

@@ -1,0 +1,6 @@
+// Reading archives in memory.
+#pragma once
+
+#include "archives/ArchiveModule.h"
+
+ArchiveReading readArchive(const QByteArray &bytes, const ArchiveLimits &limits);
