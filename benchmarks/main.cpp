@@ -31,6 +31,7 @@ const std::vector<Ratio> ratios = {
     // Ten times the steps; a step must not cost more for those before it.
     {"history/10000", "history/1000", 12.0, Clock::Processor},
     {"findings/100000", "findings/10000", 12.0, Clock::Processor},
+    {"list_kept/1000", "list_kept_read/1000", 3.0, Clock::Processor},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.

@@ -63,7 +63,7 @@ int told(const LibraryResult &result, const QString &preferences, const std::err
 
 bool isSame(const std::optional<QString> &name, const QString &other)
 {
-    return name && ThemeName::key(*name) == ThemeName::key(other.trimmed());
+    return name && ThemeName::isSame(*name, other.trimmed());
 }
 
 /// Adds what belongs to the theme that the choices were made from or, where nobody knows which one

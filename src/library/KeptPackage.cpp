@@ -1,5 +1,6 @@
 #include "library/KeptPackage.h"
 
+#include "library/ThemeName.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 
@@ -73,6 +74,13 @@ std::optional<PropertyDictionary> KeptPackage::readInfo(const QString &folder)
     if (!error && !info)
         NSLog("Skipped: %@: no property list", {infoIn(folder)});
     return info;
+}
+
+QString KeptPackage::nameOf(const PropertyDictionary &info, const QString &folderName)
+{
+    const QVariant *value = info.find(u"name"_s);
+    const auto typed = ThemeName::fromTyped(value ? value->toString() : QString());
+    return typed.problem.isEmpty() ? typed.name : folderName;
 }
 
 QString KeptPackage::problemOf(const PackageContents &contents)

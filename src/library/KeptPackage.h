@@ -17,6 +17,9 @@ Reading read(const QString &folder);
 /// Its property list alone.
 std::optional<PropertyDictionary> readInfo(const QString &folder);
 
+/// The name under which a package is listed: its own or, where that cannot be one, its folder's.
+QString nameOf(const PropertyDictionary &info, const QString &folderName);
+
 /// Why the contents cannot be a folder's, for people, with the path that is at fault; else empty.
 QString problemOf(const PackageContents &contents);
 

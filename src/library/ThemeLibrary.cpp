@@ -16,22 +16,6 @@ using Outcome = LibraryResult::Outcome;
 
 namespace
 {
-const QString nameKey = u"name"_s;
-
-/// The name under which a kept package is listed: its own or, where that cannot be one, its
-/// folder's.
-QString nameOf(const PropertyDictionary &info, const QString &folder)
-{
-    const QVariant *value = info.find(nameKey);
-    const auto typed = ThemeName::fromTyped(value ? value->toString() : QString());
-    return typed.problem.isEmpty() ? typed.name : folder;
-}
-
-bool isSame(const QString &name, const QString &other)
-{
-    return ThemeName::key(name) == ThemeName::key(other);
-}
-
 LibraryResult failure(const QString &sentence)
 {
     return {Outcome::Failed, sentence, {}};
@@ -127,35 +111,9 @@ void ThemeLibrary::endChange()
     NSFileManager::removeItemAtPath(_themes + "/.New"_L1);
 }
 
-ThemeLibrary::Scan ThemeLibrary::scan() const
+KeptThemes ThemeLibrary::scan() const
 {
-    Scan scan;
-    if (!_refusal.isEmpty())
-        return scan;
-    const auto [folders, error] = NSFileManager::contentsOfDirectoryAtPath(_themes);
-    if (error && !NSFileManager::isMissing(error)) {
-        scan.problem = NSFileManager::withReason(_themes, error);
-        NSLog("Cannot list %@", {scan.problem});
-    }
-    scan.folders = folders;
-    QSet<QString> keys;
-    for (const QString &folder : folders) {
-        const QString path = _themes + u'/' + folder;
-        if (folder.startsWith(u'.'))
-            continue;
-        const bool isFolder = NSFileManager::itemAtPath(path).kind == Kind::Folder;
-        if (!isFolder)
-            NSLog("Skipped, being no folder of its own: %@", {path});
-        const auto info = isFolder ? KeptPackage::readInfo(path) : std::nullopt;
-        if (!info) {
-            scan.skipped.append(folder);
-            continue;
-        }
-        const QString name = ThemeName::freeName(nameOf(*info, folder), keys);
-        keys.insert(ThemeName::key(name));
-        scan.themes.push_back({name, path});
-    }
-    return scan;
+    return _refusal.isEmpty() ? KeptThemes::in(_themes) : KeptThemes();
 }
 
 std::vector<KeptTheme> ThemeLibrary::themes() const
@@ -178,38 +136,12 @@ QStringList ThemeLibrary::names() const
     return names;
 }
 
-std::optional<KeptTheme> ThemeLibrary::Scan::find(const QString &name) const
-{
-    const auto found =
-        std::ranges::find(themes, ThemeName::key(name.trimmed()),
-                          [](const KeptTheme &theme) { return ThemeName::key(theme.name); });
-    return found == themes.end() ? std::nullopt : std::optional(*found);
-}
-
-QString ThemeLibrary::Scan::freeName(const QString &name) const
-{
-    QSet<QString> keys;
-    for (const KeptTheme &theme : themes)
-        keys.insert(ThemeName::key(theme.name));
-    return ThemeName::freeName(name, keys);
-}
-
-QString ThemeLibrary::Scan::problemWith(const QString &name) const
-{
-    const QString usual = ThemeName::freeFolder(name, {});
-    for (const QString &folder : skipped)
-        if (isSame(folder, usual))
-            return u"\"%1\" is in the way among the themes, and no theme that can be read"_s.arg(
-                folder);
-    return problem;
-}
-
 std::optional<KeptTheme> ThemeLibrary::find(const QString &name) const
 {
     return scan().find(name);
 }
 
-LibraryResult ThemeLibrary::taken(const Scan &scan, const QString &name)
+LibraryResult ThemeLibrary::taken(const KeptThemes &scan, const QString &name)
 {
     const QString other = scan.freeName(name);
     return {Outcome::NameTaken,
@@ -244,13 +176,13 @@ LibraryResult ThemeLibrary::keep(PackageContents contents, const QString &name, 
         return failure(problem);
     if (!lockToChange())
         return failure(_refusal);
-    const Scan scan = this->scan();
+    const KeptThemes scan = this->scan();
     if (const QString problem = scan.problemWith(typed.name); !problem.isEmpty())
         return failure(problem);
     const auto old = scan.find(typed.name);
     if (old && ifTaken == IfTaken::Refuse)
         return taken(scan, typed.name);
-    contents.info.setValue(nameKey, typed.name);
+    contents.info.setValue(u"name"_s, typed.name);
     const QString folder =
         old ? old->folder : _themes + u'/' + ThemeName::freeFolder(typed.name, scan.folders);
     const QString fresh = _themes + "/.New/"_L1 + folder.section(u'/', -1);
@@ -288,7 +220,7 @@ QString ThemeLibrary::putName(const KeptTheme &theme, const QString &name)
     auto info = KeptPackage::readInfo(theme.folder);
     if (!info)
         return u"%1 cannot be read"_s.arg(theme.folder);
-    info->setValue(nameKey, name);
+    info->setValue(u"name"_s, name);
     const QString place = theme.folder + "/Info.plist"_L1;
     const QString fresh = _themes + "/.New/Info.plist"_L1;
     std::error_code error = NSFileManager::createDirectoryAtPath(_themes + "/.New"_L1);
@@ -305,11 +237,11 @@ LibraryResult ThemeLibrary::rename(const QString &name, const QString &newName)
     const auto typed = ThemeName::fromTyped(newName);
     if (!typed.problem.isEmpty())
         return {Outcome::BadName, typed.problem, {}};
-    Scan scan = this->scan();
+    KeptThemes scan = this->scan();
     const auto theme = scan.find(name);
     if (!theme)
         return noSuchTheme(name);
-    if (!isSame(theme->name, typed.name)) {
+    if (!ThemeName::isSame(theme->name, typed.name)) {
         if (scan.find(typed.name))
             return taken(scan, typed.name);
         if (const QString problem = scan.problemWith(typed.name); !problem.isEmpty())
@@ -354,10 +286,11 @@ LibraryResult ThemeLibrary::putBack(const QString &name, const QDateTime &now)
         return failure(_refusal);
     for (const QString &trashed : ThemeTrash(_themes).folders(now)) {
         const auto info = KeptPackage::readInfo(trashed);
-        const QString before = info ? nameOf(*info, ThemeTrash::nameBefore(trashed)) : QString();
-        if (!info || !isSame(before, name.trimmed()))
+        const QString before =
+            info ? KeptPackage::nameOf(*info, ThemeTrash::nameBefore(trashed)) : QString();
+        if (!info || !ThemeName::isSame(before, name.trimmed()))
             continue;
-        const Scan scan = this->scan();
+        const KeptThemes scan = this->scan();
         if (const QString problem = scan.problemWith(before); !problem.isEmpty())
             return failure(problem);
         const KeptTheme theme{scan.freeName(before),

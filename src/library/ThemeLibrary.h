@@ -13,6 +13,7 @@
 // follows is only for people who look.
 #pragma once
 
+#include "library/KeptThemes.h"
 #include "library/PackageContents.h"
 #include "theme/FolderLocks.h"
 
@@ -23,11 +24,6 @@
 #include <memory>
 #include <optional>
 #include <vector>
-
-struct KeptTheme {
-    QString name;
-    QString folder; // its path
-};
 
 /// What became of a change.
 struct LibraryResult {
@@ -95,20 +91,8 @@ private:
     bool lockToChange();
     void recover();
     void endChange();
-    /// What is there now.
-    struct Scan {
-        std::vector<KeptTheme> themes; // by their folders
-        QStringList folders;           // names of all that is there
-        QStringList skipped;           // those of them that are no themes, or cannot be read
-        QString problem;               // why nothing could be listed, for people; else empty
-
-        std::optional<KeptTheme> find(const QString &name) const;
-        QString freeName(const QString &name) const;
-        /// Why nobody can say whether there is a theme of that name, for people; else empty.
-        QString problemWith(const QString &name) const;
-    };
-    Scan scan() const;
-    static LibraryResult taken(const Scan &scan, const QString &name);
+    KeptThemes scan() const;
+    static LibraryResult taken(const KeptThemes &scan, const QString &name);
     LibraryResult noSuchTheme(const QString &name) const;
     LibraryResult bringIn(const QString &from, const QString &folder,
                           const std::optional<KeptTheme> &old, const QDateTime &now);

@@ -90,6 +90,11 @@ QString ThemeName::key(const QString &name)
         .normalized(QString::NormalizationForm_C);
 }
 
+bool ThemeName::isSame(const QString &name, const QString &other)
+{
+    return key(name) == key(other);
+}
+
 QString ThemeName::freeName(const QString &name, const QSet<QString> &takenKeys)
 {
     QString candidate = name;

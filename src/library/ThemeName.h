@@ -19,6 +19,7 @@ Typed fromTyped(const QString &text);
 
 /// Equal for names that are the same.
 QString key(const QString &name);
+bool isSame(const QString &name, const QString &other);
 
 /// The name itself, or with the first number from 2 on that makes it one whose key is not taken,
 /// shortened before the number where it would be too long.
