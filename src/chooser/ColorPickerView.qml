@@ -91,6 +91,13 @@ ChooserPage {
                 fontSize: 18
                 inputMethodHints: Qt.ImhUppercaseOnly | Qt.ImhNoPredictiveText
             }
+            ContrastMark {
+                objectName: "contrastMark"
+                narrow: field.editing
+                x: patch.width - width - (field.editing ? 34 : 0) // beside the button that clears
+                contrast: root.controller.contrast
+                onTouchUpInside: root.controller.contrastTapped()
+            }
         }
         HSColorPickerView {
             id: wheel

@@ -247,6 +247,7 @@ void CustomViewController::showChooser(int index, NSIndexPath indexPath)
     offer();
     connect(_preview, &EditorPreview::offeredChanged, chooser, offer);
     connect(chooser, &ColorPickerViewController::previewTapped, _preview, &EditorPreview::showPage);
+    chooser->contrast()->follow(source(), index);
     connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
         _document->showPassingColor(index, hexStringForColor(chooser->color()));
     });
