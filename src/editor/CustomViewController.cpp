@@ -59,6 +59,7 @@ void CustomViewController::install()
     for (const int index : ElementLocks::load(_folders.theme, source()))
         _document->setLocked(index, true);
     _draft = std::make_unique<DraftKeeper>(*_document, _folders.theme.documents);
+    _findings = std::make_unique<EditorFindings>(*this);
     connect(_document.get(), &ThemeDocument::changed, this, &CustomViewController::repaint);
     connect(_document.get(), &ThemeDocument::unsavedChanged, this,
             &CustomViewController::markWindow);
@@ -182,6 +183,7 @@ UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
     const int index = source().indexAt(indexPath).value();
     ElementRow::paint(*cell, _document->record(index));
     cell->setLocked(_document->isLocked(index));
+    cell->setFinding(_findings->words(index));
     return cell;
 }
 
