@@ -1,5 +1,7 @@
 #include "editor/EditorFindings.h"
 
+#include "editor/CheckController.h"
+#include "platform/UITableViewSubtitleCell.h"
 #include "support/EditorFixture.h"
 
 #include <QAccessible>
@@ -28,6 +30,36 @@ struct EditorFindingsTest : EditorFixture {
         settle();
     }
     QString markOn(int row) { return cell({0, row}) ? cell({0, row})->finding() : "not in sight"; }
+
+    CheckController *page()
+    {
+        return qobject_cast<CheckController *>(window().presentedViewController());
+    }
+    template <typename Item = QQuickItem>
+    Item *part(const char *name)
+    {
+        return page()->view()->findChild<Item *>(name);
+    }
+    UITableView &list() { return *page()->view()->findChild<UITableView *>(); }
+    void openPage()
+    {
+        tap(item("_moreButton"));
+        const QStringList entries = window().actionSheet()->buttonTitles();
+        window().actionSheet()->click(int(entries.indexOf("Check Colors")));
+        settle();
+        ASSERT_TRUE(page());
+        list().layoutIfNeeded();
+    }
+    QStringList listed()
+    {
+        list().layoutIfNeeded();
+        QStringList rows;
+        for (const NSIndexPath row : list().indexPathsForVisibleRows()) {
+            auto *cell = qobject_cast<UITableViewSubtitleCell *>(list().cellForRowAtIndexPath(row));
+            rows += cell->textLabel()->text() + " | " + cell->detailTextLabel()->text();
+        }
+        return rows;
+    }
 };
 
 const QString faintOnWhite = "Name of faint on Name of ground: Contrast 2.84, needs 4.50";
@@ -65,4 +97,73 @@ TEST_F(EditorFindingsTest, MarksFollowEveryChangeOfTheDocument)
     document().undo();
     showRow(locked);
     expectMarks(true, false);
+}
+
+TEST_F(EditorFindingsTest, ThePageListsLeadsAndCloses)
+{
+    openPage();
+    EXPECT_EQ(sceneFrame(page()->view()), QRectF(0, 0, 320, 568));
+    EXPECT_EQ(listed(),
+              (QStringList{"Name of faint on Name of ground | Contrast 2.84, needs 4.50",
+                           "Name of locked on Name of ground | Contrast 2.32, needs 4.50"}));
+    auto *first = qobject_cast<UITableViewSubtitleCell *>(list().cellForRowAtIndexPath({0, 0}));
+    const QImage picture = first->picture();
+    EXPECT_EQ(picture.pixel(picture.rect().center()), 0xFF999999);
+    EXPECT_EQ(picture.pixel(picture.width() / 8, picture.height() / 2), 0xFFFFFFFF);
+
+    tap(list().cellForRowAtIndexPath({0, 1}));
+    EXPECT_FALSE(page());
+    ASSERT_TRUE(cell({0, locked})) << "in sight";
+    EXPECT_LE(sceneFrame(cell({0, locked})).bottom(), 518.0);
+    EXPECT_EQ(table().focusedRow(), NSIndexPath({0, locked}));
+
+    openPage();
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(page());
+    openPage();
+    tap(part("close"));
+    EXPECT_FALSE(page());
+    openPage();
+    key(Qt::Key_Down);
+    key(Qt::Key_Return); // the first, by keys alone
+    EXPECT_FALSE(page());
+    EXPECT_EQ(table().focusedRow(), NSIndexPath({0, faint}));
+}
+
+TEST_F(EditorFindingsTest, FixAllIsOneStepAndSaysWhatIsLeftAndWhy)
+{
+    editor().setLocked(locked, true);
+    editor().setLocked(ground, true);
+    openPage();
+    ASSERT_TRUE(part("fixAll")->isVisible());
+    EXPECT_EQ(list().indexPathsForVisibleRows().size(), 2U);
+    for (int i = 0; i < 4 && !part("fixAll")->hasActiveFocus(); ++i)
+        key(Qt::Key_Tab);
+    key(Qt::Key_Return);
+    EXPECT_EQ(document().record(faint).color, "#767676FF");
+    EXPECT_EQ(document().record(locked).color, "#AAAAAAFF");
+    EXPECT_EQ(listed(), (QStringList{"Name of locked on Name of ground | Contrast 2.32, needs "
+                                     "4.50. Left, because it is locked"}));
+    EXPECT_FALSE(part("fixAll")->isVisible()) << "it can do no more";
+    settle();
+    EXPECT_TRUE(listed().front().endsWith("locked")) << "its own change does not list it anew";
+    EXPECT_EQ(document().undoName(), "Fix All");
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(document().record(faint).color, "#999999FF");
+    EXPECT_EQ(listed().size(), 2);
+    EXPECT_TRUE(part("fixAll")->isVisible());
+    EXPECT_FALSE(part("summary")->property("text").toString().size());
+
+    editor().setLocked(locked, false);
+    tap(part("fixAll"));
+    tap(part("undo"));
+    EXPECT_EQ(listed().size(), 2);
+    tap(part("fixAll"));
+    EXPECT_TRUE(listed().isEmpty());
+    EXPECT_EQ(part("summary")->property("text"), "No unreadable colors");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(page()) << "keys still reach the page";
+    openPage();
+    EXPECT_EQ(part("summary")->property("text"), "No unreadable colors");
+    EXPECT_FALSE(part("fixAll")->isVisible() || part("undo")->isVisible());
 }
