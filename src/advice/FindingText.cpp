@@ -22,17 +22,18 @@ QString FindingText::ratio(double ratio)
     return QString::number(std::floor(ratio * 100.0) / 100.0, 'f', 2);
 }
 
-QString FindingText::title(const Finding &finding, const ElementDataSource &elements)
+QString FindingText::fault(const Finding &finding, const ElementDataSource &elements)
 {
-    const auto name = [&elements](int index) { return elements.tableSource()[size_t(index)].name; };
-    const QString title =
-        finding.kind == Finding::Kind::Contrast ? tr("%1 on %2") : tr("%1 and %2");
-    return title.arg(name(finding.element), name(finding.on));
+    const QString &on = elements.tableSource()[size_t(finding.on)].name;
+    return finding.kind == Finding::Kind::Contrast
+               ? tr("%1 on %2").arg(ratio(finding.ratio), on)
+               : tr("Like %1 to %2 eyes").arg(on, nameOf(finding.eyes));
 }
 
-QString FindingText::details(const Finding &finding)
+QString FindingText::details(const Finding &finding, const ElementDataSource &elements)
 {
-    if (finding.kind == Finding::Kind::LookAlike)
-        return tr("Look alike to %1 eyes").arg(nameOf(finding.eyes));
-    return tr("Contrast %1, needs %2").arg(ratio(finding.ratio), ratio(finding.threshold));
+    const QString text = fault(finding, elements);
+    return finding.kind == Finding::Kind::Contrast
+               ? tr("%1, needs %2").arg(text, ratio(finding.threshold))
+               : text;
 }

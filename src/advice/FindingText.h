@@ -10,8 +10,8 @@ namespace FindingText
 /// Two decimals, cut off: what falls short must not read as if it did not.
 QString ratio(double ratio);
 
-/// "Timestamp on Conversation Background", by the elements' names.
-QString title(const Finding &finding, const ElementDataSource &elements);
-/// "Contrast 2.10, needs 4.50", or to whose eyes the two are alike.
-QString details(const Finding &finding);
+/// "2.10 on Chat Background", or what it is like to whose eyes; by the elements' names.
+QString fault(const Finding &finding, const ElementDataSource &elements);
+/// "2.10 on Chat Background, needs 4.50"; of look-alikes the fault alone.
+QString details(const Finding &finding, const ElementDataSource &elements);
 } // namespace FindingText

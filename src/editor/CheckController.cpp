@@ -1,11 +1,11 @@
 #include "editor/CheckController.h"
 
 #include "advice/FindingText.h"
-#include "editor/CheckPage.h"
 #include "platform/UITableViewSubtitleCell.h"
+#include "views/ColorSwatch.h"
 #include "views/SectionHeader.h"
+#include "views/TablePage.h"
 
-#include <QPainter>
 #include <QQuickWindow>
 
 #include <utility>
@@ -13,24 +13,6 @@
 namespace
 {
 const QString identifier = QStringLiteral("Finding");
-constexpr double side = 36.0;
-
-/// The first colour as text on the second one.
-QImage pictureOf(QRgb color, QRgb ground, double scale)
-{
-    QImage picture((QSizeF(side, side) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(scale, scale);
-    painter.setBrush(QColor::fromRgb(ground));
-    painter.setPen(QColor(0, 0, 0, 0x40));
-    painter.drawRoundedRect(QRectF(0.5, 0.5, side - 1.0, side - 1.0), 6.0, 6.0);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgb(color));
-    painter.drawRoundedRect(QRectF(9.0, 9.0, side - 18.0, side - 18.0), 3.0, 3.0);
-    return picture;
-}
 } // namespace
 
 std::shared_ptr<CheckController> CheckController::init(ThemeDocument &document)
@@ -101,7 +83,7 @@ QString CheckController::summary() const
 
 void CheckController::viewDidLoad()
 {
-    _table = page<CheckPage>().table;
+    _table = page<TablePage>().table;
     _table->setDelegate(this);
     _table->setDataSource(this);
     _table->setContentInset(0.0, 50.0);
@@ -129,15 +111,16 @@ UITableViewCell *CheckController::cellForRowAtIndexPath(UITableView &table, NSIn
     }
     const auto number = size_t(indexPath.row);
     const Finding &finding = _findings[number];
-    cell->textLabel()->setText(FindingText::title(finding, _document.elements()));
-    QString details = FindingText::details(finding);
-    if (!_left.empty())
-        details += ". " + (_left[number] == Reason::Locked ? tr("Left, because it is locked")
-                                                           : tr("Left, because no color does"));
-    cell->detailTextLabel()->setText(details);
+    const ElementDataSource &elements = _document.elements();
+    cell->textLabel()->setText(elements.tableSource()[size_t(finding.element)].name);
+    cell->detailTextLabel()->setText(
+        _left.empty()
+            ? FindingText::details(finding, elements)
+            : FindingText::fault(finding, elements) +
+                  (_left[number] == Reason::Locked ? tr(". Locked") : tr(". No color does")));
     const double scale = view()->window() ? view()->window()->effectiveDevicePixelRatio() : 1.0;
-    cell->setPicture(pictureOf(_colors->seenColor(finding.element).value_or(0),
-                               _colors->seenColor(finding.on).value_or(0), scale),
+    cell->setPicture(colorSwatch(_colors->seenColor(finding.on).value_or(0),
+                                 _colors->seenColor(finding.element), scale),
                      scale);
     return cell;
 }

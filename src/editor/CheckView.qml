@@ -2,7 +2,7 @@ import QtQuick
 import Tintloom
 
 // What is hard to see in the theme.
-CheckPage {
+TablePage {
     id: root
 
     required property CheckController controller

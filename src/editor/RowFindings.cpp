@@ -64,7 +64,6 @@ std::optional<Finding> RowFindings::findingOf(int index)
 QString RowFindings::words(int index)
 {
     const auto finding = findingOf(index);
-    return finding ? FindingText::title(*finding, _document.elements()) + ": " +
-                         FindingText::details(*finding)
+    return finding ? tr("Hard to see: %1").arg(FindingText::details(*finding, _document.elements()))
                    : QString();
 }

@@ -62,7 +62,7 @@ struct EditorFindingsTest : EditorFixture {
     }
 };
 
-const QString faintOnWhite = "Name of faint on Name of ground: Contrast 2.84, needs 4.50";
+const QString faintOnWhite = "Hard to see: 2.84 on Name of ground, needs 4.50";
 } // namespace
 
 TEST_F(EditorFindingsTest, MarksFollowEveryChangeOfTheDocument)
@@ -103,9 +103,8 @@ TEST_F(EditorFindingsTest, ThePageListsLeadsAndCloses)
 {
     openPage();
     EXPECT_EQ(sceneFrame(page()->view()), QRectF(0, 0, 320, 568));
-    EXPECT_EQ(listed(),
-              (QStringList{"Name of faint on Name of ground | Contrast 2.84, needs 4.50",
-                           "Name of locked on Name of ground | Contrast 2.32, needs 4.50"}));
+    EXPECT_EQ(listed(), (QStringList{"Name of faint | 2.84 on Name of ground, needs 4.50",
+                                     "Name of locked | 2.32 on Name of ground, needs 4.50"}));
     auto *first = qobject_cast<UITableViewSubtitleCell *>(list().cellForRowAtIndexPath({0, 0}));
     const QImage picture = first->picture();
     EXPECT_EQ(picture.pixel(picture.rect().center()), 0xFF999999);
@@ -142,11 +141,10 @@ TEST_F(EditorFindingsTest, FixAllIsOneStepAndSaysWhatIsLeftAndWhy)
     key(Qt::Key_Return);
     EXPECT_EQ(document().record(faint).color, "#767676FF");
     EXPECT_EQ(document().record(locked).color, "#AAAAAAFF");
-    EXPECT_EQ(listed(), (QStringList{"Name of locked on Name of ground | Contrast 2.32, needs "
-                                     "4.50. Left, because it is locked"}));
+    EXPECT_EQ(listed(), (QStringList{"Name of locked | 2.32 on Name of ground. Locked"}));
     EXPECT_FALSE(part("fixAll")->isVisible()) << "it can do no more";
     settle();
-    EXPECT_TRUE(listed().front().endsWith("locked")) << "its own change does not list it anew";
+    EXPECT_TRUE(listed().front().endsWith("Locked")) << "its own change does not list it anew";
     EXPECT_EQ(document().undoName(), "Fix All");
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(document().record(faint).color, "#999999FF");

@@ -1,10 +1,10 @@
-// The root of the QML file of the page that lists what is hard to see.
+// The root of the QML file of a page that covers the stage with a table.
 #pragma once
 
 #include "platform/UIPage.h"
 #include "platform/UITableView.h"
 
-class CheckPage : public UIPage
+class TablePage : public UIPage
 {
     Q_OBJECT
     QML_ELEMENT
