@@ -123,6 +123,8 @@ signals:
     void colorChanged();
     void previewOfferedChanged();
     void previewTapped();
+    /// The page of colours at hand is wanted.
+    void themeColorsTapped();
 
 protected:
     const char *viewFile() const override { return "chooser/ColorPickerView.qml"; }

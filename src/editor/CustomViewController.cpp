@@ -250,6 +250,7 @@ void CustomViewController::showChooser(int index, NSIndexPath indexPath)
     connect(_preview, &EditorPreview::offeredChanged, chooser, offer);
     connect(chooser, &ColorPickerViewController::previewTapped, _preview, &EditorPreview::showPage);
     chooser->contrast()->follow(source(), index);
+    _colors.serve(*chooser);
     connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
         _document->showPassingColor(index, hexStringForColor(chooser->color()));
     });
@@ -270,6 +271,8 @@ void CustomViewController::choose(std::optional<int> index, NSIndexPath indexPat
     const QColor before = cell ? cell->backgroundColor() : QColor();
     if (index)
         _document->setColor(*index, color ? hexStringForColor(*color) : QString());
+    if (index && color)
+        _colors.remember(*color);
     if (cell) {
         ElementRow::paintChosenColor(*cell, color);
         _rowFade.start(*cell, before, color.value_or(UIColor::whiteColor()).qColor());

@@ -15,6 +15,7 @@
 #pragma once
 
 #include "editor/ChooserPresentation.h"
+#include "editor/EditorColors.h"
 #include "editor/EditorFindings.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
@@ -200,5 +201,6 @@ private:
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     EditorPreview *const _preview = new EditorPreview(*this);
     std::unique_ptr<EditorFindings> _findings;
+    EditorColors _colors{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
 };
