@@ -8,7 +8,7 @@ PushButton {
     required property ContrastBadge contrast
     property bool narrow: false // without the verdict
 
-    width: mark.narrow ? 68 : 86
+    width: mark.narrow ? 72 : 86
     height: 40
     visible: mark.contrast.shown
     focusFrame: true
@@ -28,7 +28,7 @@ PushButton {
 
         readonly property int level: mark.contrast.level
 
-        x: 9
+        x: 8
         anchors.verticalCenter: parent.verticalCenter
         width: [16, 13, 15][level]
         height: width
@@ -46,16 +46,16 @@ PushButton {
         Accessible.ignored: true
     }
     Text {
-        x: 29
+        x: 27
         y: mark.narrow ? 12 : 5
         text: mark.contrast.ratio
         color: "#1C1C1E"
-        font.pixelSize: 14
+        font.pixelSize: mark.narrow ? 12 : 14
         font.bold: true
         Accessible.ignored: true
     }
     Text {
-        x: 29
+        x: 27
         y: 22
         visible: !mark.narrow
         width: mark.width - x - 7
