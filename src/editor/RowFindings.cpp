@@ -28,13 +28,22 @@ void RowFindings::takeColor(int index)
     _news.start(0);
 }
 
+bool RowFindings::isCompared(int index) const
+{
+    for (int known = 0; known < ThemeColors::knownCount; ++known)
+        if (const auto other = _colors->known(ThemeColors::Known(known));
+            other && _document.record(*other).key == _document.record(index).key)
+            return true;
+    return false;
+}
+
 void RowFindings::takeChanges(const std::vector<int> &indexes)
 {
     for (const int index : indexes) {
         const bool hadColor = _colors && _colors->color(index);
         takeColor(index);
-        // Which of several elements with one key counts goes by who has something to save.
-        if (_colors && (!hadColor || !_colors->color(index)))
+        // Of several elements with one key the one is compared that has something to save.
+        if (_colors && (!hadColor || !_colors->color(index)) && isCompared(index))
             _colors.reset();
     }
 }

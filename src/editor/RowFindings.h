@@ -28,6 +28,8 @@ signals:
 private:
     void takeColor(int index);
     void takeChanges(const std::vector<int> &indexes);
+    /// Whether the element's key is one of those that are compared with others beside the grounds.
+    bool isCompared(int index) const;
     const std::vector<Finding> &lookAlikes();
     std::optional<Finding> findingOf(int index);
     ThemeColors &colors();
