@@ -18,6 +18,7 @@ using Target = std::function<void(const QByteArray &)>;
 
 void colorText(const QByteArray &bytes);
 void elementDataSource(const QByteArray &bytes);
+void findings(const QByteArray &bytes);
 void hexField(const QByteArray &bytes);
 void openedTheme(const QByteArray &bytes);
 void propertyList(const QByteArray &bytes);

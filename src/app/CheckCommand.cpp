@@ -1,5 +1,6 @@
 #include "app/CheckCommand.h"
 
+#include "advice/FindingText.h"
 #include "advice/FixAll.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
@@ -12,20 +13,12 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr int failed = 1;
 constexpr int found = 3;
-
-/// Two decimals, cut off: what falls short must not read as if it did not.
-double shown(double ratio)
-{
-    return std::floor(ratio * 100.0) / 100.0;
-}
 
 QString nameOf(Eyes eyes)
 {
@@ -69,7 +62,7 @@ private:
             {"on"_L1, keyOf(finding.on)},
             {"kind"_L1, isContrast ? u"contrast"_s : u"look-alike"_s},
             {"eyes"_L1, orNull(isContrast ? QString() : nameOf(finding.eyes))},
-            {"ratio"_L1, shown(finding.ratio)},
+            {"ratio"_L1, FindingText::ratio(finding.ratio).toDouble()},
             {"threshold"_L1, finding.threshold},
             {"lighter"_L1, orNull(textOf(remedies.lighter))},
             {"darker"_L1, orNull(textOf(remedies.darker))},
@@ -84,14 +77,14 @@ private:
                  std::optional<FixedTheme::Reason> left)
     {
         const bool isContrast = finding.kind == Finding::Kind::Contrast;
-        _text += isContrast ? u"%1 on %2: contrast %3, needs %4"_s.arg(
-                                  keyOf(finding.element), keyOf(finding.on),
-                                  QString::number(shown(finding.ratio), 'f', 2),
-                                  QString::number(finding.threshold, 'f', 2))
-                            : u"%1 looks like %2 to %3 eyes: distance %4, needs %5"_s.arg(
-                                  keyOf(finding.element), keyOf(finding.on), nameOf(finding.eyes),
-                                  QString::number(shown(finding.ratio), 'f', 2),
-                                  QString::number(finding.threshold, 'f', 2));
+        _text +=
+            isContrast
+                ? u"%1 on %2: contrast %3, needs %4"_s.arg(
+                      keyOf(finding.element), keyOf(finding.on), FindingText::ratio(finding.ratio),
+                      FindingText::ratio(finding.threshold))
+                : u"%1 looks like %2 to %3 eyes: distance %4, needs %5"_s.arg(
+                      keyOf(finding.element), keyOf(finding.on), nameOf(finding.eyes),
+                      FindingText::ratio(finding.ratio), FindingText::ratio(finding.threshold));
         if (remedies.lighter)
             _text += u"; lighter "_s + textOf(remedies.lighter);
         if (remedies.darker)

@@ -91,6 +91,13 @@ ChooserPage {
                 fontSize: 18
                 inputMethodHints: Qt.ImhUppercaseOnly | Qt.ImhNoPredictiveText
             }
+            ContrastMark {
+                objectName: "contrastMark"
+                narrow: field.editing
+                x: patch.width - width - (field.editing ? 34 : 0) // beside the button that clears
+                contrast: root.controller.contrast
+                onTouchUpInside: root.controller.contrastTapped()
+            }
         }
         HSColorPickerView {
             id: wheel
@@ -159,24 +166,17 @@ ChooserPage {
         }
     }
     // In the strip above the buttons, which is empty.
-    PushButton {
-        id: preview
-
+    StripButton {
+        objectName: "themeColors"
+        width: 102
+        title: qsTr("Theme Colors")
+        onTouchUpInside: root.controller.themeColorsTapped()
+    }
+    StripButton {
         x: root.width - width
         width: 76
-        height: 20
         visible: root.controller.previewOffered
         title: qsTr("Preview")
         onTouchUpInside: root.controller.previewTapped()
-
-        Text {
-            anchors.centerIn: parent
-            text: preview.title
-            color: "#003CA8"
-            opacity: preview.pressed ? 0.5 : 1
-            font.pixelSize: 13
-            font.underline: preview.activeFocus
-            Accessible.ignored: true
-        }
     }
 }

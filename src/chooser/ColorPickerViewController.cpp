@@ -12,6 +12,7 @@ ColorPickerViewController::ColorPickerViewController(const UIColor &color, std::
 {
     const QSizeF screen = UIScreen::mainScreen().size();
     _layout = ChooserLayout::make(screen.width(), screen.height());
+    _contrast->setColorText(hexStringForColor(color));
 }
 
 ColorPickerViewController::~ColorPickerViewController()
@@ -96,7 +97,9 @@ void ColorPickerViewController::colorPickerDidChangeSelection(HSColorPickerView 
     _brightnessSlider->setValue(float(colorPicker.brightness()));
     _opacitySlider->setValue(float(colorPicker.opacity()));
     _hexTextField->setTextColor(prefersBlackText(_color) ? Qt::black : Qt::white);
-    _hexTextField->setText(hexStringForColor(_color)); // also while it is edited, as on the phone
+    const QString text = hexStringForColor(_color);
+    _hexTextField->setText(text); // also while it is edited, as on the phone
+    _contrast->setColorText(text);
 }
 
 bool ColorPickerViewController::shouldChangeCharactersInRange(UITextField &field, NSRange range,
@@ -147,6 +150,17 @@ void ColorPickerViewController::returnKey(bool isAutoRepeat)
 void ColorPickerViewController::select(double red, double green, double blue, double alpha)
 {
     _colorPicker->setSelectionColor(UIColor::colorWithRed(red, green, blue, alpha));
+}
+
+void ColorPickerViewController::selectColorText(const QString &colorText)
+{
+    _colorPicker->setSelectionColor(colorFromHexString(colorText));
+}
+
+void ColorPickerViewController::contrastTapped()
+{
+    if (const auto colorText = _contrast->nextColorText())
+        selectColorText(*colorText);
 }
 
 void ColorPickerViewController::selectBlack()

@@ -14,6 +14,7 @@
 
 #include "chooser/ChooserLayout.h"
 #include "chooser/ChooserPage.h"
+#include "chooser/ContrastBadge.h"
 #include "platform/UIViewController.h"
 #include "platform/foundation/UIColor.h"
 
@@ -44,6 +45,7 @@ class ColorPickerViewController final : public UIViewController,
     QML_ELEMENT
     QML_UNCREATABLE("Made by the editor")
     Q_PROPERTY(QColor color READ patchColor NOTIFY colorChanged FINAL)
+    Q_PROPERTY(ContrastBadge *contrast READ contrast CONSTANT FINAL)
     Q_PROPERTY(bool previewOffered READ isPreviewOffered NOTIFY previewOfferedChanged FINAL)
 
 public:
@@ -76,6 +78,8 @@ public:
     /// The colour that the wheel last reported; the same for drawing.
     const UIColor &color() const { return _color; }
     QColor patchColor() const { return _color.qColor(); }
+    /// Shown on the patch once it follows an element.
+    ContrastBadge *contrast() const { return _contrast; }
     /// Whether a small button asks for the preview.
     bool isPreviewOffered() const { return _isPreviewOffered; }
     void setPreviewOffered(bool isOffered);
@@ -103,6 +107,10 @@ public:
     Q_INVOKABLE void selectBlue();
     /// Transparent black.
     Q_INVOKABLE void selectClear();
+    /// Any colour text, as the quick colours do it.
+    void selectColorText(const QString &colorText);
+    /// Picks the nearest colour that reads well, and after that the other one.
+    Q_INVOKABLE void contrastTapped();
 
     // For the chooser as its own delegate: nothing is to be done.
     void dismissWithNoChange() override {}
@@ -115,6 +123,8 @@ signals:
     void colorChanged();
     void previewOfferedChanged();
     void previewTapped();
+    /// The page of colours at hand is wanted.
+    void themeColorsTapped();
 
 protected:
     const char *viewFile() const override { return "chooser/ColorPickerView.qml"; }
@@ -137,5 +147,6 @@ private:
     UITextField *_hexTextField = nullptr;
     const UIColor _initialColor;
     ChooserLayout _layout;
+    ContrastBadge *const _contrast = new ContrastBadge(this);
     bool _isPreviewOffered = false;
 };

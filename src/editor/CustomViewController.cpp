@@ -59,6 +59,7 @@ void CustomViewController::install()
     for (const int index : ElementLocks::load(_folders.theme, source()))
         _document->setLocked(index, true);
     _draft = std::make_unique<DraftKeeper>(*_document, _folders.theme.documents);
+    _findings = std::make_unique<EditorFindings>(*this);
     connect(_document.get(), &ThemeDocument::changed, this, &CustomViewController::repaint);
     connect(_document.get(), &ThemeDocument::unsavedChanged, this,
             &CustomViewController::markWindow);
@@ -182,6 +183,7 @@ UITableViewCell *CustomViewController::cellForRowAtIndexPath(UITableView &table,
     const int index = source().indexAt(indexPath).value();
     ElementRow::paint(*cell, _document->record(index));
     cell->setLocked(_document->isLocked(index));
+    cell->setFinding(_findings->words(index));
     return cell;
 }
 
@@ -247,6 +249,8 @@ void CustomViewController::showChooser(int index, NSIndexPath indexPath)
     offer();
     connect(_preview, &EditorPreview::offeredChanged, chooser, offer);
     connect(chooser, &ColorPickerViewController::previewTapped, _preview, &EditorPreview::showPage);
+    chooser->contrast()->follow(source(), index);
+    _colors.serve(*chooser);
     connect(chooser, &ColorPickerViewController::colorChanged, this, [this, chooser, index] {
         _document->showPassingColor(index, hexStringForColor(chooser->color()));
     });
@@ -267,6 +271,8 @@ void CustomViewController::choose(std::optional<int> index, NSIndexPath indexPat
     const QColor before = cell ? cell->backgroundColor() : QColor();
     if (index)
         _document->setColor(*index, color ? hexStringForColor(*color) : QString());
+    if (index && color)
+        _colors.remember(*color);
     if (cell) {
         ElementRow::paintChosenColor(*cell, color);
         _rowFade.start(*cell, before, color.value_or(UIColor::whiteColor()).qColor());

@@ -15,6 +15,8 @@
 #pragma once
 
 #include "editor/ChooserPresentation.h"
+#include "editor/EditorColors.h"
+#include "editor/EditorFindings.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
 #include "editor/ElementRow.h"
@@ -147,6 +149,7 @@ public:
     QString notice() const { return _overlays->notice(); }
     ScreenOverlays *overlays() const { return _overlays; }
     EditorPreview *preview() const { return _preview; }
+    EditorFindings *findings() const { return _findings.get(); }
     /// Null before the view is loaded.
     UITableView *tableView() const { return _tableView; }
 
@@ -197,5 +200,7 @@ private:
     std::shared_ptr<ActionMenu> _menu; // shown last
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     EditorPreview *const _preview = new EditorPreview(*this);
+    std::unique_ptr<EditorFindings> _findings;
+    EditorColors _colors{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
 };

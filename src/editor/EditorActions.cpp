@@ -56,6 +56,8 @@ Actions EditorActions::forTheme(CustomViewController &editor)
                        [=] { PreviewController::toggle(*preview->model()); },
                        preview->model() && !editor.isLoading(),
                        {Qt::CTRL | Qt::Key_P}});
+    actions.push_back({tr("Check Colors"), [&editor] { editor.findings()->showPage(); },
+                       !editor.isLoading() && !editor.isChooserOpen()});
     // Its strip may have made room for another one.
     actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
                        editor.isDraftOffered()});

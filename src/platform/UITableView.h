@@ -121,7 +121,9 @@ public:
 
     /// Brings a row into sight below the sticking header and above the inset.
     void scrollToRow(NSIndexPath indexPath);
-    /// The same, and marks it for a moment.
+    /// The same, and gives it the keyboard.
+    void focusRow(NSIndexPath indexPath);
+    /// Scrolls there, and marks it for a moment.
     void flashRow(NSIndexPath indexPath);
 
     double contentHeight() const;

@@ -79,6 +79,14 @@ void UITableView::focusOutEvent(QFocusEvent *event)
     setCurrentRow(_currentRow);
 }
 
+void UITableView::focusRow(NSIndexPath indexPath)
+{
+    scrollToRow(indexPath);
+    layoutIfNeeded();
+    forceActiveFocus();
+    setCurrentRow(indexPath);
+}
+
 void UITableView::setCurrentRow(NSIndexPath indexPath)
 {
     if (UITableViewCell *cell = cellForRowAtIndexPath(_currentRow))

@@ -138,6 +138,16 @@ void UIWindow::presentViewController(std::shared_ptr<UIViewController> controlle
     _presented->view()->forceActiveFocus();
 }
 
+void UIWindow::dismissViewController(std::function<void()> then)
+{
+    const auto dismiss = [this, then = std::move(then)] {
+        presentViewController(nullptr);
+        if (then)
+            then();
+    };
+    QMetaObject::invokeMethod(this, dismiss, Qt::QueuedConnection);
+}
+
 void UIWindow::setPaneViewController(std::shared_ptr<UIViewController> controller)
 {
     _pane = std::move(controller);
@@ -235,8 +245,9 @@ void UIWindow::giveInputToTop()
 void UIWindow::keyPressEvent(QKeyEvent *event)
 {
     QQuickWindow::keyPressEvent(event);
-    if (!event->isAccepted() && _stage->isEnabled() && !_presented && _rootViewController)
-        event->setAccepted(_rootViewController->keyPressed(event->key(), event->modifiers()));
+    UIViewController *const top = _presented ? _presented.get() : _rootViewController.get();
+    if (!event->isAccepted() && _stage->isEnabled() && top)
+        event->setAccepted(top->keyPressed(event->key(), event->modifiers()));
 }
 
 void UIWindow::resizeEvent(QResizeEvent *event)

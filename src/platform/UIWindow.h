@@ -15,6 +15,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <functional>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -44,6 +45,9 @@ public:
     /// Lays a page over the root's view, which takes no input meanwhile, in place of an earlier
     /// one; null takes it away.
     void presentViewController(std::shared_ptr<UIViewController> controller);
+    /// Takes the page away after whatever is being done now, such as a press of the page's own
+    /// button; and then goes on.
+    void dismissViewController(std::function<void()> then = {});
     UIViewController *presentedViewController() const { return _presented.get(); }
 
     /// What stands beside the stage where the window is wide enough. Its view is made when the

@@ -24,6 +24,14 @@ void CustomTableCell::setLocked(bool locked)
     emit lockedChanged();
 }
 
+void CustomTableCell::setFinding(const QString &finding)
+{
+    if (_finding == finding)
+        return;
+    _finding = finding;
+    emit findingChanged();
+}
+
 void CustomTableCell::layoutSubviews()
 {
     // The description overlaps the name's lower edge by 5 points, the caption the name's right end,

@@ -16,6 +16,8 @@ class CustomTableCell : public UITableViewCell
     Q_PROPERTY(UILabel *colorLabel READ colorLabel CONSTANT FINAL)
     Q_PROPERTY(bool locked READ isLocked NOTIFY lockedChanged FINAL)
     Q_PROPERTY(QString spokenLock READ spokenLock NOTIFY lockedChanged FINAL)
+    Q_PROPERTY(QString finding READ finding NOTIFY findingChanged FINAL)
+    Q_PROPERTY(QString spokenFinding READ spokenFinding NOTIFY findingChanged FINAL)
 
 public:
     explicit CustomTableCell(QQuickItem *parent = nullptr);
@@ -33,14 +35,21 @@ public:
     /// The same in words, on a line of its own; empty when it is not locked.
     QString spokenLock() const { return _locked ? '\n' + tr("Locked") : QString(); }
 
+    /// What is hard to see, in words: shows a small sign left of where the lock is. Empty for none.
+    QString finding() const { return _finding; }
+    void setFinding(const QString &finding);
+    QString spokenFinding() const { return _finding.isEmpty() ? QString() : '\n' + _finding; }
+
     void layoutSubviews() override;
     void setSelected(bool selected, bool animated) override;
 
 signals:
     void lockedChanged();
+    void findingChanged();
 
 private:
     bool _locked = false;
+    QString _finding;
     UILabel _name;
     UILabel _description;
     UILabel _colorLabel;

@@ -6,7 +6,7 @@ CustomTableCell {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: cell.name.text
-    Accessible.description: cell.description.text + "\n" + cell.colorLabel.text + cell.spokenLock
+    Accessible.description: cell.description.text + "\n" + cell.colorLabel.text + cell.spokenLock + cell.spokenFinding
     Accessible.focusable: true
     Accessible.focused: cell.focused
     Accessible.selectable: true
@@ -41,6 +41,12 @@ CustomTableCell {
         y: 18
         active: cell.locked
         source: Qt.resolvedUrl("LockMark.qml")
+    }
+    Loader {
+        x: cell.width - width - 21
+        y: 17
+        active: cell.finding !== ""
+        source: Qt.resolvedUrl("FindingMark.qml")
     }
     LabelView {
         label: cell.colorLabel

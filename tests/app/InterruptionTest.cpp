@@ -33,6 +33,10 @@ const std::vector<Flow> flows = {
     {"first save", saveRed, {}, {{}, {"#CC0000FF", "", ""}}},
     {"save without a change", "save --scale=1", saved, {saved}},
     {"set", "set list-background-image=C00", saved, {saved, {"#CC0000FF", "#00B", ""}}},
+    {"check --fix",
+     "check --fix",
+     {"#9AB", "#0A0", ""},
+     {{"#9AB", "#0A0", ""}, {"#3D4B5AFF", "#9AB", ""}}},
     {"restore", "restore", saved, {saved, {"#0A0", "#00B", ""}}},
     {"install", "install Sea", saved, {saved}},
     {"edit", "edit Sea", saved, {saved, {"#C00", "#00B", ""}}},
@@ -44,7 +48,8 @@ struct InterruptionTest : ProgramFixture,
                           testing::WithParamInterface<std::tuple<size_t, std::string>> {
     void SetUp() override
     {
-        putElements({element(color.toUtf8(), "\"#FFF\""), element("other", "\"#123\""),
+        const QByteArray text = element(color.toUtf8(), "\"#FFF\"").chopped(1);
+        putElements({text + ",\"on\":{\"text\":[\"other\"]}}", element("other", "\"#EEE\""),
                      element("unread-indicator-image", "\"#0A0\"")});
         putThemes(resources, themeRecord("Quiet", "Sea"));
         putChoices(resources + "/Sea/Info.plist"_L1, "#C00");

@@ -32,10 +32,7 @@ void PreviewController::presentPage(PreviewModel &model)
 
 void PreviewController::dismissPage()
 {
-    UIWindow *window = UIWindow::keyWindow();
-    // The page's own button may be telling.
-    QMetaObject::invokeMethod(
-        window, [window] { window->presentViewController(nullptr); }, Qt::QueuedConnection);
+    UIWindow::keyWindow()->dismissViewController();
 }
 
 void PreviewController::toggle(PreviewModel &model)
