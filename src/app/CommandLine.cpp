@@ -1,17 +1,15 @@
 #include "app/CommandLine.h"
 
 #include "app/NearestNames.h"
+#include "platform/foundation/ProgramFolder.h"
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMap>
 #include <QRegularExpression>
 #include <QStandardPaths>
-
-#include <sys/auxv.h>
 
 using namespace Qt::StringLiterals;
 
@@ -77,16 +75,6 @@ const QMap<QString, Eyes> eyes{{u"normal"_s, Eyes::Normal},
                                {u"deutan"_s, Eyes::Deutan},
                                {u"tritan"_s, Eyes::Tritan},
                                {u"grey"_s, Eyes::Grey}};
-
-/// Relative to the program's file, so that an installation can be moved as a whole. The kernel
-/// tells which file that is, even to a program started by a bare name where no /proc is mounted.
-QString defaultResources()
-{
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel hands the address out as a number
-    const auto *file = reinterpret_cast<const char *>(getauxval(AT_EXECFN));
-    const QFileInfo program(QFileInfo(QFile::decodeName(file)).canonicalFilePath());
-    return QDir::cleanPath(program.absoluteDir().filePath(QStringLiteral(TINTLOOM_DATA)));
-}
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
 class Reader
@@ -255,7 +243,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.documents =
         reader.folder(u"documents"_s, "TINTLOOM_DOCUMENTS",
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
+    options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES",
+                                      besideProgram(QStringLiteral(TINTLOOM_DATA)));
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
     options.theme = reader.theme();
