@@ -50,7 +50,8 @@ private:
     {
         if (!clause.isEmpty())
             clause[0] = clause[0].toUpper();
-        return clause.endsWith(u'.') ? clause : clause + u'.';
+        // What is to be copied from its last line ends where it ends.
+        return clause.endsWith(u'.') || clause.contains(u'\n') ? clause : clause + u'.';
     }
 
     bool isCancelled() const { return _questions.cancelled && _questions.cancelled(); }

@@ -39,7 +39,10 @@ QString explainAlgorithms(const QString &error, const QString &host)
     if (!match.hasMatch())
         return {};
     const QString method = match.captured(1);
-    const QStringList offered = match.captured(2).split(u',', Qt::SkipEmptyParts);
+    QStringList offered = match.captured(2).split(u',', Qt::SkipEmptyParts);
+    offered.removeIf([](const QString &name) { // signs, not algorithms
+        return name.startsWith("kex-strict-"_L1) || name.startsWith("ext-info-"_L1);
+    });
     const auto *const kind =
         std::ranges::find_if(kinds, [&](const Kind &kind) { return method.contains(kind.sign); });
     QString text =
@@ -53,5 +56,5 @@ QString explainAlgorithms(const QString &error, const QString &host)
         return text + u", none of which this machine knows"_s;
     return text +
            u". That is old and weak; if you trust the network, allow it for this host alone in "
-           "~/.ssh/config:\nHost %1\n    %2 +%3"_s.arg(host, kind->keyword, *usable);
+           "~/.ssh/config:\nHost %1\n    %2 %3"_s.arg(host, kind->keyword, *usable);
 }
