@@ -1,10 +1,8 @@
 #include "theme/ThemePackageWriter.h"
 
-#include "bitmap/UIImage+JTColor.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
-#include "platform/foundation/UIImageJPEGRepresentation.h"
-#include "theme/ColorText.h"
+#include "theme/ThemePictures.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <algorithm>
@@ -13,10 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr float jpegQuality = 0.8F;
 const auto isALink = std::make_error_code(std::errc::too_many_symbolic_link_levels);
-constexpr QRectF listBackgroundRect(0.0, 0.0, 640.0, 1136.0);
-constexpr QRectF unreadIndicatorRect(0.0, 0.0, 24.0, 24.0);
 
 QString textUnder(const PropertyDictionary &dictionary, const QString &key)
 {
@@ -57,13 +52,6 @@ void makeWorkingCopyFolder(const ThemeLocations &locations, SaveReport &report)
     const QString folder = locations.workingCopyFolder();
     report.addFailure(folder, NSFileManager::createDirectoryAtPath(folder));
     NSLog(u"NSDocumentDirectory Theme Path: %@"_s, {locations.workingCopy()});
-}
-
-QByteArray solidJpeg(const PropertyDictionary &dictionary, const QString &key, const QRectF &rect,
-                     double scale)
-{
-    const UIColor color = colorFromHexString(textUnder(dictionary, key));
-    return UIImageJPEGRepresentation(imageWithColorRect(color, rect, scale), jpegQuality);
 }
 
 /// Writes the files of one save, one after the other, and notes for the report what becomes of
@@ -205,10 +193,9 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
     emptyPackageFolder(locations, theme.report);
     makeWorkingCopyFolder(locations, theme.report);
     theme.dictionary = themeDictionary(source);
-    theme.listBackground =
-        solidJpeg(theme.dictionary, source.imageObjects().first(), listBackgroundRect, scale);
-    theme.unreadIndicator =
-        solidJpeg(theme.dictionary, u"unread-indicator-image"_s, unreadIndicatorRect, scale);
+    const ThemePictures pictures = ThemePictures::of(source, theme.dictionary, scale);
+    theme.listBackground = pictures.listBackground;
+    theme.unreadIndicator = pictures.unreadIndicator;
     return theme;
 }
 

@@ -1,0 +1,27 @@
+#include "theme/ThemePictures.h"
+
+#include "bitmap/UIImage+JTColor.h"
+#include "platform/foundation/UIImageJPEGRepresentation.h"
+#include "theme/ColorText.h"
+
+namespace
+{
+constexpr float jpegQuality = 0.8F;
+constexpr QRectF listBackgroundRect(0.0, 0.0, 640.0, 1136.0);
+constexpr QRectF unreadIndicatorRect(0.0, 0.0, 24.0, 24.0);
+
+QByteArray solidJpeg(const PropertyDictionary &dictionary, const QString &key, const QRectF &rect,
+                     double scale)
+{
+    const QVariant *value = dictionary.find(key);
+    const UIColor color = colorFromHexString(value ? PropertyList::textOf(*value) : QString());
+    return UIImageJPEGRepresentation(imageWithColorRect(color, rect, scale), jpegQuality);
+}
+} // namespace
+
+ThemePictures ThemePictures::of(const ElementDataSource &source,
+                                const PropertyDictionary &dictionary, double scale)
+{
+    return {solidJpeg(dictionary, listBackgroundKey(source), listBackgroundRect, scale),
+            solidJpeg(dictionary, unreadIndicatorKey(), unreadIndicatorRect, scale)};
+}
