@@ -10,3 +10,5 @@ complete -c tintloom -n 'string match -qr -- "^--(view|eyes)\$" (commandline -op
 complete -c tintloom -n 'string match -qr -- "^--out\$" (commandline -opc)[-1]' -F
 complete -c tintloom -n 'string match -qr -- "^--(package-root|documents|resources)\$" (commandline -opc)[-1]' \
     -a '(__fish_complete_directories)'
+complete -c tintloom -n '__fish_seen_subcommand_from send' \
+    -a '(set -q TINTLOOM_DOCUMENTS; and set -l folder $TINTLOOM_DOCUMENTS; or set -l folder ~/.local/share/Tintloom; awk -F "[<>]" "/<key>name</ { getline; print \$3 }" $folder/Phones.plist 2>/dev/null)'

@@ -5,6 +5,7 @@
 
 #include "color/ColorVision.h"
 #include "preview/PreviewPicture.h"
+#include "ssh/SshModule.h"
 #include "theme/ThemeLocations.h"
 
 #include <QSizeF>
@@ -15,7 +16,19 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview, Check };
+enum class Command {
+    Window,
+    List,
+    Set,
+    Save,
+    Restore,
+    Themes,
+    Install,
+    Edit,
+    Preview,
+    Check,
+    Send
+};
 
 struct Options {
     Command command = Command::Window;
@@ -28,11 +41,16 @@ struct Options {
     bool json = false;            // list, themes, check
     bool fix = false;             // check
     bool catalogue = false;       // window
-    QString theme;     // install, edit: the name, as typed; preview, check: or a path, or
+    QString theme;     // install, edit: the name, as typed; preview, check, send: or a path, or
                        // empty
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
+    SshAddress phone; // this and the next four: send
+    QString folder;   // of themes, on the phone
+    std::optional<QString> name;
+    QString acceptHost; // fingerprint; empty: ask
+    bool back = false;
     QString out; // the absolute path of a file, or "-" for standard output
 };
 

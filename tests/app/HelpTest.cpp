@@ -2,10 +2,12 @@
 // and the completion of its arguments.
 
 #include "app/CommandLine.h"
+#include "delivery/RememberedPhones.h"
 #include "support/Files.h"
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <set>
 
@@ -29,6 +31,7 @@ std::set<std::string> completed(const QStringList &words)
     QProcess bash;
     const QString script = R"(
         source "$0"; program=$1; shift; words=("$program" "$@")
+        COMP_WORDS=("${words[@]}") COMP_CWORD=$#
         _tintloom "$program" "${words[-1]}" "${words[-2]}"
         printf '%s\n' "${COMPREPLY[@]}")";
     bash.start("bash", QStringList{"-c", script, root + "packaging/completions/tintloom.bash",
@@ -94,4 +97,13 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"preview", "--view", ""}), (Words{"conversation", "list", "both"}));
     EXPECT_EQ(completed({"preview", "--eyes", "d"}), Words{"deutan"});
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
+
+    const QTemporaryDir documents;
+    EXPECT_FALSE(RememberedPhones(documents.path())
+                     .remember({"me@phone:2222", {"phone", 2222, "me"}, "/x"}));
+    qputenv("TINTLOOM_DOCUMENTS", documents.path().toUtf8());
+    EXPECT_EQ(completed({"send", ""}), Words{"me@phone:2222"});
+    EXPECT_EQ(completed({"send", "Midnight", "me"}), Words{"me@phone:2222"});
+    EXPECT_EQ(completed({"se"}), (Words{"send", "set"}));
+    qunsetenv("TINTLOOM_DOCUMENTS");
 }

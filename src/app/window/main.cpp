@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/HeadlessCommands.h"
 #include "app/PreviewCommand.h"
+#include "app/SendCommand.h"
 #include "app/window/AppDelegate.h"
 #include "platform/UIApplication.h"
 #include "platform/foundation/UIScreen.h"
@@ -71,6 +72,8 @@ int main(int argc, char **argv)
         return runPreview(*outcome.options);
     case CommandLine::Command::Check:
         return runCheck(*outcome.options);
+    case CommandLine::Command::Send:
+        return runSend(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }
