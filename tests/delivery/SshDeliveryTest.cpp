@@ -1,6 +1,7 @@
 // Sending to a real server.
 
 #include "delivery/Delivery.h"
+#include "delivery/PasswordServer.h"
 #include "delivery/SshModules.h"
 #include "support/CuttingProxy.h"
 
@@ -259,4 +260,22 @@ TEST_F(SshDeliveryTest, AFullPhoneKeepsTheOldThemeAndItsRoom)
     }
     EXPECT_EQ(send(Files{{"Info.plist", "n"}}, address).status, Status::Done);
     EXPECT_EQ(send(std::nullopt, address).status, Status::Done);
+}
+
+TEST_F(SshDeliveryTest, LetsInByPasswordAlone)
+{
+    for (const int method : {SSH_AUTH_METHOD_PASSWORD, SSH_AUTH_METHOD_INTERACTIVE}) {
+        const PasswordServer strict(server->userKey(), "right", method);
+        const auto connection = SshModules::load().module->connection();
+        ASSERT_TRUE(connection->connect({"127.0.0.1", strict.port(), "mobile"}, {}))
+            << connection->problem().toStdString();
+        EXPECT_EQ(connection->hostKey().standing, SshHostKey::Standing::Unknown);
+        EXPECT_EQ(connection->logInWithKeys({}), SshLogin::Denied);
+        EXPECT_TRUE(connection->takesPassword());
+        EXPECT_EQ(connection->logInWithPassword(Secret("wrong")), SshLogin::Denied);
+        EXPECT_EQ(connection->logInWithPassword(Secret("right")), SshLogin::In)
+            << connection->problem().toStdString();
+        EXPECT_EQ(connection->user(), "mobile");
+        connection->finish();
+    }
 }
