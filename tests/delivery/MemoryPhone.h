@@ -4,6 +4,7 @@
 #include "ssh/Secret.h"
 #include "ssh/SshModule.h"
 
+#include <QByteArrayList>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
