@@ -32,6 +32,8 @@ const std::vector<Ratio> ratios = {
     {"history/10000", "history/1000", 12.0, Clock::Processor},
     {"findings/100000", "findings/10000", 12.0, Clock::Processor},
     {"list_kept/1000", "list_kept_read/1000", 3.0, Clock::Processor},
+    {"send", "send_sftp", 1.3, Clock::Passing},
+    {"send_far", "send_far_sftp", 1.0, Clock::Passing},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.

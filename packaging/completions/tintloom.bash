@@ -16,6 +16,7 @@ _tintloom()
 {
     local program=$1 current=$2 before=$3
     local help kind=
+    local phones=${TINTLOOM_DOCUMENTS:-${XDG_DATA_HOME:-$HOME/.local/share}/Tintloom}/Phones.plist
     help=$("$program" --help 2>/dev/null) || return
     COMPREPLY=()
     [[ $current != *=* && $before != = ]] || return # a value of the user's own
@@ -53,6 +54,9 @@ _tintloom()
             if [[ $current == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "$(sed -n 's/^  \(--[a-z-]*\).*/\1/p' <<<"$help")" \
                     -- "$current")
+            elif [[ ${COMP_WORDS[1]} == send && $COMP_CWORD -gt 1 ]]; then # the phones sent to before
+                mapfile -t COMPREPLY < <(compgen -W "$(awk -F '[<>]' \
+                    '/<key>name</ { getline; print $3 }' "$phones" 2>/dev/null)" -- "$current")
             elif [[ $before == @(install|edit|preview|check|share) ]]; then
                 _tintloom_themes "$program" all "$current"
             elif [[ $before == @(keep|rename|duplicate|remove) ]]; then

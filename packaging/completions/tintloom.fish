@@ -14,3 +14,5 @@ complete -c tintloom -n '__fish_seen_subcommand_from install edit preview check 
     -a '(tintloom themes | sed -n "/^My Themes\$/,/^\$/{s/^[* ] //p;d;}; /Coming soon!\$/d; s/^[* ] \([^ ]\( \{0,1\}[^ ]\)*\)  .*/\1/p")'
 complete -c tintloom -n '__fish_seen_subcommand_from keep rename duplicate remove' \
     -a '(tintloom themes | sed -n "/^My Themes\$/,/^\$/s/^[* ] //p")'
+complete -c tintloom -n '__fish_seen_subcommand_from send' \
+    -a '(set -q TINTLOOM_DOCUMENTS; and set -l folder $TINTLOOM_DOCUMENTS; or set -l folder ~/.local/share/Tintloom; awk -F "[<>]" "/<key>name</ { getline; print \$3 }" $folder/Phones.plist 2>/dev/null)'

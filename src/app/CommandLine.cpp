@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "app/NearestNames.h"
+#include "delivery/PhoneAddress.h"
 #include "platform/foundation/ProgramFolder.h"
 
 #include <QCommandLineParser>
@@ -54,6 +55,10 @@ const QString help = uR"(Usage:
                                         print which colours of the current choices, or of a
                                         theme, are hard to see; --fix changes them in the
                                         current choices, as little as possible
+  tintloom send [options] [THEME] [USER@]HOST[:PORT] [--folder DIR] [--name NAME]
+                [--accept-host FINGERPRINT] [--back]
+                                        send the current choices, or a theme as above, to a
+                                        phone by SSH; --back puts back the one before
 
 Options:
   --package-root DIR  folder that holds themes; default biteThemes in your desktop's
@@ -81,11 +86,18 @@ Options:
   --eyes EYES         preview: draw it as other eyes see it, those that lack the red, the
                       green or the blue cones, or that see greys alone; default normal
   --out FILE          preview: the PNG file to write; - is standard output
+  --folder DIR        send: folder of themes on the phone; default
+                      /var/mobile/Library/biteThemes
+  --name NAME         send: name of the theme there; default its own
+  --accept-host KEY   send: the fingerprint SHA256:... of an unknown phone, to take without
+                      asking
+  --back              send: exchange the theme on the phone and the one before
   --help              print this text
   --version           print the version
 
 Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 3 check
-has found something, 69 no display for a window.
+has found something, 4 the phone's key is not accepted, 5 the phone lets nobody in, 69 no
+display for a window.
 )"_s;
 
 const QMap<QString, PreviewView> views{{u"conversation"_s, PreviewView::Conversation},
@@ -127,7 +139,7 @@ public:
             {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
             {u"keep"_s, Keep},       {u"rename"_s, Rename},   {u"duplicate"_s, Duplicate},
             {u"remove"_s, Remove},   {u"import"_s, Import},   {u"export"_s, Export},
-            {u"share"_s, Share},
+            {u"share"_s, Share},     {u"send"_s, Send},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -139,6 +151,11 @@ public:
             if (words.size() < 2)
                 fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
             return Set;
+        }
+        if (*command == Send) {
+            if (words.size() < 2 || words.size() > 3)
+                fail(u"'send' needs a phone [USER@]HOST[:PORT], after a theme at most"_s);
+            return Send;
         }
         const bool needsTwo = *command == Rename || *command == Duplicate;
         const bool needsTheme = needsTwo || *command == Install || *command == Edit ||
@@ -188,6 +205,27 @@ public:
         if (_parser.isSet(u"as"_s) && name.isEmpty())
             fail(u"--as needs a name"_s);
         return name;
+    }
+
+    /// What `send` is to send, and where.
+    void send(CommandLine::Options &options)
+    {
+        const QStringList words = _parser.positionalArguments().sliced(1);
+        options.theme = words.size() > 1 ? words[0] : QString();
+        if (const auto phone = PhoneAddress::parse(words.last()))
+            options.phone = *phone;
+        else
+            fail(u"'%1' is no [USER@]HOST[:PORT]"_s.arg(words.last()));
+        options.folder = _parser.isSet(u"folder"_s) ? _parser.value(u"folder"_s)
+                                                    : ThemeLocations::phonePackageRoot();
+        if (options.folder.isEmpty())
+            fail(u"--folder needs the name of a folder"_s);
+        if (_parser.isSet(u"name"_s))
+            options.name = _parser.value(u"name"_s);
+        options.acceptHost = _parser.value(u"accept-host"_s);
+        if (_parser.isSet(u"accept-host"_s) && !options.acceptHost.startsWith("SHA256:"_L1))
+            fail(u"--accept-host '%1' is no fingerprint SHA256:..."_s.arg(options.acceptHost));
+        options.back = _parser.isSet(u"back"_s);
     }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
@@ -273,11 +311,11 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
-                             u"fix"_s, u"replace"_s, u"undo"_s})
+                             u"fix"_s, u"replace"_s, u"undo"_s, u"back"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name :
-         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s,
-          u"view"_s, u"eyes"_s, u"out"_s, u"as"_s, u"qr"_s})
+    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
+                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s, u"as"_s,
+                             u"qr"_s, u"folder"_s, u"name"_s, u"accept-host"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
@@ -304,6 +342,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                         options.command == Command::Export,
                     u"replace"_s, u"'keep', 'import' and 'export'"_s);
     reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
+    for (const auto &name : {u"folder"_s, u"name"_s, u"accept-host"_s, u"back"_s})
+        reader.onlyWith(options.command == Command::Send, name, u"'send'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
@@ -333,6 +373,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
         options.eyes = reader.oneOf(u"eyes"_s, eyes, options.eyes);
         options.out = reader.outFile();
     }
+    if (options.command == Command::Send && reader.problem().isEmpty())
+        reader.send(options);
     for (const QString &edit : std::as_const(options.edits)) {
         if (!edit.contains(u'='))
             reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));

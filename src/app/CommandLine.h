@@ -5,6 +5,7 @@
 
 #include "color/ColorVision.h"
 #include "preview/PreviewPicture.h"
+#include "ssh/SshModule.h"
 #include "theme/ThemeLocations.h"
 
 #include <QSizeF>
@@ -32,7 +33,8 @@ enum class Command {
     Export,
     Share,
     Preview,
-    Check
+    Check,
+    Send
 };
 
 struct Options {
@@ -48,13 +50,18 @@ struct Options {
     bool catalogue = false;       // window
     bool replace = false;         // keep, import, export
     bool undo = false;            // remove
-    QString theme;     // install, edit, keep, rename, duplicate, remove: the name, as typed;
-                       // preview, check, export, share: or a path, or empty; import: a path or
-                       // a shared text
-    QString newName;   // rename, duplicate: as typed; import: or empty
-    QStringList edits; // set, save: "KEY=VALUE", as typed
+    QString theme;   // install, edit, keep, rename, duplicate, remove: the name, as typed;
+                     // preview, check, export, share, send: or a path, or empty; import: a path or
+                     // a shared text
+    QString newName; // rename, duplicate: as typed; import: or empty
+    QStringList edits;                    // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
+    SshAddress phone; // this and the next four: send
+    QString folder;   // of themes, on the phone
+    std::optional<QString> name;
+    QString acceptHost; // fingerprint; empty: ask
+    bool back = false;
     QString out; // preview: the absolute path of a file, or "-" for standard output; export: of
                  // a file or folder
     QString qr;  // share: the absolute path of a file, or empty

@@ -1,19 +1,15 @@
 #include "library/Archives.h"
 
-#include "platform/foundation/ProgramFolder.h"
-
-#include <QLibrary>
+#include "platform/foundation/ProgramModule.h"
 
 using namespace Qt::StringLiterals;
 
 Archives::Loading Archives::module()
 {
-    QLibrary library(besideProgram(QStringLiteral(TINTLOOM_MODULES)) + "/tintloom_archives.so"_L1);
-    library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    const auto entry = reinterpret_cast<ArchiveModuleEntry *>(library.resolve(archiveModuleEntry));
+    const auto [entry, problem] = ProgramModule::load(u"archives"_s, archiveModuleEntry);
     if (!entry)
         return {nullptr,
-                u"archives and QR codes need a part of Tintloom that cannot be loaded: %1"_s.arg(
-                    library.errorString())};
-    return {entry(), {}};
+                u"archives and QR codes need a part of Tintloom that cannot be loaded: "_s +
+                    problem};
+    return {reinterpret_cast<ArchiveModuleEntry *>(entry)(), {}};
 }

@@ -3,6 +3,7 @@
 
 #include "app/CommandLine.h"
 #include "library/ThemeLibrary.h"
+#include "delivery/RememberedPhones.h"
 #include "support/Files.h"
 
 #include <QProcess>
@@ -35,6 +36,7 @@ std::set<std::string> completed(const QStringList &words, const QString &documen
     bash.setProcessEnvironment(environment);
     const QString script = R"(
         source "$0"; program=$1; shift; words=("$program" "$@")
+        COMP_WORDS=("${words[@]}") COMP_CWORD=$#
         _tintloom "$program" "${words[-1]}" "${words[-2]}"
         printf '%s\n' "${COMPREPLY[@]}")";
     bash.start("bash", QStringList{"-c", script, root + "packaging/completions/tintloom.bash",
@@ -104,6 +106,15 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
               Words{(root + "README.md").toStdString()});
     EXPECT_EQ(completed({"export", "--re"}), (Words{"--replace", "--resources"}));
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
+
+    const QTemporaryDir documents;
+    EXPECT_FALSE(RememberedPhones(documents.path())
+                     .remember({"me@phone:2222", {"phone", 2222, "me"}, "/x"}));
+    qputenv("TINTLOOM_DOCUMENTS", documents.path().toUtf8());
+    EXPECT_EQ(completed({"send", ""}), Words{"me@phone:2222"});
+    EXPECT_EQ(completed({"send", "Midnight", "me"}), Words{"me@phone:2222"});
+    EXPECT_EQ(completed({"se"}), (Words{"send", "set"}));
+    qunsetenv("TINTLOOM_DOCUMENTS");
 }
 
 TEST(HelpTest, CompletionKnowsTheThemes)

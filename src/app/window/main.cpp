@@ -4,6 +4,7 @@
 #include "app/HeadlessCommands.h"
 #include "app/LibraryCommands.h"
 #include "app/PreviewCommand.h"
+#include "app/SendCommand.h"
 #include "app/SharingCommands.h"
 #include "app/window/AppDelegate.h"
 #include "platform/UIApplication.h"
@@ -87,6 +88,8 @@ int main(int argc, char **argv)
         return runPreview(*outcome.options);
     case CommandLine::Command::Check:
         return runCheck(*outcome.options);
+    case CommandLine::Command::Send:
+        return runSend(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }
