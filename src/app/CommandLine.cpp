@@ -40,6 +40,16 @@ const QString help = uR"(Usage:
                                         print which colours of the current choices, or of a
                                         theme, are hard to see; --fix changes them in the
                                         current choices, as little as possible
+  tintloom palette [options] PICTURE [--json]
+                                        print the colours of a picture that can lead a
+                                        theme, the best first
+  tintloom generate [options] (--color COLOR | --picture FILE | --seed N)
+                    [--base THEME] [--light | --dark]
+                    [--harmony single|analogous|split|triadic|complementary]
+                    [--strength S] [--lock KEY]... [--dry-run]
+                                        give the current choices, or a theme's, the
+                                        colours of a new theme that is led by that one;
+                                        what is locked stays
 
 Options:
   --package-root DIR  folder that holds themes; default biteThemes in your desktop's
@@ -54,7 +64,7 @@ Options:
                       8192x8192; default 320x568, or what a wide window leaves for it
   --no-preview        open the window without the preview beside the screen
   --catalogue         open the window on the catalogue
-  --json              list, themes, check: print one JSON array
+  --json              list, themes, check, palette: print one JSON array
   --fix               check: mend what is found in the current choices, and print the rest
   --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
                       remove the colour, or the label of an option; may be repeated
@@ -62,6 +72,18 @@ Options:
   --eyes EYES         preview: draw it as other eyes see it, those that lack the red, the
                       green or the blue cones, or that see greys alone; default normal
   --out FILE          preview: the PNG file to write; - is standard output
+  --color COLOR       generate: the colour to lead, which the green balloons get; hexadecimal
+                      digits, rgb(R, G, B) or a name
+  --picture FILE      generate: the picture whose best colour is to lead
+  --seed N            generate: a number that colour, harmony and tone are drawn by
+  --base THEME        generate: a theme to start from, named as above; default the current
+                      choices
+  --light             generate: turn a dark base into a light one
+  --dark              generate: turn a light base into a dark one
+  --harmony HARMONY   generate: how far the other hues are from the first; default single
+  --strength S        generate: how much of it all, 0 to 1; default 1
+  --lock KEY          generate: an element to leave as it is; may be repeated
+  --dry-run           generate: print the choices as "list --json" would, and change nothing
   --help              print this text
   --version           print the version
 
@@ -113,9 +135,10 @@ public:
             return CommandLine::Command::Window;
         using enum CommandLine::Command;
         static const QMap<QString, CommandLine::Command> commands{
-            {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
-            {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
-            {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
+            {u"list"_s, List},       {u"set"_s, Set},           {u"save"_s, Save},
+            {u"restore"_s, Restore}, {u"themes"_s, Themes},     {u"install"_s, Install},
+            {u"edit"_s, Edit},       {u"preview"_s, Preview},   {u"check"_s, Check},
+            {u"palette"_s, Palette}, {u"generate"_s, Generate},
         };
         const auto command = commands.constFind(words[0]);
         if (command == commands.cend()) {
@@ -130,18 +153,20 @@ public:
         }
         const bool needsTheme = *command == Install || *command == Edit;
         const bool mayHaveTheme = needsTheme || *command == Preview || *command == Check;
-        const qsizetype expected = mayHaveTheme ? 2 : 1;
+        const qsizetype expected = mayHaveTheme || *command == Palette ? 2 : 1;
         if (words.size() > expected)
             fail(u"unexpected argument '%1'"_s.arg(words[expected]));
         else if (words.size() < expected && needsTheme)
             fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
+        else if (words.size() < expected && *command == Palette)
+            fail(u"'palette' needs a picture"_s);
         return *command;
     }
 
     /// What `set` is to do.
     QStringList edits() const { return _parser.positionalArguments().sliced(1); }
-    /// What `install`, `edit`, `preview` and `check` are to work on.
-    QString theme() const { return _parser.positionalArguments().value(1); }
+    /// What `install`, `edit`, `preview`, `check` and `palette` are to work on.
+    QString subject() const { return _parser.positionalArguments().value(1); }
 
     void onlyWith(bool allowed, const QString &option, const QString &command)
     {
@@ -225,11 +250,13 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name :
-         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s})
+    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
+                             u"fix"_s, u"light"_s, u"dark"_s, u"dry-run"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
-                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s})
+    for (const auto &name :
+         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s, u"screen"_s, u"set"_s,
+          u"view"_s, u"eyes"_s, u"out"_s, u"color"_s, u"picture"_s, u"seed"_s, u"base"_s,
+          u"harmony"_s, u"strength"_s, u"lock"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
@@ -242,14 +269,17 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     Options options;
     options.command = reader.command();
     reader.onlyWith(options.command == Command::List || options.command == Command::Themes ||
-                        options.command == Command::Check,
-                    u"json"_s, u"'list', 'themes' and 'check'"_s);
+                        options.command == Command::Check || options.command == Command::Palette,
+                    u"json"_s, u"'list', 'themes', 'check' and 'palette'"_s);
     reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
         reader.onlyWith(options.command == Command::Window, name, u"the window"_s);
     reader.onlyWith(options.command == Command::Save, u"set"_s, u"'save'"_s);
     for (const auto &name : {u"view"_s, u"eyes"_s, u"out"_s})
         reader.onlyWith(options.command == Command::Preview, name, u"'preview'"_s);
+    for (const auto &name : {u"color"_s, u"picture"_s, u"seed"_s, u"base"_s, u"light"_s, u"dark"_s,
+                             u"harmony"_s, u"strength"_s, u"lock"_s, u"dry-run"_s})
+        reader.onlyWith(options.command == Command::Generate, name, u"'generate'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
@@ -258,7 +288,11 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.resources = reader.folder(u"resources"_s, "TINTLOOM_RESOURCES", defaultResources());
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
-    options.theme = reader.theme();
+    if (options.command == Command::Palette)
+        options.picture = reader.subject();
+    else
+        options.theme =
+            options.command == Command::Generate ? parser.value(u"base"_s) : reader.subject();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
@@ -272,6 +306,9 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
         options.eyes = reader.oneOf(u"eyes"_s, eyes, options.eyes);
         options.out = reader.outFile();
     }
+    if (options.command == Command::Generate)
+        options.generate = GenerateOptions::read(
+            parser, [&reader](const QString &problem) { reader.fail(problem); });
     for (const QString &edit : std::as_const(options.edits)) {
         if (!edit.contains(u'='))
             reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));

@@ -3,6 +3,7 @@
 // Parsing needs no application object and touches no global state but the environment.
 #pragma once
 
+#include "app/GenerateOptions.h"
 #include "color/ColorVision.h"
 #include "preview/PreviewPicture.h"
 #include "theme/ThemeLocations.h"
@@ -15,7 +16,20 @@
 
 namespace CommandLine
 {
-enum class Command { Window, List, Set, Save, Restore, Themes, Install, Edit, Preview, Check };
+enum class Command {
+    Window,
+    List,
+    Set,
+    Save,
+    Restore,
+    Themes,
+    Install,
+    Edit,
+    Preview,
+    Check,
+    Palette,
+    Generate
+};
 
 struct Options {
     Command command = Command::Window;
@@ -25,15 +39,17 @@ struct Options {
     double scale = 2.0;           // pixels per point of the written images, 1 to 8
     std::optional<QSizeF> screen; // points; of the stage
     bool preview = true;          // window: whether it may stand beside the stage
-    bool json = false;            // list, themes, check
+    bool json = false;            // list, themes, check, palette
     bool fix = false;             // check
     bool catalogue = false;       // window
-    QString theme;     // install, edit: the name, as typed; preview, check: or a path, or
-                       // empty
+    QString theme;     // install, edit: the name, as typed; preview, check, generate: or a path,
+                       // or empty
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
-    QString out; // the absolute path of a file, or "-" for standard output
+    QString picture;          // palette: a file, as typed
+    GenerateOptions generate; // generate
+    QString out;              // the absolute path of a file, or "-" for standard output
 };
 
 struct Outcome {

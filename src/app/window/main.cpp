@@ -1,7 +1,9 @@
 #include "app/CatalogueCommands.h"
 #include "app/CheckCommand.h"
 #include "app/CommandLine.h"
+#include "app/GenerateCommand.h"
 #include "app/HeadlessCommands.h"
+#include "app/PaletteCommand.h"
 #include "app/PreviewCommand.h"
 #include "app/window/AppDelegate.h"
 #include "platform/UIApplication.h"
@@ -71,6 +73,10 @@ int main(int argc, char **argv)
         return runPreview(*outcome.options);
     case CommandLine::Command::Check:
         return runCheck(*outcome.options);
+    case CommandLine::Command::Palette:
+        return runPalette(*outcome.options);
+    case CommandLine::Command::Generate:
+        return runGenerate(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }
