@@ -5,8 +5,9 @@
 const std::map<std::string, Fuzz::Target> &Fuzz::targets()
 {
     static const std::map<std::string, Target> targets = {
-        {"ColorText", colorText}, {"ElementDataSource", elementDataSource},
-        {"HexField", hexField},   {"PropertyList", propertyList},
+        {"ColorText", colorText},       {"ElementDataSource", elementDataSource},
+        {"HexField", hexField},         {"Picture", picture},
+        {"PropertyList", propertyList}, {"ThemeGenerator", themeGenerator},
         {"ThemeList", themeList},
     };
     return targets;

@@ -19,7 +19,9 @@ using Target = std::function<void(const QByteArray &)>;
 void colorText(const QByteArray &bytes);
 void elementDataSource(const QByteArray &bytes);
 void hexField(const QByteArray &bytes);
+void picture(const QByteArray &bytes);
 void propertyList(const QByteArray &bytes);
+void themeGenerator(const QByteArray &bytes);
 void themeList(const QByteArray &bytes);
 
 /// By the name of their folder of seeds.

@@ -10,18 +10,6 @@
 #include <numbers>
 #include <utility>
 
-namespace
-{
-/// How many are true that were not so before.
-int countMore(const std::vector<bool> &now, const std::vector<bool> &before)
-{
-    int more = 0;
-    for (size_t index = 0; index < now.size(); ++index)
-        more += now[index] && !before[index];
-    return more;
-}
-} // namespace
-
 /// One theme on its way from the base to the wish.
 class ThemeGenerator::Making
 {
@@ -191,9 +179,9 @@ ThemeGenerator::ThemeGenerator(ElementDataSource elements, std::set<int> locked,
       _original(_elements),
       _relations(_original.relations()),
       _likenesses(likenesses(_original)),
+      _unmet(unmetIn(_original)),
       _start(inTone(tone)),
-      _base(findings(_start).empty() ? _start : mended(_start, {})),
-      _unmet(unmetIn(_base)),
+      _base(readable(_start)),
       _tone(_base, _relations),
       _harmony(_base)
 {
@@ -207,17 +195,25 @@ std::optional<int> ThemeGenerator::usualElement(const ElementDataSource &element
 ThemeColors ThemeGenerator::inTone(Tone tone) const
 {
     const ThemeTone groups(_original, _relations);
-    const std::vector<bool> before = unmetIn(_original);
     using enum ThemeTone::Locked;
     for (const auto what : {ElementsStay, GroupsStay}) {
         ThemeColors colors = _original;
         if (!groups.turn(colors, tone, _locked, what))
             break;
         colors = mended(colors, {});
-        if (countMore(unmetIn(colors), before) == 0)
+        if (worseBy(colors) == 0)
             return colors;
     }
     return _original;
+}
+
+ThemeColors ThemeGenerator::readable(const ThemeColors &colors) const
+{
+    if (findings(colors).empty())
+        return colors;
+    // What is seen through, or left to the phone, may be upset by what mends something else.
+    ThemeColors better = mended(colors, {});
+    return worseBy(better) == 0 ? better : colors;
 }
 
 ThemeColors ThemeGenerator::mended(const ThemeColors &colors, std::optional<int> picked) const
@@ -245,7 +241,11 @@ std::vector<bool> ThemeGenerator::unmetIn(const ThemeColors &colors) const
 
 int ThemeGenerator::worseBy(const ThemeColors &colors) const
 {
-    return countMore(unmetIn(colors), _unmet);
+    const std::vector<bool> unmet = unmetIn(colors);
+    int worse = 0;
+    for (size_t demand = 0; demand < unmet.size(); ++demand)
+        worse += unmet[demand] && !_unmet[demand];
+    return worse;
 }
 
 std::optional<int> ThemeGenerator::pickedOf(const ThemeWish &wish) const
@@ -283,22 +283,27 @@ GeneratedTheme ThemeGenerator::generate(const ThemeWish &wish) const
 {
     if (!(wish.strength > 0.0))
         return result(_start, findings(_start));
-    ThemeColors colors = Making(*this, wish).colors();
-    std::vector<Finding> found = findings(colors);
-    if (found.empty() || worseBy(colors) == 0)
-        return result(colors, std::move(found));
+    ThemeColors best = Making(*this, wish).colors();
+    std::vector<Finding> found = findings(best);
+    int least = found.empty() ? 0 : worseBy(best);
     const auto picked = pickedOf(wish);
-    colors = mended(colors, picked);
-    if (worseBy(colors) > 0) {
+    const auto offer = [&](const ThemeColors &colors) {
+        if (const int worse = worseBy(colors); worse < least) {
+            least = worse;
+            best = colors;
+        }
+    };
+    if (least > 0)
+        offer(mended(best, picked));
+    if (least > 0) {
         // Rather the base, and in it the picked colour alone, than something unreadable.
         ThemeColors careful = _base;
         if (picked)
             careful.setColor(*picked, wish.color);
-        careful = mended(careful, picked);
-        if (worseBy(careful) < worseBy(colors))
-            colors = careful;
+        offer(careful);
+        offer(mended(careful, picked));
     }
-    return result(colors, findings(colors));
+    return result(best, found.empty() ? std::move(found) : findings(best));
 }
 
 DrawnWish drawnWish(quint64 seed, Tone tone)

@@ -58,10 +58,11 @@ private:
     class Making;
 
     ThemeColors inTone(Tone tone) const;
+    ThemeColors readable(const ThemeColors &colors) const;
     ThemeColors mended(const ThemeColors &colors, std::optional<int> picked) const;
     /// By relation, and then by likeness and eyes.
     std::vector<bool> unmetIn(const ThemeColors &colors) const;
-    /// How much is unmet that is not so in the base.
+    /// How much is unmet that was not so in the original.
     int worseBy(const ThemeColors &colors) const;
     std::optional<int> pickedOf(const ThemeWish &wish) const;
     int leaderOf(const ThemeWish &wish) const;
@@ -72,9 +73,9 @@ private:
     const ThemeColors _original;
     const std::vector<ThemeRelation> _relations;
     const std::vector<ThemeLikeness> _likenesses;
+    const std::vector<bool> _unmet; // in the original
     const ThemeColors _start;       // in the tone asked for; readable unless it is the original
-    const ThemeColors _base;        // readable
-    const std::vector<bool> _unmet; // in the base
+    const ThemeColors _base;        // readable, where that can be had
     const ThemeTone _tone;          // of the base
     const ThemeHarmony _harmony;    // over it
 };

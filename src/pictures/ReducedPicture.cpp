@@ -77,6 +77,9 @@ ReducedPicture ReducedPicture::parse(const QByteArray &bytes, int longerSide)
     QImage image = reader.read().convertToFormat(QImage::Format_ARGB32);
     if (image.isNull())
         return refused(u"it is cut off or damaged: "_s + reader.errorString());
+    // The frames of an animated one may be larger than it says.
+    if (std::max(image.width(), image.height()) > longerSide)
+        image = image.scaled(longerSide, longerSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (image.colorSpace().isValid())
         image.convertToColorSpace(QColorSpace::SRgb);
     return {image.convertToFormat(QImage::Format_ARGB32), {}};
