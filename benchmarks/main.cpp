@@ -31,6 +31,10 @@ const std::vector<Ratio> ratios = {
     // Ten times the steps; a step must not cost more for those before it.
     {"history/10000", "history/1000", 12.0, Clock::Processor},
     {"findings/100000", "findings/10000", 12.0, Clock::Processor},
+    {"palette", "palette_decode", 1.3, Clock::Processor},
+    {"quantize", "quantize_opencv", 1.0 / 5.0, Clock::Processor},
+    // A theme of one colour, and what the least part of it takes: a look at what is hard to see.
+    {"generate", "findings_shipped", {}, Clock::Processor},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.
