@@ -46,34 +46,35 @@ ThemeHarmony::ThemeHarmony(const ThemeColors &base) : _members(size_t(base.count
             member.place = member.mean = oklchFromOklab(oklabFromRgb(*color));
         }
     using enum ThemeColors::Known;
-    const auto set = [&](ThemeColors::Known known, Part part, bool isQuiet) {
+    const auto set = [&](ThemeColors::Known known, Role role, bool isQuiet) {
         if (const auto index = base.known(known)) {
-            _members[size_t(*index)].part = part;
+            _members[size_t(*index)].role = role;
             _members[size_t(*index)].isQuiet = isQuiet;
         }
     };
     for (const auto known : {GreenBalloon1, GreenBalloon2})
-        set(known, Part::Lead, false);
+        set(known, Role::Lead, false);
     for (const auto known : {BlueBalloon1, BlueBalloon2})
-        set(known, Part::Second, false);
+        set(known, Role::Second, false);
     for (const auto known : {GrayBalloon1, GrayBalloon2, ListBackground, ListName})
-        set(known, Part::Lead, true);
+        set(known, Role::Lead, true);
     for (const auto known : {UnreadIndicator, UnreadName})
-        set(known, Part::Third, false);
-    for (const auto first : {GreenBalloon1, BlueBalloon1, GrayBalloon1}) {
-        const auto one = base.known(first), other = base.known(ThemeColors::Known(first + 1));
-        if (!one || !other)
-            continue;
-        Member &upper = _members[size_t(*one)], &lower = _members[size_t(*other)];
-        upper.partner = *other;
-        lower.partner = *one;
-        const OKLab sum{upper.place.lightness + lower.place.lightness,
-                        oklabFromOklch(upper.place).a + oklabFromOklch(lower.place).a,
-                        oklabFromOklch(upper.place).b + oklabFromOklch(lower.place).b};
-        upper.mean =
-            lower.mean = {sum.lightness / 2.0, std::max(upper.place.chroma, lower.place.chroma),
-                          std::atan2(sum.b, sum.a)};
-    }
+        set(known, Role::Third, false);
+    for (const auto first : {GreenBalloon1, BlueBalloon1, GrayBalloon1})
+        if (const auto one = base.known(first), other = base.known(ThemeColors::Known(first + 1));
+            one && other)
+            pair(*one, *other);
+}
+
+void ThemeHarmony::pair(int one, int other)
+{
+    Member &upper = _members[size_t(one)], &lower = _members[size_t(other)];
+    upper.partner = other;
+    lower.partner = one;
+    const OKLab first = oklabFromOklch(upper.place), second = oklabFromOklch(lower.place);
+    upper.mean = lower.mean = {(first.lightness + second.lightness) / 2.0,
+                               std::max(upper.place.chroma, lower.place.chroma),
+                               std::atan2(first.b + second.b, first.a + second.a)};
 }
 
 double ThemeHarmony::offsetOf(const Member &member, const Member &leader, Harmony harmony) const
@@ -81,9 +82,9 @@ double ThemeHarmony::offsetOf(const Member &member, const Member &leader, Harmon
     const double offset = degreesOf(harmony) * degree;
     if (&member == &leader || (member.partner >= 0 && &_members[size_t(member.partner)] == &leader))
         return 0.0;
-    if (member.part == Part::Second || member.part == Part::Third)
-        return member.part == Part::Second ? offset : -offset;
-    if (member.part == Part::Lead || member.place.chroma < leastChroma ||
+    if (member.role == Role::Second || member.role == Role::Third)
+        return member.role == Role::Second ? offset : -offset;
+    if (member.role == Role::Lead || member.place.chroma < leastChroma ||
         leader.mean.chroma < leastChroma)
         return 0.0;
     const double apart = between(member.mean.hue, leader.mean.hue);
@@ -97,7 +98,7 @@ OKLCh ThemeHarmony::placeOf(int index, const OKLCh &lead, int leader, Harmony ha
     const Member &member = _members[size_t(index)];
     const Member &leading = _members[size_t(leader)];
     const bool isGrey = lead.chroma < leastChroma;
-    if (isGrey && member.part == Part::Third)
+    if (isGrey && member.role == Role::Third)
         return {member.place.lightness, quietAccentChroma, quietAccentHue};
     const double growth =
         std::min(lead.chroma / std::max(leading.mean.chroma, leastChroma), mostGrowth);

@@ -32,14 +32,15 @@ public:
     int partnerOf(int index) const { return _members[size_t(index)].partner; }
 
 private:
-    enum class Part { Any, Lead, Second, Third };
+    enum class Role { Any, Lead, Second, Third };
     struct Member {
         OKLCh place{};
         OKLCh mean{}; // of its family; chroma is the greatest in it
-        Part part = Part::Any;
+        Role role = Role::Any;
         bool isQuiet = true; // was grey, and may stay so
         int partner = -1;
     };
+    void pair(int one, int other);
     double offsetOf(const Member &member, const Member &leader, Harmony harmony) const;
 
     std::vector<Member> _members; // by element; of those without a colour, greys

@@ -4,7 +4,7 @@
 #include "app/ElementEdits.h"
 #include "app/HeadlessCommands.h"
 #include "app/OpenKeeper.h"
-#include "app/PictureLead.h"
+#include "app/PaletteOfPicture.h"
 #include "app/StandardStreams.h"
 #include "app/ThemeSubject.h"
 #include "app/WriteChoices.h"

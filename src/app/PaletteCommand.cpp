@@ -1,6 +1,6 @@
 #include "app/PaletteCommand.h"
 
-#include "app/PictureLead.h"
+#include "app/PaletteOfPicture.h"
 #include "app/StandardStreams.h"
 #include "theme/ColorText.h"
 

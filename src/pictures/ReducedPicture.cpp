@@ -55,7 +55,7 @@ ReducedPicture ReducedPicture::read(const QString &path, int longerSide)
 
 ReducedPicture ReducedPicture::parse(const QByteArray &bytes, int longerSide)
 {
-    QImageReader::setAllocationLimit(mostMegabytes); // of the program; nobody else reads pictures
+    QImageReader::setAllocationLimit(mostMegabytes); // the whole program's; its own are small
     QBuffer buffer;
     buffer.setData(bytes);
     QImageReader reader(&buffer);

@@ -1,6 +1,5 @@
 #include "advice/ThemeGenerator.h"
 
-#include "advice/FixAll.h"
 #include "support/ThemeFixture.h"
 #include "theme/ColorText.h"
 
@@ -9,12 +8,9 @@
 
 namespace
 {
-ElementDataSource shipped(const QMap<QString, QString> &choices = {})
+ElementDataSource shipped()
 {
-    PropertyDictionary saved;
-    for (auto choice = choices.begin(); choice != choices.end(); ++choice)
-        saved.setValue(choice.key(), choice.value());
-    return ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, &saved);
+    return ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, nullptr);
 }
 
 /// The document's own colours, and every ready-made theme.
@@ -46,11 +42,6 @@ int indexOf(const ElementDataSource &elements, const QString &key)
 OKLCh placeOf(QRgb color)
 {
     return oklchFromOklab(oklabFromRgb(color));
-}
-
-double degrees(double radians)
-{
-    return std::remainder(radians * 180.0 / M_PI, 360.0);
 }
 
 bool isEqual(const GeneratedTheme &one, const GeneratedTheme &other)
@@ -103,7 +94,7 @@ TEST(ThemeGenerator, MakesReadableThemesOfAnyColorFromAnyReadyMadeOne)
     const std::vector<ElementDataSource> bases = readyMade();
     ASSERT_EQ(bases.size(), 15U);
     std::mt19937 random(17);
-    for (int round = 0; round < 3000; ++round) {
+    for (int round = 0; round < 2000; ++round) {
         const ElementDataSource &base = bases[random() % bases.size()];
         const auto tone = Tone(random() % 3);
         const ThemeGenerator generator(base, {}, tone);
@@ -136,13 +127,6 @@ TEST(ThemeGenerator, HoldsTheLightOfWhatThePickedColorLeavesAlone)
                 const double ratio = contrastRatio(*before.color(index), *after.color(index));
                 EXPECT_LT(ratio, 1.08) << base.tableSource()[size_t(index)].key.toStdString();
             }
-            // The same colour as before asks nothing of anybody.
-            const ThemeColors same =
-                expectSound(base, {}, generator, {*before.color(picked), picked});
-            for (int index = 0; index < before.count(); ++index)
-                EXPECT_LT(
-                    contrastRatio(before.color(index).value_or(0), same.color(index).value_or(0)),
-                    1.08);
         }
     }
 }
@@ -169,7 +153,7 @@ TEST(ThemeGenerator, IsNoWorseThanAnyBaseWhateverIsLocked)
     std::mt19937 random(23);
     ThemeDocument document(shipped());
     int mended = 0;
-    for (int round = 0; round < 150; ++round) {
+    for (int round = 0; round < 60; ++round) {
         SCOPED_TRACE(round);
         ThemeDocument::Changes choices;
         for (int index = 0; index < document.count(); ++index) {
@@ -200,115 +184,96 @@ TEST(ThemeGenerator, IsNoWorseThanAnyBaseWhateverIsLocked)
         if (testing::Test::HasFailure())
             return;
     }
-    EXPECT_GT(mended, 500);
+    EXPECT_GT(mended, 200);
 }
 
 TEST(ThemeGenerator, MovesFamiliesByTheHarmony)
 {
-    const ElementDataSource base =
-        shipped({{"green-balloon-colors_1", "#8EEBB0"}, {"green-balloon-colors_2", "#46CFB0"}});
-    const ThemeGenerator generator(base, {});
-    const QRgb rose = 0xFFF0A0B8;
-    const struct {
-        Harmony harmony;
-        double offset;
-    } cases[] = {{Harmony::Single, 0.0},
-                 {Harmony::Analogous, 30.0},
-                 {Harmony::Split, 150.0},
-                 {Harmony::Triadic, 120.0},
-                 {Harmony::Complementary, 180.0}};
-    for (const auto &[harmony, offset] : cases) {
-        const ThemeColors colors =
-            applied(base, generator.generate({rose, generator.usualElement(base), harmony}));
-        const auto hueFromLead = [&](const QString &key) {
-            const OKLCh place = placeOf(*colors.color(indexOf(base, key)));
-            EXPECT_GT(place.chroma, 0.02) << key.toStdString();
-            return degrees(place.hue - placeOf(rose).hue);
-        };
-        const auto expectHue = [&](const QString &key, double expected) {
-            EXPECT_NEAR(std::remainder(hueFromLead(key) - expected, 360.0), 0.0, 12.0)
-                << key.toStdString() << " by " << offset;
-        };
-        expectHue("blue-balloon-colors_1", offset);
-        expectHue("blue-balloon-colors_2", offset);
-        expectHue("unread-indicator-image", -offset);
-        expectHue("navigation-bar-color", 0.0);
-        // The two ends of the base's green differ by some degrees, and go on to.
-        const auto hueIn = [&](const ThemeColors &of, const char *key) {
-            return placeOf(*of.color(indexOf(base, key))).hue;
-        };
-        const ThemeColors before(base);
-        const double mean = std::atan2(oklabFromRgb(0xFF8EEBB0).b + oklabFromRgb(0xFF46CFB0).b,
-                                       oklabFromRgb(0xFF8EEBB0).a + oklabFromRgb(0xFF46CFB0).a);
-        EXPECT_NEAR(degrees(hueIn(colors, "green-balloon-colors_2") - placeOf(rose).hue),
-                    degrees(hueIn(before, "green-balloon-colors_2") - mean), 3.0);
-    }
-}
-
-TEST(ThemeGenerator, OfAGreyIsGreyWithAQuietAccent)
-{
     const ElementDataSource base = shipped();
     const ThemeGenerator generator(base, {});
-    const ThemeColors colors =
+    const QRgb rose = 0xFFF0A0B8;
+    const auto hue = [&base](const ThemeColors &colors, const char *key) {
+        return placeOf(*colors.color(indexOf(base, key))).hue;
+    };
+    const auto degreesBetween = [](double one, double other) {
+        return std::abs(std::remainder((one - other) * 180.0 / M_PI, 360.0));
+    };
+    const double offsets[] = {0.0, 30.0, 150.0, 120.0, 180.0}; // in the order of the harmonies
+    for (int harmony = 0; harmony < 5; ++harmony) {
+        const ThemeColors colors = applied(
+            base, generator.generate({rose, generator.usualElement(base), Harmony(harmony)}));
+        const double lead = placeOf(rose).hue, offset = offsets[harmony] * M_PI / 180.0;
+        for (const auto &[key, expected] : {std::pair("blue-balloon-colors_1", offset),
+                                            {"blue-balloon-colors_2", offset},
+                                            {"unread-indicator-image", -offset},
+                                            {"green-balloon-colors_2", 0.0}})
+            EXPECT_LT(degreesBetween(hue(colors, key), lead + expected), 12.0) << key << harmony;
+    }
+    // The two ends of a balloon keep their distance, and their mean is led.
+    PropertyDictionary saved;
+    saved.setValue("blue-balloon-colors_2", "#8F7BF2");
+    const auto apart = ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, &saved);
+    const ThemeHarmony families{ThemeColors(apart)};
+    const int one = indexOf(apart, "blue-balloon-colors_1"), other = one + 1;
+    const auto placed = [&](int index) {
+        return families.placeOf(index, {0.7, 0.2, 1.0}, *generator.usualElement(apart),
+                                Harmony::Triadic);
+    };
+    const OKLab first = oklabFromOklch(placed(one)), second = oklabFromOklch(placed(other));
+    EXPECT_LT(
+        degreesBetween(std::atan2(first.b + second.b, first.a + second.a), 1.0 + 2.0 * M_PI / 3.0),
+        3.0);
+    EXPECT_NEAR(degreesBetween(placed(other).hue, placed(one).hue),
+                degreesBetween(families.baseOf(other).hue, families.baseOf(one).hue), 1e-6);
+    EXPECT_GT(degreesBetween(placed(other).hue, placed(one).hue), 10.0);
+    // Of a grey everything is grey, but for a quiet accent.
+    const ThemeColors grey =
         applied(base, generator.generate({0xFFB0B0B0, generator.usualElement(base)}));
-    for (int index = 0; index < colors.count(); ++index) {
-        if (!colors.color(index))
-            continue;
+    for (int index = 0; index < grey.count(); ++index) {
         const QString key = base.tableSource()[size_t(index)].key;
-        const double chroma = placeOf(*colors.color(index)).chroma;
-        if (key.startsWith("unread"))
-            EXPECT_NEAR(chroma, 0.04, 0.01) << key.toStdString();
-        else
-            EXPECT_LT(chroma, 0.01) << key.toStdString();
+        EXPECT_NEAR(placeOf(grey.color(index).value_or(0)).chroma,
+                    key.startsWith("unread") ? 0.04 : 0.0, 0.01)
+            << key.toStdString();
     }
 }
 
 TEST(ThemeGenerator, TurnsRoundWhatThePickedColorRulesOut)
 {
     const ElementDataSource base = shipped();
-    const ThemeGenerator generator(base, {});
-    const auto lightness = [&base](const ThemeColors &colors, const QString &key) {
-        return placeOf(*colors.color(indexOf(base, key))).lightness;
+    const auto expectLightness = [&base](const ThemeColors &colors, double least, double most,
+                                         std::initializer_list<const char *> keys) {
+        for (const char *key : keys) {
+            const double lightness = placeOf(*colors.color(indexOf(base, key))).lightness;
+            EXPECT_TRUE(lightness > least && lightness < most) << key << ": " << lightness;
+        }
     };
     // No dark text can be read on it: the balloons are turned with it, and nothing else.
+    const ThemeGenerator generator(base, {});
     const ThemeColors night =
         applied(base, generator.generate({0xFF201040, generator.usualElement(base)}));
-    EXPECT_GT(lightness(night, "balloon-text-color"), 0.85);
-    for (const QString key : {"green-balloon-colors_2", "blue-balloon-colors_1",
-                              "blue-balloon-colors_2", "gray-balloon-colors_1"})
-        EXPECT_LT(lightness(night, key), 0.5) << key.toStdString();
-    EXPECT_GT(lightness(night, "list-background-image"), 0.9);
-    EXPECT_GT(lightness(night, "conversation-background-color"), 0.9);
+    expectLightness(night, 0.0, 0.5,
+                    {"green-balloon-colors_2", "blue-balloon-colors_1", "gray-balloon-colors_1"});
+    expectLightness(night, 0.85, 1.0, {"balloon-text-color", "list-background-image"});
 
     const ThemeWish wish{0xFF30506A, std::nullopt};
-    const ThemeColors dark = applied(base, ThemeGenerator(base, {}, Tone::Dark).generate(wish));
-    for (const QString key : {"list-background-image", "conversation-background-color",
-                              "composer-background-color", "navigation-bar-color"})
-        EXPECT_LT(lightness(dark, key), 0.45) << key.toStdString();
+    expectLightness(applied(base, ThemeGenerator(base, {}, Tone::Dark).generate(wish)), 0.0, 0.45,
+                    {"list-background-image", "composer-background-color", "navigation-bar-color"});
     EXPECT_TRUE(
         isEqual(ThemeGenerator(base, {}, Tone::Light).generate(wish), generator.generate(wish)));
-    // Nothing to work on.
     EXPECT_TRUE(ThemeGenerator(ElementDataSource(), {}).generate(wish).changes.empty());
-    EXPECT_TRUE(ThemeGenerator(base, {}).generate({wish.color, 6}).left.empty()) << "an option";
+    EXPECT_TRUE(generator.generate({wish.color, 6}).left.empty()) << "an option gets no colour";
 }
 
 TEST(ThemeGenerator, DrawsTheSameOfASeed)
 {
     std::set<QRgb> colors;
-    std::set<Harmony> harmonies;
-    std::set<Tone> tones;
     for (quint64 seed = 0; seed < 200; ++seed) {
         const DrawnWish drawn = drawnWish(seed);
-        EXPECT_EQ(drawn.color, drawnWish(seed).color);
-        EXPECT_EQ(drawnWish(seed, Tone::Dark).tone, Tone::Dark);
         EXPECT_EQ(placeOf(drawn.color).lightness > 0.6, drawn.tone == Tone::Light);
+        EXPECT_EQ(drawnWish(seed, Tone::Dark).tone, Tone::Dark);
         colors.insert(drawn.color);
-        harmonies.insert(drawn.harmony);
-        tones.insert(drawn.tone);
     }
     EXPECT_EQ(colors.size(), 200U);
-    EXPECT_EQ(harmonies.size(), 5U);
-    EXPECT_EQ(tones, (std::set{Tone::Light, Tone::Dark}));
-    // What every machine draws of it.
-    EXPECT_EQ(hexStringForRgb(drawnWish(1).color).toStdString(), "#006F78FF");
+    // On every machine.
+    EXPECT_EQ(drawnWish(1).color, 0xFF006F78);
 }

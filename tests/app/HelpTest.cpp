@@ -93,5 +93,7 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"--scale", ""}), Words());
     EXPECT_EQ(completed({"preview", "--view", ""}), (Words{"conversation", "list", "both"}));
     EXPECT_EQ(completed({"preview", "--eyes", "d"}), Words{"deutan"});
+    EXPECT_EQ(completed({"generate", "--harmony", "s"}), (Words{"single", "split"}));
+    EXPECT_EQ(completed({"--lock", "send-"}), Words{"send-button-color"});
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
 }

@@ -39,19 +39,18 @@ void expectNear(QRgb seen, QRgb expected, const char *what)
 QByteArray cmykJpeg()
 {
     // As printers' programs write them: 255 is no ink.
-    std::vector<uchar> pixels;
+    QByteArray pixels;
     for (int i = 0; i < 64 * 48; ++i)
-        pixels.insert(pixels.end(), {0, 255, 255, 255});
-    uchar *jpeg = nullptr;
-    unsigned long size = 0;
+        pixels += QByteArray::fromHex("00ffffff");
+    QByteArray bytes(qsizetype(tjBufSize(64, 48, TJSAMP_444)), '\0');
+    auto *jpeg = reinterpret_cast<uchar *>(bytes.data());
+    unsigned long size = ulong(bytes.size());
     const tjhandle compressor = tjInitCompress();
-    EXPECT_EQ(tjCompress2(compressor, pixels.data(), 64, 0, 48, TJPF_CMYK, &jpeg, &size, TJSAMP_444,
-                          95, 0),
+    EXPECT_EQ(tjCompress2(compressor, reinterpret_cast<const uchar *>(pixels.constData()), 64, 0,
+                          48, TJPF_CMYK, &jpeg, &size, TJSAMP_444, 95, TJFLAG_NOREALLOC),
               0);
-    const QByteArray bytes(reinterpret_cast<char *>(jpeg), qsizetype(size));
-    tjFree(jpeg);
     tjDestroy(compressor);
-    return bytes;
+    return bytes.first(qsizetype(size));
 }
 
 /// To be turned by 90 degrees clockwise.
@@ -88,7 +87,6 @@ const QByteArray animated = QByteArray::fromHex(
 
 TEST(ReducedPicture, ReadsWhatPeopleHave)
 {
-    QImage sixteen = plain(40, 30, QImage::Format_RGBA64);
     QImage adobe = plain(400, 300);
     adobe.setColorSpace(QColorSpace::AdobeRgb);
     const QByteArray adobeJpeg = encoded(adobe, "JPG");
@@ -98,16 +96,14 @@ TEST(ReducedPicture, ReadsWhatPeopleHave)
         QSize size;
         QRgb color;
     } pictures[] = {
-        {"PNG", encoded(plain(400, 300), "PNG"), {128, 96}, blue},
         {"JPEG", encoded(plain(300, 400), "JPG"), {96, 128}, blue},
         {"small", encoded(plain(3, 2), "BMP"), {3, 2}, blue},
         {"wide", encoded(plain(100'001, 1), "PNG"), {128, 1}, blue},
-        {"16 bits", encoded(sixteen, "PNG"), {40, 30}, blue},
+        {"16 bits", encoded(plain(40, 30, QImage::Format_RGBA64), "PNG"), {40, 30}, blue},
         {"greys", encoded(plain(9, 9, QImage::Format_Grayscale8), "JPG"), {9, 9}, 0xFF6E6E6E},
         {"CMYK", cmykJpeg(), {64, 48}, 0xFF00FFFF},
         {"animated", animated, {1, 1}, 0xFFFF0000},
-        {"Adobe RGB", encoded(adobe, "PNG"), {128, 96}, 0xFF0081C4},
-        {"Adobe RGB, JPEG", adobeJpeg, {128, 96}, 0xFF0081C4},
+        {"Adobe RGB", adobeJpeg, {128, 96}, 0xFF0081C4},
         {"broken profile", changedAfter(adobeJpeg, "ICC_PROFILE", 14, 300), {128, 96}, blue},
         {"bytes behind it", encoded(plain(9, 9), "JPG") + "more", {9, 9}, blue},
     };
@@ -120,19 +116,15 @@ TEST(ReducedPicture, ReadsWhatPeopleHave)
         expectNear(picture.image.pixel(size.width() / 2, size.height() - 1), color, what);
     }
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(ReducedPicture::parse(encoded(plain(400, 300), "PNG"), 200).image.width(), 200);
 }
 
 TEST(ReducedPicture, IsUprightAndDropsWhatCannotBeSeen)
 {
     QImage flag = plain(160, 80);
-    flag.fill(Qt::red);
-    for (int y = 40; y < 80; ++y)
-        for (int x = 0; x < 160; ++x)
-            flag.setPixel(x, y, blue);
+    memset(flag.bits(), 0xFF, size_t(flag.sizeInBytes() / 2)); // the upper half white
     const QImage upright = ReducedPicture::parse(turned(encoded(flag, "JPG"))).image;
     ASSERT_EQ(upright.size(), QSize(64, 128));
-    expectNear(upright.pixel(50, 64), 0xFFFF0000, "the top is on the right");
+    expectNear(upright.pixel(50, 64), 0xFFFFFFFF, "the top is on the right");
     expectNear(upright.pixel(10, 64), blue, "the rest on the left");
 
     QImage cutOut(3, 1, QImage::Format_ARGB32);
@@ -163,7 +155,6 @@ TEST(ReducedPicture, RefusesTheRestInASentence)
          "cut off"},
         {"header alone", png.first(30), "size"},
         {"wide and high", bmpHeader(100'001, 1'001), "100001 x 1001"},
-        {"empty", bmpHeader(0, 10), "size"},
     };
     testing::internal::CaptureStderr();
     for (const auto &[what, bytes, told] : pictures) {

@@ -1,4 +1,4 @@
-#include "app/PictureLead.h"
+#include "app/PaletteOfPicture.h"
 
 #include "app/StandardStreams.h"
 #include "pictures/ReducedPicture.h"
