@@ -182,6 +182,7 @@ ThemeGenerator::ThemeGenerator(ElementDataSource elements, std::set<int> locked,
       _unmet(unmetIn(_original)),
       _start(inTone(tone)),
       _base(readable(_start)),
+      _faults(faultsIn(_base)),
       _tone(_base, _relations),
       _harmony(_base)
 {
@@ -201,7 +202,7 @@ ThemeColors ThemeGenerator::inTone(Tone tone) const
         if (!groups.turn(colors, tone, _locked, what))
             break;
         colors = mended(colors, {});
-        if (worseBy(colors) == 0)
+        if (faultsIn(colors).fresh == 0)
             return colors;
     }
     return _original;
@@ -213,7 +214,7 @@ ThemeColors ThemeGenerator::readable(const ThemeColors &colors) const
         return colors;
     // What is seen through, or left to the phone, may be upset by what mends something else.
     ThemeColors better = mended(colors, {});
-    return worseBy(better) == 0 ? better : colors;
+    return faultsIn(better).fresh == 0 ? better : colors;
 }
 
 ThemeColors ThemeGenerator::mended(const ThemeColors &colors, std::optional<int> picked) const
@@ -239,13 +240,15 @@ std::vector<bool> ThemeGenerator::unmetIn(const ThemeColors &colors) const
     return unmet;
 }
 
-int ThemeGenerator::worseBy(const ThemeColors &colors) const
+ThemeGenerator::Faults ThemeGenerator::faultsIn(const ThemeColors &colors) const
 {
     const std::vector<bool> unmet = unmetIn(colors);
-    int worse = 0;
-    for (size_t demand = 0; demand < unmet.size(); ++demand)
-        worse += unmet[demand] && !_unmet[demand];
-    return worse;
+    Faults faults;
+    for (size_t demand = 0; demand < unmet.size(); ++demand) {
+        faults.fresh += unmet[demand] && !_unmet[demand];
+        faults.all += unmet[demand];
+    }
+    return faults;
 }
 
 std::optional<int> ThemeGenerator::pickedOf(const ThemeWish &wish) const
@@ -285,17 +288,17 @@ GeneratedTheme ThemeGenerator::generate(const ThemeWish &wish) const
         return result(_start, findings(_start));
     ThemeColors best = Making(*this, wish).colors();
     std::vector<Finding> found = findings(best);
-    int least = found.empty() ? 0 : worseBy(best);
+    Faults least = found.empty() ? Faults() : faultsIn(best);
     const auto picked = pickedOf(wish);
     const auto offer = [&](const ThemeColors &colors) {
-        if (const int worse = worseBy(colors); worse < least) {
-            least = worse;
+        if (const Faults faults = faultsIn(colors); faults < least) {
+            least = faults;
             best = colors;
         }
     };
-    if (least > 0)
+    if (least > _faults)
         offer(mended(best, picked));
-    if (least > 0) {
+    if (least > _faults) {
         // Rather the base, and in it the picked colour alone, than something unreadable.
         ThemeColors careful = _base;
         if (picked)

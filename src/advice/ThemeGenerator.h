@@ -18,6 +18,7 @@
 #include "advice/ThemeTone.h"
 #include "theme/ThemeDocument.h"
 
+#include <compare>
 #include <optional>
 #include <set>
 #include <vector>
@@ -62,8 +63,13 @@ private:
     ThemeColors mended(const ThemeColors &colors, std::optional<int> picked) const;
     /// By relation, and then by likeness and eyes.
     std::vector<bool> unmetIn(const ThemeColors &colors) const;
-    /// How much is unmet that was not so in the original.
-    int worseBy(const ThemeColors &colors) const;
+    /// How much is unmet; what was not so in the original counts first.
+    struct Faults {
+        int fresh = 0;
+        int all = 0;
+        auto operator<=>(const Faults &) const = default;
+    };
+    Faults faultsIn(const ThemeColors &colors) const;
     std::optional<int> pickedOf(const ThemeWish &wish) const;
     int leaderOf(const ThemeWish &wish) const;
     GeneratedTheme result(const ThemeColors &colors, std::vector<Finding> left) const;
@@ -76,6 +82,7 @@ private:
     const std::vector<bool> _unmet; // in the original
     const ThemeColors _start;       // in the tone asked for; readable unless it is the original
     const ThemeColors _base;        // readable, where that can be had
+    const Faults _faults;           // in it
     const ThemeTone _tone;          // of the base
     const ThemeHarmony _harmony;    // over it
 };

@@ -88,8 +88,8 @@ double ThemeHarmony::offsetOf(const Member &member, const Member &leader, Harmon
         leader.mean.chroma < leastChroma)
         return 0.0;
     const double apart = between(member.mean.hue, leader.mean.hue);
-    return std::ranges::min({0.0, offset, -offset}, {}, [apart](double candidate) {
-        return std::abs(between(apart, candidate));
+    return std::min({0.0, offset, -offset}, [apart](double one, double other) {
+        return std::abs(between(apart, one)) < std::abs(between(apart, other));
     });
 }
 

@@ -158,10 +158,11 @@ std::vector<Point> startingPoints(std::vector<Bin> &bins, int count)
         if (cut.slot < 0)
             break;
         const std::span<Bin> all = widest->bins;
-        const auto upper = std::ranges::stable_partition(
-            all, [&cut](const Bin &bin) { return bin.slot[cut.channel] <= cut.slot; });
-        *widest = Box(all.first(all.size() - upper.size()));
-        boxes.emplace_back(all.last(upper.size()));
+        const auto upper = std::stable_partition(all.begin(), all.end(), [&cut](const Bin &bin) {
+            return bin.slot[cut.channel] <= cut.slot;
+        });
+        *widest = Box({all.begin(), upper});
+        boxes.emplace_back(std::span(upper, all.end()));
     }
     std::vector<Point> points;
     points.reserve(boxes.size());
