@@ -34,6 +34,10 @@ const std::vector<Ratio> ratios = {
     {"list_kept/1000", "list_kept_read/1000", 3.0, Clock::Processor},
     {"send", "send_sftp", 1.3, Clock::Passing},
     {"send_far", "send_far_sftp", 1.0, Clock::Passing},
+    {"palette", "palette_decode", 1.3, Clock::Processor},
+    {"quantize", "quantize_opencv", 1.0 / 5.0, Clock::Processor},
+    // A theme of one colour, and what the least part of it takes: a look at what is hard to see.
+    {"generate", "findings_shipped", {}, Clock::Processor},
 };
 
 // Repetitions of both sides of a ratio take turns, so that a busy spell of the machine hits both.

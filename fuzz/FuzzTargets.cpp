@@ -5,9 +5,10 @@
 const std::map<std::string, Fuzz::Target> &Fuzz::targets()
 {
     static const std::map<std::string, Target> targets = {
-        {"ColorText", colorText},     {"ElementDataSource", elementDataSource},
-        {"Findings", findings},       {"HexField", hexField},
-        {"OpenedTheme", openedTheme}, {"PropertyList", propertyList},
+        {"ColorText", colorText},       {"ElementDataSource", elementDataSource},
+        {"Findings", findings},         {"HexField", hexField},
+        {"OpenedTheme", openedTheme},   {"Picture", picture},
+        {"PropertyList", propertyList}, {"ThemeGenerator", themeGenerator},
         {"ThemeList", themeList},
     };
     return targets;

@@ -21,7 +21,9 @@ void elementDataSource(const QByteArray &bytes);
 void findings(const QByteArray &bytes);
 void hexField(const QByteArray &bytes);
 void openedTheme(const QByteArray &bytes);
+void picture(const QByteArray &bytes);
 void propertyList(const QByteArray &bytes);
+void themeGenerator(const QByteArray &bytes);
 void themeList(const QByteArray &bytes);
 
 /// By the name of their folder of seeds.

@@ -37,16 +37,17 @@ _tintloom()
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
             ;;
-        KEY=VALUE)
-            compopt -o nospace 2>/dev/null
-            mapfile -t COMPREPLY < <(compgen -S = -W "$("$program" list 2>/dev/null |
+        KEY | KEY=VALUE)
+            local end=
+            [[ $kind == KEY ]] || { end== && compopt -o nospace 2>/dev/null; }
+            mapfile -t COMPREPLY < <(compgen -S "$end" -W "$("$program" list 2>/dev/null |
                 awk -F '   *' '/^  / { print $3 }')" -- "$current")
             ;;
         FILE)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
             ;;
-        VIEW | EYES) # the usage lists them: [--view one|another]
+        VIEW | EYES | HARMONY) # the usage lists them: [--view one|another]
             mapfile -t COMPREPLY < <(compgen -W \
                 "$(sed -n "s/.*\[$before \([a-z|]*\)\].*/\1/p" <<<"$help" | tr '|' ' ')" -- "$current")
             ;;

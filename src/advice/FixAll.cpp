@@ -7,7 +7,7 @@
 
 FixedTheme fixAll(const ElementDataSource &elements, const std::set<int> &locked)
 {
-    ThemeMender mender(elements, locked);
+    ThemeMender mender(ThemeColors(elements), locked);
     mender.mend();
     FixedTheme fixed;
     for (const int index : mender.changed()) {

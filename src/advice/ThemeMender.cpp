@@ -1,6 +1,7 @@
 #include "advice/ThemeMender.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -8,12 +9,12 @@ constexpr int mostRounds = 4; // a ground that changes may upset what shines thr
 constexpr int mostTries = 3;  // of one element in a round, whatever stands on it
 } // namespace
 
-ThemeMender::ThemeMender(const ElementDataSource &elements, const std::set<int> &locked)
-    : _colors(elements),
+ThemeMender::ThemeMender(ThemeColors colors, const std::set<int> &locked)
+    : _colors(std::move(colors)),
       _locked(locked),
       _relations(_colors.relations()),
       _likenesses(likenesses(_colors)),
-      _demands(elements.tableSource().size())
+      _demands(size_t(_colors.count()))
 {
     int demand = 0;
     for (const ThemeRelation &relation : _relations) {

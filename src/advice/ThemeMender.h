@@ -13,7 +13,8 @@
 class ThemeMender
 {
 public:
-    ThemeMender(const ElementDataSource &elements, const std::set<int> &locked);
+    /// The locked ones have to outlive it.
+    ThemeMender(ThemeColors colors, const std::set<int> &locked);
 
     void mend();
 

@@ -107,18 +107,6 @@ int printed(const Report &report, const CommandLine::Options &options, const QSt
     return status == 0 ? report.status() : status;
 }
 
-/// The elements are what they were before the changes.
-QString describe(const ThemeDocument::Changes &changes, const ElementDataSource &elements)
-{
-    QString text;
-    for (const auto &[index, choice] : changes) {
-        const ElementRecord &record = elements.tableSource()[size_t(index)];
-        text += u"%1: %2 becomes %3\n"_s.arg(record.key, record.shownColor().value_or(u"-"_s),
-                                             choice.color.toString());
-    }
-    return text;
-}
-
 int fixChoices(const CommandLine::Options &options)
 {
     // What another Tintloom saves between load and save would be undone by this save.

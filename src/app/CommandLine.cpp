@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 
+#include "app/HelpText.h"
 #include "app/NearestNames.h"
 #include "delivery/PhoneAddress.h"
 #include "platform/foundation/ProgramFolder.h"
@@ -18,88 +19,6 @@ namespace
 {
 constexpr int usageError = 2;
 
-const QString help = uR"(Usage:
-  tintloom [options] [--catalogue]      open the editor window, or the catalogue's
-  tintloom list [options] [--json]      print every element in table order
-  tintloom set [options] KEY=VALUE...   apply the edits to the current choices; the theme
-                                        itself stays as it is
-  tintloom save [options] [--set KEY=VALUE]...
-                                        apply the edits to the current choices, then
-                                        save the theme
-  tintloom restore [options]            bring back the choices before the last save or
-                                        restore; the theme itself stays as it is
-  tintloom themes [options] [--json]    print the catalogue: ready-made themes and kept ones
-  tintloom install [options] NAME       install one of them
-  tintloom edit [options] NAME          install it and make it the current choices
-  tintloom keep [options] NAME [--replace]
-                                        keep the current choices as a theme of your own
-  tintloom rename [options] NAME NEW    give a kept theme another name
-  tintloom duplicate [options] NAME NEW keep a copy of it
-  tintloom remove [options] NAME [--undo]
-                                        remove a kept theme; --undo puts it back, for 30 days
-  tintloom import [options] PATH|TEXT [--as NAME] [--replace]
-                                        keep a theme that somebody else made: a package's
-                                        folder or Info.plist, a .tintloom, .zip or .tar.gz
-                                        archive, or shared text
-  tintloom export [options] [THEME] PATH [--replace]
-                                        write the current choices, or a theme, to pass them on:
-                                        an archive by these endings, else a folder
-  tintloom share [options] [THEME] [--qr FILE]
-                                        print the current choices, or a theme, as a line of
-                                        text that import reads
-  tintloom preview [options] [THEME] [--view conversation|list|both]
-                   [--eyes normal|protan|deutan|tritan|grey] --out FILE
-                                        draw the phone with the current choices, or with a
-                                        theme: a name of the catalogue, or a package's folder
-  tintloom check [options] [THEME] [--json] [--fix]
-                                        print which colours of the current choices, or of a
-                                        theme, are hard to see; --fix changes them in the
-                                        current choices, as little as possible
-  tintloom send [options] [THEME] [USER@]HOST[:PORT] [--folder DIR] [--name NAME]
-                [--accept-host FINGERPRINT] [--back]
-                                        send the current choices, or a theme as above, to a
-                                        phone by SSH; --back puts back the one before
-
-Options:
-  --package-root DIR  folder that holds themes; default biteThemes in your desktop's
-                      documents folder, on the phone /var/mobile/Library/biteThemes
-                      (environment: TINTLOOM_PACKAGE_ROOT)
-  --documents DIR     folder of the working copy; default the application data folder
-                      (environment: TINTLOOM_DOCUMENTS)
-  --resources DIR     folder of initialDatasource.txt; default the installed one
-                      (environment: TINTLOOM_RESOURCES)
-  --scale N           pixels per point of the written images, 1 to 8; default 2
-  --screen WxH        size of the phone's screen in the window, in points, 320x240 to
-                      8192x8192; default 320x568, or what a wide window leaves for it
-  --no-preview        open the window without the preview beside the screen
-  --catalogue         open the window on the catalogue
-  --json              list, themes, check: print one JSON array
-  --fix               check: mend what is found in the current choices, and print the rest
-  --as NAME           import: keep it under this name instead of its own
-  --replace           keep, import: take the place of a kept theme of that name; export: of
-                      what is at PATH
-  --undo              remove: put back what was removed or replaced last under that name
-  --qr FILE           share: the PNG file to draw the text into, as a QR code
-  --set KEY=VALUE     save: VALUE is a colour of 3, 6 or 8 hexadecimal digits, nothing to
-                      remove the colour, or the label of an option; may be repeated
-  --view VIEW         preview: the screen to draw; default both
-  --eyes EYES         preview: draw it as other eyes see it, those that lack the red, the
-                      green or the blue cones, or that see greys alone; default normal
-  --out FILE          preview: the PNG file to write; - is standard output
-  --folder DIR        send: folder of themes on the phone; default
-                      /var/mobile/Library/biteThemes
-  --name NAME         send: name of the theme there; default its own
-  --accept-host KEY   send: the fingerprint SHA256:... of an unknown phone, to take without
-                      asking
-  --back              send: exchange the theme on the phone and the one before
-  --help              print this text
-  --version           print the version
-
-Exit status: 0 done, 1 something could not be read or written, 2 wrong usage, 3 check
-has found something, 4 the phone's key is not accepted, 5 the phone lets nobody in, 69 no
-display for a window.
-)"_s;
-
 const QMap<QString, PreviewView> views{{u"conversation"_s, PreviewView::Conversation},
                                        {u"list"_s, PreviewView::MessageList},
                                        {u"both"_s, PreviewView::Both}};
@@ -108,6 +27,40 @@ const QMap<QString, Eyes> eyes{{u"normal"_s, Eyes::Normal},
                                {u"deutan"_s, Eyes::Deutan},
                                {u"tritan"_s, Eyes::Tritan},
                                {u"grey"_s, Eyes::Grey}};
+
+/// What follows a command that is no option.
+struct Form {
+    QString name;
+    CommandLine::Command command;
+    QStringList needs;  // at least these words
+    qsizetype most = 0; // words
+};
+
+const QString kept = u"the name of a theme; 'tintloom themes' shows them"_s;
+const QString newName = u"the new name as well"_s;
+constexpr qsizetype any = 1 << 20;
+using enum CommandLine::Command;
+const Form forms[] = {
+    {u"list"_s, List, {}},
+    {u"set"_s, Set, {u"an edit KEY=VALUE; 'tintloom list' shows the keys"_s}, any},
+    {u"save"_s, Save, {}},
+    {u"restore"_s, Restore, {}},
+    {u"themes"_s, Themes, {}},
+    {u"install"_s, Install, {kept}, 1},
+    {u"edit"_s, Edit, {kept}, 1},
+    {u"preview"_s, Preview, {}, 1},
+    {u"check"_s, Check, {}, 1},
+    {u"keep"_s, Keep, {kept}, 1},
+    {u"rename"_s, Rename, {kept, newName}, 2},
+    {u"duplicate"_s, Duplicate, {kept, newName}, 2},
+    {u"remove"_s, Remove, {kept}, 1},
+    {u"import"_s, Import, {u"the path of a theme, or a shared text"_s}, 1},
+    {u"export"_s, Export, {u"the path to write to"_s}, 2},
+    {u"share"_s, Share, {}, 1},
+    {u"send"_s, Send, {u"a phone [USER@]HOST[:PORT]"_s}, 2},
+    {u"palette"_s, Palette, {u"a picture"_s}, 1},
+    {u"generate"_s, Generate, {}},
+};
 
 /// Takes the parsed arguments apart. The first thing wrong is kept, the rest then means nothing.
 class Reader
@@ -132,48 +85,21 @@ public:
         const QStringList words = _parser.positionalArguments();
         if (words.isEmpty())
             return CommandLine::Command::Window;
-        using enum CommandLine::Command;
-        static const QMap<QString, CommandLine::Command> commands{
-            {u"list"_s, List},       {u"set"_s, Set},         {u"save"_s, Save},
-            {u"restore"_s, Restore}, {u"themes"_s, Themes},   {u"install"_s, Install},
-            {u"edit"_s, Edit},       {u"preview"_s, Preview}, {u"check"_s, Check},
-            {u"keep"_s, Keep},       {u"rename"_s, Rename},   {u"duplicate"_s, Duplicate},
-            {u"remove"_s, Remove},   {u"import"_s, Import},   {u"export"_s, Export},
-            {u"share"_s, Share},     {u"send"_s, Send},
-        };
-        const auto command = commands.constFind(words[0]);
-        if (command == commands.cend()) {
-            fail(u"unknown command '%1'; there are %2"_s.arg(
-                words[0], QStringList(commands.keys()).join(", "_L1)));
-            return Window;
+        const auto form = std::ranges::find(forms, words[0], &Form::name);
+        if (form == std::end(forms)) {
+            QStringList names;
+            for (const Form &known : forms)
+                names += known.name;
+            names.sort();
+            fail(u"unknown command '%1'; there are %2"_s.arg(words[0], names.join(", "_L1)));
+            return CommandLine::Command::Window;
         }
-        if (*command == Set) {
-            if (words.size() < 2)
-                fail(u"'set' needs an edit KEY=VALUE; 'tintloom list' shows the keys"_s);
-            return Set;
-        }
-        if (*command == Send) {
-            if (words.size() < 2 || words.size() > 3)
-                fail(u"'send' needs a phone [USER@]HOST[:PORT], after a theme at most"_s);
-            return Send;
-        }
-        const bool needsTwo = *command == Rename || *command == Duplicate;
-        const bool needsTheme = needsTwo || *command == Install || *command == Edit ||
-                                *command == Keep || *command == Remove;
-        const bool needsPath = *command == Import || *command == Export;
-        const bool mayHaveTheme = needsTheme || needsPath || *command == Preview ||
-                                  *command == Check || *command == Share;
-        const qsizetype expected = needsTwo || *command == Export ? 3 : mayHaveTheme ? 2 : 1;
-        if (words.size() > expected)
-            fail(u"unexpected argument '%1'"_s.arg(words[expected]));
-        else if (words.size() < 2 && needsPath)
-            fail(*command == Import ? u"'import' needs the path of a theme, or a shared text"_s
-                                    : u"'export' needs the path to write to"_s);
-        else if (words.size() < 2 && needsTheme)
-            fail(u"'%1' needs the name of a theme; 'tintloom themes' shows them"_s.arg(words[0]));
-        else if (words.size() < 3 && needsTwo)
-            fail(u"'%1' needs the new name as well"_s.arg(words[0]));
-        return *command;
+        const qsizetype given = words.size() - 1;
+        if (given < form->needs.size())
+            fail(u"'%1' needs %2"_s.arg(words[0], form->needs[given]));
+        else if (given > form->most)
+            fail(u"unexpected argument '%1'"_s.arg(words[form->most + 1]));
+        return form->command;
     }
 
     /// What `set` is to do.
@@ -310,17 +236,21 @@ CommandLine::Outcome refusal(const QString &problem)
 CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const auto &name : {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s,
-                             u"fix"_s, u"replace"_s, u"undo"_s, u"back"_s})
+    for (const auto &name :
+         {u"help"_s, u"version"_s, u"json"_s, u"catalogue"_s, u"no-preview"_s, u"fix"_s,
+          u"replace"_s, u"undo"_s, u"back"_s, u"light"_s, u"dark"_s, u"dry-run"_s})
         parser.addOption(QCommandLineOption(name));
-    for (const auto &name : {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,
-                             u"screen"_s, u"set"_s, u"view"_s, u"eyes"_s, u"out"_s, u"as"_s,
-                             u"qr"_s, u"folder"_s, u"name"_s, u"accept-host"_s})
+    for (const auto &name :
+         {u"package-root"_s, u"documents"_s, u"resources"_s, u"scale"_s,       u"screen"_s,
+          u"set"_s,          u"view"_s,      u"eyes"_s,      u"out"_s,         u"as"_s,
+          u"qr"_s,           u"folder"_s,    u"name"_s,      u"accept-host"_s, u"color"_s,
+          u"picture"_s,      u"seed"_s,      u"base"_s,      u"harmony"_s,     u"strength"_s,
+          u"lock"_s})
         parser.addOption(QCommandLineOption(name, {}, u"value"_s));
     if (!parser.parse(arguments))
         return refusal(parser.errorText());
     if (parser.isSet(u"help"_s))
-        return {{}, help, 0};
+        return {{}, helpText(), 0};
     if (parser.isSet(u"version"_s))
         return {{}, u"Tintloom " TINTLOOM_VERSION "\n"_s, 0};
 
@@ -328,8 +258,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     Options options;
     options.command = reader.command();
     reader.onlyWith(options.command == Command::List || options.command == Command::Themes ||
-                        options.command == Command::Check,
-                    u"json"_s, u"'list', 'themes' and 'check'"_s);
+                        options.command == Command::Check || options.command == Command::Palette,
+                    u"json"_s, u"'list', 'themes', 'check' and 'palette'"_s);
     reader.onlyWith(options.command == Command::Check, u"fix"_s, u"'check'"_s);
     reader.onlyWith(options.command == Command::Remove, u"undo"_s, u"'remove'"_s);
     for (const auto &name : {u"catalogue"_s, u"no-preview"_s})
@@ -344,6 +274,9 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
     for (const auto &name : {u"folder"_s, u"name"_s, u"accept-host"_s, u"back"_s})
         reader.onlyWith(options.command == Command::Send, name, u"'send'"_s);
+    for (const auto &name : {u"color"_s, u"picture"_s, u"seed"_s, u"base"_s, u"light"_s, u"dark"_s,
+                             u"harmony"_s, u"strength"_s, u"lock"_s, u"dry-run"_s})
+        reader.onlyWith(options.command == Command::Generate, name, u"'generate'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
     options.documents =
@@ -353,11 +286,14 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
                                       besideProgram(QStringLiteral(TINTLOOM_DATA)));
     options.scale = reader.scale(options.scale);
     options.screen = reader.screen();
-    options.theme = reader.theme(options.command);
+    options.theme = options.command == Command::Generate ? parser.value(u"base"_s)
+                                                         : reader.theme(options.command);
     options.newName = reader.newName(options.command);
     options.qr = reader.file(u"qr"_s);
     if (options.command == Command::Export)
         options.out = reader.place();
+    if (options.command == Command::Palette)
+        options.picture = options.theme;
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);
@@ -375,6 +311,9 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     }
     if (options.command == Command::Send && reader.problem().isEmpty())
         reader.send(options);
+    if (options.command == Command::Generate)
+        options.generate = GenerateOptions::read(
+            parser, [&reader](const QString &problem) { reader.fail(problem); });
     for (const QString &edit : std::as_const(options.edits)) {
         if (!edit.contains(u'='))
             reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));

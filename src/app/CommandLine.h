@@ -3,6 +3,7 @@
 // Parsing needs no application object and touches no global state but the environment.
 #pragma once
 
+#include "app/GenerateOptions.h"
 #include "color/ColorVision.h"
 #include "preview/PreviewPicture.h"
 #include "ssh/SshModule.h"
@@ -34,7 +35,9 @@ enum class Command {
     Share,
     Preview,
     Check,
-    Send
+    Send,
+    Palette,
+    Generate
 };
 
 struct Options {
@@ -45,15 +48,15 @@ struct Options {
     double scale = 2.0;           // pixels per point of the written images, 1 to 8
     std::optional<QSizeF> screen; // points; of the stage
     bool preview = true;          // window: whether it may stand beside the stage
-    bool json = false;            // list, themes, check
+    bool json = false;            // list, themes, check, palette
     bool fix = false;             // check
     bool catalogue = false;       // window
     bool replace = false;         // keep, import, export
     bool undo = false;            // remove
-    QString theme;   // install, edit, keep, rename, duplicate, remove: the name, as typed;
-                     // preview, check, export, share, send: or a path, or empty; import: a path or
-                     // a shared text
-    QString newName; // rename, duplicate: as typed; import: or empty
+    QString theme; // install, edit, keep, rename, duplicate, remove: the name, as typed;
+                   // preview, check, export, share, send, generate: or a path, or empty; import: a
+                   // path or a shared text
+    QString newName;                      // rename, duplicate: as typed; import: or empty
     QStringList edits;                    // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
@@ -62,6 +65,8 @@ struct Options {
     std::optional<QString> name;
     QString acceptHost; // fingerprint; empty: ask
     bool back = false;
+    QString picture;          // palette: a file, as typed
+    GenerateOptions generate; // generate
     QString out; // preview: the absolute path of a file, or "-" for standard output; export: of
                  // a file or folder
     QString qr;  // share: the absolute path of a file, or empty

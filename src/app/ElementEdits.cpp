@@ -15,14 +15,6 @@ QStringList similarKeys(const ElementDataSource &source, const QString &key)
     return nearestNames(key, keys);
 }
 
-QString unknownKey(const ElementDataSource &source, const QString &key)
-{
-    const QStringList similar = similarKeys(source, key);
-    return u"there is no element with the key '%1'; %2"_s.arg(
-        key, similar.isEmpty() ? u"'tintloom list' shows the keys"_s
-                               : u"near it: "_s + similar.join(", "_L1));
-}
-
 /// What the value makes of an element, or why it cannot.
 struct Outcome {
     std::optional<ElementChoice> choice;
@@ -50,6 +42,14 @@ Outcome withOption(const ElementRecord &record, const QString &label)
                 label, record.key, record.options->keys().join(", "_L1))};
 }
 } // namespace
+
+QString unknownKey(const ElementDataSource &source, const QString &key)
+{
+    const QStringList similar = similarKeys(source, key);
+    return u"there is no element with the key '%1'; %2"_s.arg(
+        key, similar.isEmpty() ? u"'tintloom list' shows the keys"_s
+                               : u"near it: "_s + similar.join(", "_L1));
+}
 
 std::optional<QString> applyEdits(ThemeDocument &document, const QStringList &edits)
 {

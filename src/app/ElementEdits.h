@@ -8,6 +8,9 @@
 
 #include <optional>
 
+/// What is wrong with a key that no element has, and which ones are near it.
+QString unknownKey(const ElementDataSource &source, const QString &key);
+
 /// Applies edits "KEY=VALUE" as one step, in order, each to every element with that key; the first
 /// "=" parts the two. For a colour element VALUE is 3, 6 or 8 hexadecimal digits with or without
 /// "#", or empty to remove the colour; for a choice element it is an option's label. Returns what

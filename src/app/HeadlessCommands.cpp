@@ -84,15 +84,6 @@ void forEachRow(const ElementDataSource &source, Take take)
     }
 }
 
-QByteArray jsonList(const ElementDataSource &source)
-{
-    QJsonArray array;
-    forEachRow(source, [&](const QString &section, const ElementRecord &record) {
-        array.append(jsonFromRecord(section, record));
-    });
-    return QJsonDocument(array).toJson();
-}
-
 QByteArray readableList(const ElementDataSource &source)
 {
     qsizetype nameWidth = 0;
@@ -115,6 +106,15 @@ QByteArray readableList(const ElementDataSource &source)
     return text.toUtf8();
 }
 } // namespace
+
+QByteArray jsonList(const ElementDataSource &source)
+{
+    QJsonArray array;
+    forEachRow(source, [&](const QString &section, const ElementRecord &record) {
+        array.append(jsonFromRecord(section, record));
+    });
+    return QJsonDocument(array).toJson();
+}
 
 int runList(const CommandLine::Options &options)
 {

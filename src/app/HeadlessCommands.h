@@ -5,10 +5,14 @@
 #pragma once
 
 #include "app/CommandLine.h"
+#include "theme/ElementDataSource.h"
 
 /// Prints every element in table order, as a table for people or as one JSON array. A malformed
 /// data source is an empty table, here as in the window, with a warning.
 int runList(const CommandLine::Options &options);
+
+/// What `list --json` prints.
+QByteArray jsonList(const ElementDataSource &source);
 
 /// Applies the edits to the current choices and writes the working copy alone; the one before stays
 /// as the earlier generation. Refused as a save is.

@@ -29,3 +29,14 @@ bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper
     }
     return true;
 }
+
+QString describe(const ThemeDocument::Changes &changes, const ElementDataSource &elements)
+{
+    QString text;
+    for (const auto &[index, choice] : changes) {
+        const ElementRecord &record = elements.tableSource()[size_t(index)];
+        text += u"%1: %2 becomes %3\n"_s.arg(record.key, record.shownColor().value_or(u"-"_s),
+                                             choice.color.toString());
+    }
+    return text;
+}

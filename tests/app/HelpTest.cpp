@@ -105,6 +105,8 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"share", "--qr", root + "READ"}),
               Words{(root + "README.md").toStdString()});
     EXPECT_EQ(completed({"export", "--re"}), (Words{"--replace", "--resources"}));
+    EXPECT_EQ(completed({"generate", "--harmony", "s"}), (Words{"single", "split"}));
+    EXPECT_EQ(completed({"--lock", "send-"}), Words{"send-button-color"});
     EXPECT_EQ(completed({"--out", root + "READ"}), Words{(root + "README.md").toStdString()});
 
     const QTemporaryDir documents;

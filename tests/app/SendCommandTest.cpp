@@ -64,7 +64,7 @@ TEST_F(SendCommandTest, SendsTheChoicesOrAThemeAndPutsBack)
 TEST_F(SendCommandTest, RefusesWhatIsNoPhone)
 {
     expectRefused("send", 2, {"needs a phone"});
-    expectRefused("send a b c", 2, {"needs a phone"});
+    expectRefused("send a b c", 2, {"unexpected argument"});
     for (const QString phone :
          {"-oProxyCommand=x@y", "a@b@c", "phone:0", "phone:70000", "a`b`", "''"})
         expectRefused("send -- " + phone, 2, {});

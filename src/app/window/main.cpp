@@ -1,8 +1,10 @@
 #include "app/CatalogueCommands.h"
 #include "app/CheckCommand.h"
 #include "app/CommandLine.h"
+#include "app/GenerateCommand.h"
 #include "app/HeadlessCommands.h"
 #include "app/LibraryCommands.h"
+#include "app/PaletteCommand.h"
 #include "app/PreviewCommand.h"
 #include "app/SendCommand.h"
 #include "app/SharingCommands.h"
@@ -90,6 +92,10 @@ int main(int argc, char **argv)
         return runCheck(*outcome.options);
     case CommandLine::Command::Send:
         return runSend(*outcome.options);
+    case CommandLine::Command::Palette:
+        return runPalette(*outcome.options);
+    case CommandLine::Command::Generate:
+        return runGenerate(*outcome.options);
     case CommandLine::Command::Window:
         break;
     }

@@ -1,0 +1,114 @@
+#include "advice/PicturePalette.h"
+
+#include "color/OKLab.h"
+#include "color/Quantizer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace
+{
+using Candidate = PicturePalette::Candidate;
+
+constexpr int clusterCount = 32;     // fine enough to tell a small thing from what is around it
+constexpr double leastChroma = 0.03; // below it a colour passes for a grey
+constexpr double livelyChroma = 0.13;
+constexpr double leastShare = 0.01;
+constexpr double shareWeight = 0.7;
+constexpr double chromaWeight = 0.3;
+constexpr int hueReach = 15; // degrees; within it a hue counts as the same
+constexpr int farApart = 90;
+constexpr double leastDifference = 0.08; // in OKLab; of two tones of one hue
+
+struct Tone {
+    OKLCh place;
+    Candidate candidate;
+};
+
+double degreesBetween(double one, double other)
+{
+    return std::abs(std::remainder(one - other, 2.0 * std::numbers::pi)) * 180.0 / std::numbers::pi;
+}
+
+double liveliness(double chroma)
+{
+    return std::max(0.0, 1.0 - std::abs(chroma - livelyChroma) / livelyChroma);
+}
+
+bool differs(const Tone &one, const Tone &other)
+{
+    return distanceBetween(oklabFromOklch(one.place), oklabFromOklch(other.place)) >=
+           leastDifference;
+}
+
+/// The coloured ones, the best first.
+std::vector<Tone> scored(std::span<const ColorCluster> clusters)
+{
+    std::vector<Tone> tones;
+    for (const ColorCluster &cluster : clusters) {
+        const OKLCh place = oklchFromOklab(oklabFromRgb(cluster.color));
+        if (place.chroma >= leastChroma)
+            tones.push_back({place, {cluster.color, cluster.share, 0.0}});
+    }
+    std::vector<Tone> kept;
+    for (const Tone &tone : tones) {
+        double share = 0.0;
+        for (const Tone &other : tones)
+            if (degreesBetween(tone.place.hue, other.place.hue) <= hueReach)
+                share += other.candidate.share;
+        if (share >= leastShare)
+            kept.push_back({tone.place,
+                            {tone.candidate.color, share,
+                             shareWeight * share + chromaWeight * liveliness(tone.place.chroma)}});
+    }
+    std::ranges::stable_sort(kept, std::greater(),
+                             [](const Tone &tone) { return tone.candidate.score; });
+    return kept;
+}
+
+/// Those of them, in their order, that are different from each one taken before.
+template <typename Different>
+std::vector<Tone> selected(std::span<const Tone> tones, std::vector<Tone> taken,
+                           Different different)
+{
+    for (const Tone &tone : tones) {
+        if (int(taken.size()) == PicturePalette::mostCandidates)
+            break;
+        if (std::ranges::all_of(taken, [&](const Tone &other) { return different(tone, other); }))
+            taken.push_back(tone);
+    }
+    return taken;
+}
+
+std::vector<Tone> farApartFirst(std::span<const Tone> tones)
+{
+    std::vector<Tone> taken;
+    for (int apart = farApart; apart >= hueReach; --apart)
+        taken = selected(tones, std::move(taken), [apart](const Tone &one, const Tone &other) {
+            return degreesBetween(one.place.hue, other.place.hue) >= apart;
+        });
+    return selected(tones, std::move(taken), differs);
+}
+
+std::vector<Tone> greys(std::span<const ColorCluster> clusters)
+{
+    std::vector<Tone> tones;
+    for (const auto &[color, share] : clusters)
+        tones.push_back({oklchFromOklab(oklabFromRgb(color)), {color, share, shareWeight * share}});
+    return selected(tones, {}, differs);
+}
+} // namespace
+
+PicturePalette paletteOf(std::span<const QRgb> pixels)
+{
+    const std::vector<ColorCluster> clusters = quantized(pixels, clusterCount);
+    std::vector<Tone> tones = farApartFirst(scored(clusters));
+    PicturePalette palette;
+    palette.isGrey = tones.empty() && !clusters.empty();
+    if (palette.isGrey)
+        tones = greys(clusters);
+    for (const Tone &tone : tones)
+        palette.candidates.push_back(tone.candidate);
+    return palette;
+}
