@@ -47,7 +47,6 @@ TEST_F(GenerateCommandTest, PrintsThePaletteOfAPicture)
     EXPECT_EQ(json(listed).size(), 2) << listed.err.toStdString();
     EXPECT_EQ(json(listed).at(0)["color"], "#2E8B57FF");
     EXPECT_EQ(json(listed).at(0)["share"], 0.75);
-    EXPECT_EQ(json(listed).at(0)["grey"], false);
     EXPECT_EQ(run("palette " + picture).out, "#2E8B57FF   75.0 %\n#DF7100FF   25.0 %\n");
     EXPECT_EQ(generated("--picture " + picture, "green-balloon-colors_1"), "#2E8B57FF");
 
@@ -60,8 +59,6 @@ TEST_F(GenerateCommandTest, PrintsThePaletteOfAPicture)
     put(picture, "text");
     expectRefused("palette " + picture, 1, {picture.toUtf8(), "no picture"});
     expectRefused("generate --picture " + picture, 1, {"no picture"}, own);
-    expectRefused("palette " + picture + "x", 1, {"No such file"});
-    expectRefused("palette", 2, {"needs a picture"});
     EXPECT_FALSE(QFile::exists(locations.workingCopy()));
 }
 
@@ -103,11 +100,9 @@ TEST_F(GenerateCommandTest, StartsFromAThemeInATone)
     EXPECT_EQ(generated("--color teal --base Midnight --strength 0 --lock send-button-color",
                         "send-button-color"),
               "#00D644FF");
-    for (const QString seed : {"7", "8", "18446744073709551615"})
-        EXPECT_EQ(run("generate --dry-run --seed " + seed, own).out,
-                  run("generate --dry-run --seed " + seed, own).out);
-    EXPECT_NE(run("generate --dry-run --seed 7", own).out,
-              run("generate --dry-run --seed 8", own).out);
+    const QByteArray seven = run("generate --dry-run --seed 7", own).out;
+    EXPECT_EQ(run("generate --dry-run --seed 7", own).out, seven);
+    EXPECT_NE(run("generate --dry-run --seed 8", own).out, seven);
 
     expectRefused("generate --color teal --base midnihgt", 2, {"near it: Midnight"}, own);
     expectRefused("generate --color teal --lock send-buton-color", 2, {"send-button-color"}, own);
@@ -130,6 +125,7 @@ TEST_F(GenerateCommandTest, RefusesWhatExcludesEachOther)
         {{"generate", "--seed", "1", "more"}, "'more'"},
         {{"generate", "--seed", "1", "--json"}, "--json belongs to"},
         {{"check", "--dark"}, "--dark belongs to 'generate'"},
+        {{"palette"}, "needs a picture"},
         {{"palette", "a", "b"}, "'b'"},
     };
     for (const auto &[arguments, told] : wrong) {

@@ -97,7 +97,7 @@ TEST(ReducedPicture, ReadsWhatPeopleHave)
         QRgb color;
     } pictures[] = {
         {"JPEG", encoded(plain(300, 400), "JPG"), {96, 128}, blue},
-        {"small", encoded(plain(3, 2), "BMP"), {3, 2}, blue},
+        {"BMP", encoded(plain(3, 2), "BMP"), {3, 2}, blue},
         {"wide", encoded(plain(100'001, 1), "PNG"), {128, 1}, blue},
         {"16 bits", encoded(plain(40, 30, QImage::Format_RGBA64), "PNG"), {40, 30}, blue},
         {"greys", encoded(plain(9, 9, QImage::Format_Grayscale8), "JPG"), {9, 9}, 0xFF6E6E6E},
@@ -162,7 +162,6 @@ TEST(ReducedPicture, RefusesTheRestInASentence)
         EXPECT_TRUE(picture.image.isNull()) << what;
         EXPECT_TRUE(picture.problem.contains(told))
             << what << ": " << picture.problem.toStdString();
-        EXPECT_TRUE(picture.visiblePixels().empty());
     }
     testing::internal::GetCapturedStderr();
 
@@ -171,7 +170,4 @@ TEST(ReducedPicture, RefusesTheRestInASentence)
     EXPECT_TRUE(ReducedPicture::read(file).problem.startsWith(file + ": "));
     put(file, "text");
     EXPECT_TRUE(ReducedPicture::read(file).problem.startsWith(file + ": it is no picture"));
-    EXPECT_FALSE(ReducedPicture::read(folder.path()).problem.isEmpty());
-    put(file, png);
-    EXPECT_EQ(ReducedPicture::read(file).problem.toStdString(), "");
 }
