@@ -1,6 +1,7 @@
 #include "chooser/ColorsController.h"
 
 #include "platform/UITableViewSubtitleCell.h"
+#include "theme/ColorText.h"
 #include "theme/ShownColor.h"
 #include "views/ColorSwatch.h"
 #include "views/SectionHeader.h"
@@ -14,6 +15,19 @@ namespace
 {
 const QString identifier = QStringLiteral("Color");
 } // namespace
+
+ColorsController::ColorsController()
+{
+    connect(&_screen, &ScreenColorPicker::availableChanged, this,
+            &ColorsController::picksFromScreenChanged);
+    connect(&_screen, &ScreenColorPicker::picked, this,
+            [this](const QColor &color) { emit chosen(hexStringForRgb(color.rgb())); });
+}
+
+void ColorsController::pickFromScreen()
+{
+    _screen.pick(view()->window());
+}
 
 std::shared_ptr<ColorsController> ColorsController::init(const QStringList &recent,
                                                          std::vector<ColorsAtHand::Color> inTheme)

@@ -1,6 +1,8 @@
-// The page of colours at hand: those that were used last, and those in the theme, one tap each.
+// The page of colours at hand: those that were used last, and those in the theme, one tap each; and
+// those on the screen, where the desktop lets one pick there.
 #pragma once
 
+#include "platform/ScreenColorPicker.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
 #include "theme/ColorsAtHand.h"
@@ -12,6 +14,7 @@ class ColorsController final : public UIViewController,
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the editor")
+    Q_PROPERTY(bool picksFromScreen READ picksFromScreen NOTIFY picksFromScreenChanged FINAL)
 
 public:
     static std::shared_ptr<ColorsController> init(const QStringList &recent,
@@ -27,7 +30,12 @@ public:
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
 
+    bool picksFromScreen() const { return _screen.isAvailable(); }
+    /// What is picked there is chosen.
+    Q_INVOKABLE void pickFromScreen();
+
 signals:
+    void picksFromScreenChanged();
     /// The page's button was pressed, or Escape.
     void closeTapped();
     void chosen(const QString &colorText);
@@ -40,8 +48,9 @@ private:
         QString title;
         std::vector<ColorsAtHand::Color> colors;
     };
-    ColorsController() = default;
+    ColorsController();
     const ColorsAtHand::Color &colorAt(NSIndexPath row) const;
 
+    ScreenColorPicker _screen;
     std::vector<Section> _sections; // none of them empty
 };

@@ -2,8 +2,8 @@
 // and the completion of its arguments.
 
 #include "app/CommandLine.h"
-#include "library/ThemeLibrary.h"
 #include "delivery/RememberedPhones.h"
+#include "library/ThemeLibrary.h"
 #include "support/Files.h"
 
 #include <QProcess>

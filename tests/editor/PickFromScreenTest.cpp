@@ -1,6 +1,8 @@
 #include "support/EditorFixture.h"
 
 #include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QProcess>
