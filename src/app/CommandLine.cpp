@@ -18,7 +18,10 @@ namespace
 constexpr int usageError = 2;
 
 const QString help = uR"(Usage:
-  tintloom [options] [--catalogue]      open the editor window, or the catalogue's
+  tintloom [options] [--catalogue] [THEME]
+                                        open the editor window, or the catalogue's; and there
+                                        a theme that somebody else made, the path of a file
+                                        or folder, to be kept or not
   tintloom list [options] [--json]      print every element in table order
   tintloom set [options] KEY=VALUE...   apply the edits to the current choices; the theme
                                         itself stays as it is
@@ -130,6 +133,12 @@ public:
             {u"share"_s, Share},
         };
         const auto command = commands.constFind(words[0]);
+        // What a desktop hands over to be opened is an absolute path, and so no command.
+        if (command == commands.cend() && QFileInfo::exists(words[0])) {
+            if (words.size() > 1)
+                fail(u"unexpected argument '%1'"_s.arg(words[1]));
+            return Window;
+        }
         if (command == commands.cend()) {
             fail(u"unknown command '%1'; there are %2"_s.arg(
                 words[0], QStringList(commands.keys()).join(", "_L1)));
@@ -175,6 +184,13 @@ public:
         if (_parser.isSet(option) && value.isEmpty())
             fail(u"--%1 needs the name of a file"_s.arg(option));
         return value.isEmpty() ? value : absolute(value);
+    }
+
+    /// What the window is to open, if anything.
+    QString fileToOpen() const
+    {
+        const QStringList words = _parser.positionalArguments();
+        return words.isEmpty() ? QString() : absolute(words[0]);
     }
 
     QString place() const { return absolute(_parser.positionalArguments().constLast()); }
@@ -318,6 +334,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     options.qr = reader.file(u"qr"_s);
     if (options.command == Command::Export)
         options.out = reader.place();
+    if (options.command == Command::Window)
+        options.open = reader.fileToOpen();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);

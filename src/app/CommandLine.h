@@ -55,9 +55,10 @@ struct Options {
     QStringList edits; // set, save: "KEY=VALUE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
-    QString out; // preview: the absolute path of a file, or "-" for standard output; export: of
-                 // a file or folder
-    QString qr;  // share: the absolute path of a file, or empty
+    QString out;  // preview: the absolute path of a file, or "-" for standard output; export: of
+                  // a file or folder
+    QString open; // window: the absolute path of a theme to show, or empty
+    QString qr;   // share: the absolute path of a file, or empty
 };
 
 struct Outcome {
