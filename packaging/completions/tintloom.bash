@@ -65,6 +65,8 @@ _tintloom()
             else
                 mapfile -t COMPREPLY < <(compgen -W \
                     "$(sed -n 's/^  tintloom \([a-z][a-z-]*\).*/\1/p' <<<"$help")" -- "$current")
+                # or a theme to open
+                [[ -n $current && ${#COMPREPLY[@]} -eq 0 ]] && compopt -o default 2>/dev/null
             fi
             ;;
     esac

@@ -153,7 +153,7 @@ int runThemes(const CommandLine::Options &options)
         complain(library->refusal());
         return failed;
     }
-    const ThemeList list = ThemeList::load(options.resources, library->names());
+    const ThemeList list = ThemeList::load(options.resources, library->themes());
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
         return failed;

@@ -86,7 +86,14 @@ public:
         if (words.isEmpty())
             return CommandLine::Command::Window;
         const auto form = std::ranges::find(forms, words[0], &Form::name);
-        if (form == std::end(forms)) {
+        const bool isKnown = form != std::end(forms);
+        // What a desktop hands over to be opened is an absolute path, and so no command.
+        if (!isKnown && QFileInfo::exists(words[0])) {
+            if (words.size() > 1)
+                fail(u"unexpected argument '%1'"_s.arg(words[1]));
+            return CommandLine::Command::Window;
+        }
+        if (!isKnown) {
             QStringList names;
             for (const Form &known : forms)
                 names += known.name;
@@ -118,6 +125,13 @@ public:
         if (_parser.isSet(option) && value.isEmpty())
             fail(u"--%1 needs the name of a file"_s.arg(option));
         return value.isEmpty() ? value : absolute(value);
+    }
+
+    /// What the window is to open, if anything.
+    QString fileToOpen() const
+    {
+        const QStringList words = _parser.positionalArguments();
+        return words.isEmpty() ? QString() : absolute(words[0]);
     }
 
     QString place() const { return absolute(_parser.positionalArguments().constLast()); }

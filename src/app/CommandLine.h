@@ -67,9 +67,10 @@ struct Options {
     bool back = false;
     QString picture;          // palette: a file, as typed
     GenerateOptions generate; // generate
-    QString out; // preview: the absolute path of a file, or "-" for standard output; export: of
-                 // a file or folder
-    QString qr;  // share: the absolute path of a file, or empty
+    QString out;  // preview: the absolute path of a file, or "-" for standard output; export: of
+                  // a file or folder
+    QString open; // window: the absolute path of a theme to show, or empty
+    QString qr;   // share: the absolute path of a file, or empty
 };
 
 struct Outcome {

@@ -5,7 +5,10 @@ using namespace Qt::StringLiterals;
 QString helpText()
 {
     return uR"(Usage:
-  tintloom [options] [--catalogue]      open the editor window, or the catalogue's
+  tintloom [options] [--catalogue] [THEME]
+                                        open the editor window, or the catalogue's; and there
+                                        a theme that somebody else made, the path of a file
+                                        or folder, to be kept or not
   tintloom list [options] [--json]      print every element in table order
   tintloom set [options] KEY=VALUE...   apply the edits to the current choices; the theme
                                         itself stays as it is

@@ -4,14 +4,9 @@
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "app/ThemeSubject.h"
-#include "catalogue/SelectedTheme.h"
-#include "library/ChosenPackage.h"
-#include "library/EditedTheme.h"
-#include "library/ThemeLibrary.h"
-#include "library/ThemeName.h"
+#include "catalogue/KeptThemeChanges.h"
+#include "library/KeepChoices.h"
 #include "platform/foundation/NSFileManager.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using Outcome = LibraryResult::Outcome;
@@ -21,19 +16,14 @@ namespace
 constexpr int failed = 1;
 constexpr int wrongUsage = 2;
 
-/// The folders and the library, locked in the order in which everybody locks them.
-struct Opened {
-    std::shared_ptr<WorkingCopyKeeper> keeper; // null: refused, which standard error says
-    std::shared_ptr<ThemeLibrary> library;
-    QString preferences;
-};
-
-Opened opened(const CommandLine::Options &options)
+/// Null: refused, which standard error says.
+std::unique_ptr<KeptThemeChanges> opened(const CommandLine::Options &options)
 {
-    Opened result{openKeeper(options), {}, locationsOf(options).preferences()};
-    if (result.keeper)
-        result.library = ThemeLibrary::open(options.documents);
-    return result;
+    auto changes = std::make_unique<KeptThemeChanges>(locationsOf(options));
+    if (changes->refusal().isEmpty())
+        return changes;
+    complain(changes->refusal());
+    return nullptr;
 }
 
 int refused(const LibraryResult &result, const QString &hint = {})
@@ -50,110 +40,69 @@ int refusedOf(const LibraryResult &result, const QString &name, const ThemeLibra
                                : QString());
 }
 
-int told(const LibraryResult &result, const QString &preferences, const std::error_code &error,
-         const QString &hint = {})
+int told(const CommandLine::Options &options, const LibraryResult &result,
+         const std::error_code &error, const QString &hint = {})
 {
     if (error) {
+        const QString preferences = locationsOf(options).preferences();
         complain(u"%1; but cannot write %2"_s.arg(result.sentence,
                                                   NSFileManager::withReason(preferences, error)));
         return failed;
     }
     return print((result.sentence + u'\n' + hint).toUtf8());
 }
-
-bool isSame(const std::optional<QString> &name, const QString &other)
-{
-    return name && ThemeName::isSame(*name, other.trimmed());
-}
-
-/// Adds what belongs to the theme that the choices were made from or, where nobody knows which one
-/// that is, to the one that is replaced. Why that cannot be read, for people; else empty.
-QString addGuests(const CommandLine::Options &options, const Opened &opened,
-                  PackageContents &package)
-{
-    auto origin = EditedTheme(opened.preferences).name();
-    if (!origin || !opened.library->find(*origin))
-        origin = options.replace ? std::optional(options.theme) : std::nullopt;
-    if (!origin || !opened.library->find(*origin))
-        return {};
-    const auto [contents, result] = opened.library->read(*origin);
-    if (!contents)
-        return result.sentence;
-    const auto elements = ElementDataSource::loadWith(options.resources, &contents->info);
-    addGuestsOf(*contents, elements, package);
-    return {};
-}
 } // namespace
 
 int runKeep(const CommandLine::Options &options)
 {
-    const Opened opened = ::opened(options);
-    if (!opened.keeper)
+    const auto changes = opened(options);
+    if (!changes)
         return failed;
     const auto [elements, status] = currentChoices(options);
     if (!elements)
         return status;
-    PackageContents package = packageContents(*elements, options.theme, options.scale);
-    if (std::ranges::any_of(package.files, [](auto &file) { return file.second.isEmpty(); })) {
-        complain(u"not enough memory for the pictures; nothing kept"_s);
-        return failed;
-    }
-    if (const QString problem = addGuests(options, opened, package); !problem.isEmpty()) {
-        complain(problem + "; nothing kept"_L1);
-        return failed;
-    }
-    const auto result = opened.library->keep(package, options.theme,
-                                             options.replace ? ThemeLibrary::IfTaken::Replace
-                                                             : ThemeLibrary::IfTaken::Refuse);
+    const auto [result, unnoted] = keepChoices(
+        {*elements, options.resources, locationsOf(options), options.scale}, options.theme,
+        options.replace ? ThemeLibrary::IfTaken::Replace : ThemeLibrary::IfTaken::Refuse,
+        changes->library());
     if (result.outcome == Outcome::NameTaken)
         return refused(result, u"--replace puts the choices in its place"_s);
     if (!result.isDone())
         return refused(result);
-    return told(result, opened.preferences, EditedTheme(opened.preferences).set(result.name));
+    return told(options, result, unnoted);
 }
 
 int runRename(const CommandLine::Options &options)
 {
-    const Opened opened = ::opened(options);
-    if (!opened.keeper)
+    const auto changes = opened(options);
+    if (!changes)
         return failed;
-    const auto result = opened.library->rename(options.theme, options.newName);
-    if (!result.isDone())
-        return refusedOf(result, options.theme, *opened.library);
-    std::error_code error;
-    if (EditedTheme edited(opened.preferences); isSame(edited.name(), options.theme))
-        error = edited.set(result.name);
-    if (SelectedTheme selected(opened.preferences);
-        !error && selected.isKept() && isSame(selected.name(), options.theme))
-        error = selected.set(result.name, true);
-    return told(result, opened.preferences, error);
+    const auto [result, unnoted] = changes->rename(options.theme, options.newName);
+    return result.isDone() ? told(options, result, unnoted)
+                           : refusedOf(result, options.theme, changes->library());
 }
 
 int runDuplicate(const CommandLine::Options &options)
 {
-    const Opened opened = ::opened(options);
-    if (!opened.keeper)
+    const auto changes = opened(options);
+    if (!changes)
         return failed;
-    const auto result = opened.library->duplicate(options.theme, options.newName);
-    return result.isDone() ? told(result, opened.preferences, {})
-                           : refusedOf(result, options.theme, *opened.library);
+    const auto result = changes->library().duplicate(options.theme, options.newName);
+    return result.isDone() ? told(options, result, {})
+                           : refusedOf(result, options.theme, changes->library());
 }
 
 int runRemove(const CommandLine::Options &options)
 {
-    const Opened opened = ::opened(options);
-    if (!opened.keeper)
+    const auto changes = opened(options);
+    if (!changes)
         return failed;
     if (options.undo) {
-        const auto result = opened.library->putBack(options.theme);
-        return result.isDone() ? told(result, opened.preferences, {}) : refused(result);
+        const auto result = changes->library().putBack(options.theme);
+        return result.isDone() ? told(options, result, {}) : refused(result);
     }
-    const auto result = opened.library->remove(options.theme);
-    if (!result.isDone())
-        return refusedOf(result, options.theme, *opened.library);
-    std::error_code error;
-    if (EditedTheme edited(opened.preferences); isSame(edited.name(), options.theme))
-        error = edited.set(std::nullopt);
-    return told(result, opened.preferences, error,
-                u"\"tintloom remove --undo NAME\" does that.\n"_s);
+    const auto [result, unnoted] = changes->remove(options.theme);
+    return result.isDone()
+               ? told(options, result, unnoted, u"\"tintloom remove --undo NAME\" does that.\n"_s)
+               : refusedOf(result, options.theme, changes->library());
 }

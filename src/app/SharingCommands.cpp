@@ -2,13 +2,11 @@
 
 #include "app/PackageSubject.h"
 #include "app/StandardStreams.h"
-#include "library/ChosenPackage.h"
-#include "library/OpenedTheme.h"
+#include "library/KeepChoices.h"
 #include "library/QrPicture.h"
 #include "library/ShareLoss.h"
 #include "library/ShareText.h"
 #include "library/ThemeExport.h"
-#include "library/ThemeLibrary.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QBuffer>
@@ -30,17 +28,15 @@ ThemeOpening openTyped(const ThemeOpener &opener, const QString &typed)
 
 LibraryResult keep(const OpenedTheme &opened, const CommandLine::Options &options)
 {
-    const auto elements = ElementDataSource::loadWith(options.resources, &opened.contents.info);
-    const PackageContents package =
-        completedPackage(opened, packageContents(elements, opened.name, options.scale));
     const auto library = ThemeLibrary::open(options.documents);
     const auto ifTaken =
         options.replace ? ThemeLibrary::IfTaken::Replace : ThemeLibrary::IfTaken::Refuse;
     const bool isAsked = !options.newName.isEmpty();
-    const auto result = library->keep(package, isAsked ? options.newName : opened.name, ifTaken);
-    return result.outcome == Outcome::NameTaken && !isAsked
-               ? library->keep(package, result.name, ifTaken)
-               : result;
+    const auto keepAs = [&](const QString &name) {
+        return keepOpened(opened, name, ifTaken, options.resources, options.scale, *library);
+    };
+    const auto result = keepAs(isAsked ? options.newName : opened.name);
+    return result.outcome == Outcome::NameTaken && !isAsked ? keepAs(result.name) : result;
 }
 
 /// PNG.

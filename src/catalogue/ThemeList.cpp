@@ -36,7 +36,7 @@ QString ThemeRecord::subtitle() const
     return active ? details : u"Coming soon!"_s;
 }
 
-ThemeList ThemeList::load(const QString &resources, const QStringList &kept)
+ThemeList ThemeList::load(const QString &resources, const std::vector<KeptTheme> &kept)
 {
     const QString path = resources + "/themes.plist"_L1;
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
@@ -47,7 +47,8 @@ ThemeList ThemeList::load(const QString &resources, const QStringList &kept)
     return list;
 }
 
-ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path, const QStringList &kept)
+ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path,
+                           const std::vector<KeptTheme> &kept)
 {
     ThemeList list;
     const auto items = PropertyList::readArray(bytes);
@@ -61,18 +62,21 @@ ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path, const Q
             NSLog(u"Theme %@ of %@ has no section or no name"_s, {QString::number(index), path});
             continue;
         }
-        list.append(*record);
+        list._records.push_back(*record);
     }
-    for (const QString &name : kept)
-        list.append({ThemeRecord::keptSection(), name, {}, true, true});
-    list._sections.sort();
+    list.setKept(kept);
     return list;
 }
 
-void ThemeList::append(const ThemeRecord &record)
+void ThemeList::setKept(const std::vector<KeptTheme> &kept)
 {
-    _sections.append(record.section, int(_records.size()));
-    _records.push_back(record);
+    std::erase_if(_records, [](const ThemeRecord &record) { return record.kept; });
+    for (const KeptTheme &theme : kept)
+        _records.push_back({ThemeRecord::keptSection(), theme.name, {}, true, true, theme.folder});
+    _sections = {};
+    for (size_t index = 0; index < _records.size(); ++index)
+        _sections.append(_records[index].section, int(index));
+    _sections.sort();
 }
 
 const ThemeRecord &ThemeList::record(int section, int row) const
@@ -106,10 +110,15 @@ QStringList ThemeList::installableNames() const
     return names;
 }
 
+bool isThemeFolderName(const QString &name)
+{
+    return !name.isEmpty() && name != "."_L1 && name != ".."_L1 && !name.contains(u'/') &&
+           !name.contains(QChar(u'\0'));
+}
+
 std::optional<QString> themeResourceFolder(const QString &resources, const QString &name)
 {
-    if (name.isEmpty() || name == "."_L1 || name == ".."_L1 || name.contains(u'/') ||
-        name.contains(QChar(u'\0'))) {
+    if (!isThemeFolderName(name)) {
         NSLog(u"No theme folder can have the name \"%@\""_s, {name});
         return std::nullopt;
     }

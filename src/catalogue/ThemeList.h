@@ -11,6 +11,7 @@
 // user's kept themes stand in the list as well, in a section of their own.
 #pragma once
 
+#include "library/KeptThemes.h"
 #include "platform/foundation/TableSections.h"
 
 #include <QString>
@@ -24,7 +25,8 @@ struct ThemeRecord {
     QString name;
     QString details;
     bool active = false;
-    bool kept = false; // one of the user's own, which the library holds
+    bool kept = false;   // one of the user's own, which the library holds
+    QString folder = {}; // of a kept one: its path
 
     bool isCustom() const { return !kept && section == QLatin1String("Custom"); }
     /// The row that stands for what the editor makes.
@@ -35,6 +37,7 @@ struct ThemeRecord {
     static QString keptSection() { return QStringLiteral("My Themes"); }
     /// What stands under the name.
     QString subtitle() const;
+    bool operator==(const ThemeRecord &) const = default;
 };
 
 class ThemeList
@@ -42,11 +45,13 @@ class ThemeList
 public:
     /// Never throws. A missing or unreadable list is an empty one; a record that is no dictionary,
     /// or has no section or name of type string, is left out and logged by its index.
-    /// The kept themes' names stand in their section in the order given.
-    static ThemeList load(const QString &resources, const QStringList &kept = {});
+    /// The kept themes stand in their section in the order given.
+    static ThemeList load(const QString &resources, const std::vector<KeptTheme> &kept = {});
     /// The same from a list's bytes; the path is for messages.
     static ThemeList parse(const QByteArray &bytes, const QString &path,
-                           const QStringList &kept = {});
+                           const std::vector<KeptTheme> &kept = {});
+    /// Other kept themes in place of those before.
+    void setKept(const std::vector<KeptTheme> &kept);
     /// Why the list could not be read, for people; else empty.
     const QString &problem() const { return _problem; }
 
@@ -65,12 +70,14 @@ public:
 private:
     /// All records in the order of the table.
     std::vector<const ThemeRecord *> rows() const;
-    void append(const ThemeRecord &record);
 
     QString _problem;
-    std::vector<ThemeRecord> _records; // in the order of the file
+    std::vector<ThemeRecord> _records; // in the order of the file, the kept ones last
     TableSections _sections;
 };
+
+/// Whether a folder in the resource folder can have that name.
+bool isThemeFolderName(const QString &name);
 
 /// Path of the folder that holds a theme's package, whether there is one or not. Nothing, and a log
 /// line, when the name would lead out of the resource folder.

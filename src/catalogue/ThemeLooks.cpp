@@ -1,6 +1,5 @@
 #include "catalogue/ThemeLooks.h"
 
-#include "catalogue/ThemeList.h"
 #include "catalogue/ThemePackage.h"
 #include "platform/foundation/NSLog.h"
 #include "preview/PreviewThumbnail.h"
@@ -10,12 +9,9 @@ namespace
 // A picture takes some 20 KB. A list that is longer makes again what was seen long ago.
 constexpr qsizetype mostLooks = 400;
 
-ThemeLook lookOf(const QString &resources, const QString &theme, double scale)
+ThemeLook lookOf(const QString &resources, const QString &folder, double scale)
 {
-    const auto folder = themeResourceFolder(resources, theme);
-    if (!folder)
-        return {};
-    const ThemePackage package = ThemePackage::read(resources, *folder);
+    const ThemePackage package = ThemePackage::read(resources, folder);
     if (!package.elements) {
         if (!package.isMissing)
             NSLog("No picture of a theme: %@", {package.problem});
@@ -32,19 +28,26 @@ ThemeLooks::ThemeLooks(QString resources) : _resources(std::move(resources)), _l
 {
 }
 
-ThemeLook ThemeLooks::look(const QString &theme, double scale)
+ThemeLook ThemeLooks::look(const QString &folder, double scale)
 {
-    const Key key(theme, scale);
-    if (const ThemeLook *known = _looks.object(key))
-        return *known;
-    if (!_beingMade.contains(key))
+    const Key key(folder, scale);
+    const ThemeLook *known = _looks.object(key);
+    if ((!known || _outdated.contains(key)) && !_beingMade.contains(key))
         make(key);
-    return {};
+    return known ? *known : ThemeLook();
+}
+
+void ThemeLooks::noteChangesBelow(const QString &folder)
+{
+    for (const Key &key : _looks.keys() + _beingMade.values())
+        if (key.first.startsWith(folder + u'/'))
+            _outdated.insert(key);
 }
 
 void ThemeLooks::make(const Key &key)
 {
     _beingMade.insert(key);
+    _outdated.remove(key);
     const std::weak_ptr<void> alive = _alive;
     // Begun when the main thread has nothing else to do: it is about to draw what asks.
     MainQueue::async([this, key, alive] {

@@ -1,4 +1,5 @@
-// What the ready-made themes look like: for each a palette, for the preview, and a small picture.
+// What the themes of the catalogue look like: for each a palette, for the preview, and a small
+// picture.
 //
 // A look is made from the theme's package when it is first asked for, on a queue, and kept: once
 // for each theme and scale. Who asks never waits, and is told when there is something to see.
@@ -30,13 +31,16 @@ class ThemeLooks : public QObject
 public:
     explicit ThemeLooks(QString resources);
 
-    /// The look of a ready-made theme, its picture at so many pixels per point. An empty one as
-    /// long as it is being made, and for good where there is nothing to see.
-    ThemeLook look(const QString &theme, double scale);
+    /// The look of the theme whose package is in that folder, its picture at so many pixels per
+    /// point. An empty one as long as it is being made, and for good where there is nothing to see.
+    ThemeLook look(const QString &folder, double scale);
+    /// Themes below that folder may have changed. Their looks are made again when they are asked
+    /// for; until then the old ones are better than none.
+    void noteChangesBelow(const QString &folder);
 
 signals:
-    /// The theme can be seen now, at the scale that was asked for.
-    void ready(const QString &theme);
+    /// The theme in that folder can be seen now, at the scale that was asked for.
+    void ready(const QString &folder);
 
 private:
     using Key = std::pair<QString, double>;
@@ -46,6 +50,7 @@ private:
     const QString _resources;
     QCache<Key, ThemeLook> _looks;
     QSet<Key> _beingMade;
+    QSet<Key> _outdated;
     std::optional<DispatchQueue> _queue; // since there was something to make
     // Goes before the queue, which then only passes over what still waits.
     std::shared_ptr<void> _alive = std::make_shared<char>();

@@ -92,6 +92,7 @@ void CustomViewController::viewDidAppear(bool)
 {
     markWindow();
     _preview->viewDidAppear();
+    QMetaObject::invokeMethod(&_themes, &EditorThemes::showName, Qt::QueuedConnection);
     QMetaObject::invokeMethod(this, &CustomViewController::offerDraft, Qt::QueuedConnection);
 }
 
@@ -142,6 +143,7 @@ void CustomViewController::viewDidLayoutSubviews()
 void CustomViewController::prepareForTermination()
 {
     _saving.finish();
+    _themes.desk().finish();
     _chooserPresentation.remove();
     _delegate.reset();
 }
@@ -376,12 +378,15 @@ void CustomViewController::markWindow()
 
 void CustomViewController::moreButtonTap()
 {
-    _menu = ActionMenu::show(tr("Theme"), EditorActions::forTheme(*this));
+    Actions actions = EditorActions::forTheme(*this);
+    actions.push_back(_themes.openCopied());
+    _menu = ActionMenu::show(tr("Theme"), std::move(actions));
 }
 
 bool CustomViewController::keyPressed(int key, Qt::KeyboardModifiers modifiers)
 {
-    return performShortcut(EditorActions::forTheme(*this), key, modifiers);
+    return performShortcut(EditorActions::forTheme(*this), key, modifiers) ||
+           (key == Qt::Key_V && performShortcut({_themes.openCopied()}, key, modifiers));
 }
 
 void CustomViewController::saveButtonTap()
@@ -426,6 +431,16 @@ void CustomViewController::finishSave(const ElementDataSource &saved, const Save
         "Your theme has been saved. Check biteSMS for \"Tintloom\" under themes then select "
         "\"Apply Theme\".",
         std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
+}
+
+void CustomViewController::startAnew()
+{
+    ElementDataSource read = ElementDataSource::load(_folders.resources, _folders.theme.documents);
+    if (read.status() != ElementDataSource::Status::Loaded ||
+        !_document->startAnew(std::move(read)))
+        return _overlays->setNotice(
+            tr("The list of elements is another one now. Start Tintloom again to edit the theme."));
+    _themes.showName();
 }
 
 void CustomViewController::applicationShouldBecomeActive()

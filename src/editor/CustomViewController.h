@@ -19,6 +19,7 @@
 #include "editor/EditorFindings.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
+#include "editor/EditorThemes.h"
 #include "editor/ElementRow.h"
 #include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
@@ -125,10 +126,16 @@ public:
     /// Brings up the sheet of what can be done with the whole theme.
     Q_INVOKABLE void moreButtonTap();
     bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override;
+    bool takesDrop(const QMimeData &data) override { return _themes.takesDrop(data); }
+    bool drop(const QMimeData &data) override { return _themes.drop(data); }
     /// Saves the theme; returns at once. Refused with a notice, and nothing touched: a document
     /// without elements to save, because saving it would wipe the user's choices, and folders at
     /// which another Tintloom is busy for long. Nothing while a save is going on.
     void save();
+
+    /// Reads the choices anew, which somebody has replaced on the disk: what was chosen here is
+    /// gone with its history and its draft. Whoever has replaced them still holds the keeper.
+    void startAnew();
 
     /// Brings the first of these elements that has a row into sight, where it flashes.
     void reveal(const std::vector<int> &indexes);
@@ -143,6 +150,7 @@ public:
     void showLoaderWithLabel(const QString &label) { _saving.start(label); }
     void removeLoader() { _saving.stop(); }
     bool isLoading() const { return _saving.isRunning(); }
+    ScreenWork &work() { return _saving; }
 
     /// What could not be written at the last save, a path a line; empty when there is nothing to
     /// say.
@@ -150,6 +158,7 @@ public:
     ScreenOverlays *overlays() const { return _overlays; }
     EditorPreview *preview() const { return _preview; }
     EditorFindings *findings() const { return _findings.get(); }
+    EditorThemes *themes() { return &_themes; }
     /// Null before the view is loaded.
     UITableView *tableView() const { return _tableView; }
 
@@ -203,4 +212,5 @@ private:
     std::unique_ptr<EditorFindings> _findings;
     EditorColors _colors{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
+    EditorThemes _themes{*this, _saving, _folders};
 };

@@ -7,6 +7,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <iterator>
+
 namespace
 {
 QString tr(const char *text)
@@ -58,6 +61,7 @@ Actions EditorActions::forTheme(CustomViewController &editor)
                        {Qt::CTRL | Qt::Key_P}});
     actions.push_back({tr("Check Colors"), [&editor] { editor.findings()->showPage(); },
                        !editor.isLoading() && !editor.isChooserOpen()});
+    std::ranges::move(editor.themes()->actions(), std::back_inserter(actions));
     // Its strip may have made room for another one.
     actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
                        editor.isDraftOffered()});

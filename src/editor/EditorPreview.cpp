@@ -37,6 +37,8 @@ void EditorPreview::viewDidAppear()
     if (UIWindow *window = UIWindow::keyWindow())
         connect(window, &UIWindow::paneChanged, this, &EditorPreview::offeredChanged,
                 Qt::UniqueConnection);
+    if (const Action themes = _editor.themes()->themes(); themes.applies)
+        _model->setTool(themes.title, themes.perform);
     emit offeredChanged();
     updateAttention();
     updateInteractive();
@@ -47,6 +49,7 @@ void EditorPreview::viewWillDisappear()
     if (!_model)
         return;
     _model->disconnect(this);
+    _model->setTool({}, {});
     _model->setAttention({});
 }
 

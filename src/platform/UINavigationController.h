@@ -55,6 +55,8 @@ public:
     {
         return topViewController()->keyPressed(key, modifiers);
     }
+    bool takesDrop(const QMimeData &data) override { return topViewController()->takesDrop(data); }
+    bool drop(const QMimeData &data) override { return topViewController()->drop(data); }
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
     void viewDidAppear(bool animated) override;

@@ -89,9 +89,10 @@ void UITableView::reloadData()
                                _dataSource->numberOfRowsInSection(section) * _rowHeight);
     _selectedRow = _pressedRow = _flashingRow = {};
     emit contentHeightChanged();
-    if (std::exchange(_currentRow, NSIndexPath{}).isValid())
+    const bool hadCurrentRow = std::exchange(_currentRow, NSIndexPath{}).isValid();
+    updateHoveredRow(); // first: who is told asks for that row, too
+    if (hadCurrentRow)
         emit focusedRowChanged();
-    updateHoveredRow();
     polish();
 }
 

@@ -5,6 +5,7 @@
 // for the main thread; but whoever lets go of a controller last, it dies on the main thread.
 #pragma once
 
+#include <QMimeData>
 #include <QObject>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -54,6 +55,19 @@ public:
     {
         Q_UNUSED(key)
         Q_UNUSED(modifiers)
+        return false;
+    }
+
+    /// Whether something that is dragged over the window is wanted; and takes it when it has been
+    /// dropped, which is true when it was used.
+    virtual bool takesDrop(const QMimeData &data)
+    {
+        Q_UNUSED(data)
+        return false;
+    }
+    virtual bool drop(const QMimeData &data)
+    {
+        Q_UNUSED(data)
         return false;
     }
 

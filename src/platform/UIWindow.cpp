@@ -1,5 +1,6 @@
 #include "platform/UIWindow.h"
 
+#include "platform/DropTarget.h"
 #include "platform/QMLViews.h"
 #include "platform/foundation/UIScreen.h"
 
@@ -19,6 +20,13 @@ UIWindow *theKeyWindow = nullptr;
 
 UIWindow::UIWindow(std::optional<QSize> size)
     : _fontSearch([] { FcInit(); }),
+      _dropTarget(new DropTarget(
+          [this](const QMimeData &data, DropTarget::Act act) {
+              return !_presented && _rootViewController &&
+                     (act == DropTarget::Act::Ask ? _rootViewController->takesDrop(data)
+                                                  : _rootViewController->drop(data));
+          },
+          contentItem())),
       _stage(new QQuickItem(contentItem())),
       _stageWidth(size ? std::nullopt : std::optional(UIScreen::mainScreen().size().width()))
 {
@@ -61,10 +69,23 @@ void UIWindow::makeKeyAndVisible()
 
 void UIWindow::setDocumentEdited(bool isEdited)
 {
-    if (std::exchange(_isDocumentEdited, isEdited) == isEdited)
-        return;
-    const QString mark = QStringLiteral("*"); // as desktops have it
-    setTitle(isEdited ? title() + mark : title().chopped(mark.size()));
+    if (std::exchange(_isDocumentEdited, isEdited) != isEdited)
+        showTitle();
+}
+
+void UIWindow::setDocumentName(const QString &name)
+{
+    if (std::exchange(_documentName, name) != name)
+        showTitle();
+}
+
+void UIWindow::showTitle()
+{
+    const QString program = QStringLiteral("Tintloom");
+    const QString mark = _isDocumentEdited ? QStringLiteral("*") : QString(); // as desktops have it
+    setTitle(
+        (_documentName.isEmpty() ? program : _documentName + QStringLiteral(" \u2013 ") + program) +
+        mark);
 }
 
 void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller)
@@ -187,6 +208,7 @@ void UIWindow::layOut()
     UIScreen::mainScreen().setSize(_layout.stage.size());
     _stage->setPosition(_layout.stage.topLeft());
     _stage->setSize(_layout.stage.size());
+    _dropTarget->setSize(size());
     if (_rootViewController)
         _rootViewController->view()->setSize(_stage->size());
     if (_presented)
@@ -234,6 +256,7 @@ void UIWindow::giveInputToTop()
                             : _actionSheetLayer ? _actionSheetLayer
                                                 : _stage;
     _stage->setEnabled(top == _stage);
+    _dropTarget->setEnabled(top == _stage);
     if (_pane && _pane->view())
         _pane->view()->setEnabled(top == _stage);
     if (_actionSheetLayer)

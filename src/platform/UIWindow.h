@@ -37,6 +37,8 @@ public:
     /// The window that was last made key, or null.
     static UIWindow *keyWindow();
     void makeKeyAndVisible();
+    /// Says in the title what the window is at; empty: only the program.
+    void setDocumentName(const QString &name);
     /// Says in the title whether something in the window has not been saved yet.
     void setDocumentEdited(bool isEdited);
     void setRootViewController(std::shared_ptr<UIViewController> controller);
@@ -82,6 +84,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void showTitle();
     WindowLayout layoutFor(bool wantsPane) const;
     /// The phone's screen is the stage: its size follows, whatever else the window has room for.
     void layOut();
@@ -96,7 +99,9 @@ private:
     std::jthread _fontSearch; // while the engine is made; both take long and need nothing else
     QQmlEngine _engine;
     std::unique_ptr<QQmlComponent> _firstRead;
+    QString _documentName;
     bool _isDocumentEdited = false;
+    QQuickItem *_dropTarget;                 // below everything else
     QQuickItem *_stage;                      // everything below sheets and alerts
     const std::optional<double> _stageWidth; // that was asked for
     WindowLayout _layout;

@@ -3,6 +3,7 @@
 #include <QUndoCommand>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 /// One step of the history: the same elements before and after it, in document order.
@@ -160,6 +161,25 @@ ThemeDocument::Changes ThemeDocument::unsavedChanges() const
     for (const auto &[index, saved] : _savedInstead)
         changes.push_back({index, record(index).choice()});
     return changes;
+}
+
+bool ThemeDocument::startAnew(ElementDataSource elements)
+{
+    if (!std::ranges::equal(elements.tableSource(), _elements.tableSource(), {},
+                            &ElementRecord::key, &ElementRecord::key))
+        return false;
+    const bool hadUnsaved = hasUnsavedChanges();
+    dropPassingColor();
+    _history.clear();
+    _savedInstead.clear();
+    _elements = std::move(elements);
+    std::vector<int> all(_elements.tableSource().size());
+    std::iota(all.begin(), all.end(), 0);
+    emit changed(all);
+    emit saved();
+    if (hadUnsaved)
+        emit unsavedChanged();
+    return true;
 }
 
 void ThemeDocument::noteSaved(const ElementDataSource &snapshot)

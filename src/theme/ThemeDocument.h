@@ -64,6 +64,10 @@ public:
     bool hasUnsavedChanges() const { return !_savedInstead.empty(); }
     /// Every element whose choice is not the saved one, with its choice, in document order.
     Changes unsavedChanges() const;
+    /// Other choices take the place of all, and count as saved; the history begins anew, since its
+    /// steps lead between states that are gone. False, and nothing done, with another list of
+    /// elements.
+    bool startAnew(ElementDataSource elements);
     /// A snapshot has reached the disk. The history stays.
     void noteSaved(const ElementDataSource &snapshot);
 

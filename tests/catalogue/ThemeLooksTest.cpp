@@ -24,12 +24,13 @@ struct ThemeLooksTest : ThemeFixture {
     }
     void TearDown() override { NSFileManager::setFaultHook({}); }
 
+    QString folderOf(const QString &theme) const { return resources + '/' + theme; }
     /// Asks until the theme can be seen; those asked for before it have their answer then, too.
-    static ThemeLook waitFor(ThemeLooks &looks, const QString &theme, double scale)
+    static ThemeLook waitFor(ThemeLooks &looks, const QString &folder, double scale)
     {
-        while (!looks.look(theme, scale).palette)
+        while (!looks.look(folder, scale).palette)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        return looks.look(theme, scale);
+        return looks.look(folder, scale);
     }
     static QRgb balloonOf(const ThemeLook &look)
     {
@@ -50,16 +51,16 @@ TEST_F(ThemeLooksTest, MakesEachLookOnceForAScaleAndTellsWhenItIsThere)
         QStringList ready;
         QObject::connect(&looks, &ThemeLooks::ready,
                          [&ready](const QString &theme) { ready += theme; });
-        EXPECT_TRUE(looks.look("Red", 2.0).picture.isNull()); // nobody waits
-        const ThemeLook blue = waitFor(looks, "Blue", 2.0);
-        const ThemeLook red = looks.look("Red", 2.0);
-        EXPECT_EQ(ready, (QStringList{"Red", "Blue"}));
+        EXPECT_TRUE(looks.look(folderOf("Red"), 2.0).picture.isNull()); // nobody waits
+        const ThemeLook blue = waitFor(looks, folderOf("Blue"), 2.0);
+        const ThemeLook red = looks.look(folderOf("Red"), 2.0);
+        EXPECT_EQ(ready, (QStringList{folderOf("Red"), folderOf("Blue")}));
         EXPECT_EQ(balloonOf(red), 0xFFFF0000);
         EXPECT_EQ(balloonOf(blue), 0xFF0000FF);
         EXPECT_EQ(red.palette->color(PreviewElement::ConversationBackground), 0xFFEEEEEE);
         EXPECT_EQ(red.picture, previewThumbnail(*red.palette, 2.0));
-        EXPECT_EQ(waitFor(looks, "Red", 3.0).picture.width(), 108);
-        EXPECT_EQ(looks.look("Red", 2.0).picture.cacheKey(), red.picture.cacheKey());
+        EXPECT_EQ(waitFor(looks, folderOf("Red"), 3.0).picture.width(), 108);
+        EXPECT_EQ(looks.look(folderOf("Red"), 2.0).picture.cacheKey(), red.picture.cacheKey());
     }
     EXPECT_EQ(reads, 3);
 }
@@ -70,11 +71,11 @@ TEST_F(ThemeLooksTest, SaysOnceWhatCannotBeReadAndNothingOfWhatIsNotThere)
     testing::internal::CaptureStderr();
     for (int time = 0; time < 2; ++time) {
         for (const QString theme : {"Broken", "Announced"})
-            looks.look(theme, 2.0);
-        waitFor(looks, "Red", 1.0 + time);
+            looks.look(folderOf(theme), 2.0);
+        waitFor(looks, folderOf("Red"), 1.0 + time);
         for (const QString theme : {"Broken", "Announced"})
-            EXPECT_FALSE(looks.look(theme, 2.0).palette ||
-                         !looks.look(theme, 2.0).picture.isNull());
+            EXPECT_FALSE(looks.look(folderOf(theme), 2.0).palette ||
+                         !looks.look(folderOf(theme), 2.0).picture.isNull());
     }
     const auto log = QString::fromStdString(testing::internal::GetCapturedStderr());
     EXPECT_EQ(log.count('\n'), 1) << log.toStdString();
@@ -91,7 +92,7 @@ TEST_F(ThemeLooksTest, MayGoWhileALookIsBeingMade)
     {
         ThemeLooks looks(resources);
         for (int scale = 1; scale <= 500; ++scale)
-            looks.look("Red", scale / 100.0);
+            looks.look(folderOf("Red"), scale / 100.0);
         while (reads == 0) // until one is under way
             QCoreApplication::processEvents();
     }

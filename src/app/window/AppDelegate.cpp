@@ -9,7 +9,9 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
 
 bool AppDelegate::didFinishLaunchingWithOptions()
 {
@@ -28,6 +30,8 @@ bool AppDelegate::didFinishLaunchingWithOptions()
         [window = _window.get()] { window->setIcon(QIcon(":/images/tintloom.png")); },
         Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     addPreview();
+    if (!_start.open.isEmpty())
+        openGiven();
     _window->makeKeyAndVisible();
 
     if (_start.root == Root::Catalogue) {
@@ -38,6 +42,7 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     }
     const auto editor = CustomViewController::initFromAppDelegate(_folders);
     editor->preview()->setModel(&_preview);
+    _editorCatalogue = std::make_unique<EditorCatalogue>(editor, _folders, &_preview);
     setRoot(editor);
     return editor->source().status() != ElementDataSource::Status::Unusable;
 }
@@ -65,6 +70,17 @@ void AppDelegate::addPreview()
                              NSLog("Cannot remember whether the preview is shown: %@",
                                    {QString::fromStdString(error.message())});
                      });
+}
+
+void AppDelegate::openGiven()
+{
+    const auto open = [this] {
+        QMimeData given;
+        given.setUrls({QUrl::fromLocalFile(_start.open)});
+        _window->rootViewController()->drop(given);
+    };
+    QObject::connect(_window.get(), &QQuickWindow::frameSwapped, _window.get(), open,
+                     Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void AppDelegate::setRoot(std::shared_ptr<UIViewController> controller)

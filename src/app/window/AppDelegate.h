@@ -2,6 +2,7 @@
 // catalogue.
 #pragma once
 
+#include "catalogue/window/EditorCatalogue.h"
 #include "editor/CustomViewController.h"
 #include "platform/UIApplication.h"
 #include "platform/UIWindow.h"
@@ -21,6 +22,9 @@ public:
         std::optional<QSize> windowSize = {};
         /// Whether the preview may stand beside the stage; nothing: as the user left it.
         std::optional<bool> showsPreview = {};
+        /// A theme to show when the first frame has been drawn, to be kept or not: the path of a
+        /// file or folder.
+        QString open = {};
     };
 
     explicit AppDelegate(const EditorFolders &folders) : AppDelegate(folders, Start()) {}
@@ -39,10 +43,12 @@ public:
 
 private:
     void addPreview();
+    void openGiven();
     void setRoot(std::shared_ptr<UIViewController> controller);
 
     const EditorFolders _folders;
     const Start _start;
     PreviewModel _preview;
     std::unique_ptr<UIWindow> _window;
+    std::unique_ptr<EditorCatalogue> _editorCatalogue; // where the editor is the root
 };

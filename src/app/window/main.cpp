@@ -32,6 +32,7 @@ int runWindow(const CommandLine::Options &options, int &argc, char **argv)
         AppDelegate::Start start;
         if (options.catalogue)
             start.root = AppDelegate::Root::Catalogue;
+        start.open = options.open;
         if (!options.preview)
             start.showsPreview = false;
         else if (!options.screen)

@@ -2,6 +2,7 @@
 
 void CataloguePage::place(const CatalogueLayout &layout)
 {
+    _hiddenView->setVisible(!layout.hiddenView.isEmpty());
     _hiddenView->setFrame(layout.hiddenView);
     _appVersion->setFrame(layout.appVersion);
     _tableView->setFrame(layout.tableView);

@@ -69,9 +69,28 @@ void CataloguePreview::followChoices(ThemeDocument *editors)
 ThemeLook CataloguePreview::lookOf(const ThemeRecord &record)
 {
     const QQuickWindow *window = _table ? _table->window() : nullptr;
-    if (!window || !record.active || !record.isReadyMade())
+    const bool hasLook = record.kept || (record.active && record.isReadyMade());
+    const QString folder = hasLook ? folderOf(record) : QString();
+    if (!window || folder.isEmpty())
         return {};
-    return _looks.look(record.name, window->effectiveDevicePixelRatio());
+    return _looks.look(folder, window->effectiveDevicePixelRatio());
+}
+
+QString CataloguePreview::folderOf(const ThemeRecord &record) const
+{
+    if (record.kept)
+        return record.folder;
+    return isThemeFolderName(record.name)
+               ? themeResourceFolder(_folders.resources, record.name).value()
+               : QString();
+}
+
+void CataloguePreview::takeNewList()
+{
+    _looks.noteChangesBelow(_folders.theme.documents);
+    _followed = {};
+    _table->reloadData();
+    follow(_table->hoveredRow());
 }
 
 void CataloguePreview::showPicture(UITableViewSubtitleCell &cell, const ThemeRecord &record)
@@ -90,10 +109,10 @@ void CataloguePreview::showPictures()
             showPicture(*cell, _list.record(row.section, row.row));
 }
 
-void CataloguePreview::showReady(const QString &theme)
+void CataloguePreview::showReady(const QString &folder)
 {
     showPictures();
-    if (_followed.isValid() && _list.record(_followed.section, _followed.row).name == theme)
+    if (_followed.isValid() && folderOf(_list.record(_followed.section, _followed.row)) == folder)
         updatePreview();
 }
 

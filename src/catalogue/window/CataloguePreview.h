@@ -37,16 +37,21 @@ public:
     /// Other choices are the current ones now.
     void followChoices(ThemeDocument *editors);
 
+    /// The list is another one, and the table shows it.
+    void takeNewList();
+
     /// Gives the cell the picture of the theme in its row, or none as long as there is none.
     void showPicture(UITableViewSubtitleCell &cell, const ThemeRecord &record);
 
 private:
     void showPictures();
-    void showReady(const QString &theme);
+    void showReady(const QString &folder);
     void follow(NSIndexPath row);
     void updatePreview();
     /// Of a theme that can be chosen; an empty one as long as it is not known.
     ThemeLook lookOf(const ThemeRecord &record);
+    /// Where the package of a theme is; empty where no folder can have its name.
+    QString folderOf(const ThemeRecord &record) const;
 
     const EditorFolders _folders;
     const ThemeList &_list;

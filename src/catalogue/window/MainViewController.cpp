@@ -1,6 +1,7 @@
 #include "catalogue/window/MainViewController.h"
 
 #include "catalogue/window/CataloguePage.h"
+#include "catalogue/window/SendToEditor.h"
 #include "platform/UINavigationController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "platform/foundation/NSLog.h"
@@ -26,9 +27,24 @@ std::shared_ptr<MainViewController> MainViewController::init(const EditorFolders
     return catalogue;
 }
 
+std::shared_ptr<MainViewController>
+MainViewController::initFromEditor(const EditorFolders &folders,
+                                   std::shared_ptr<CustomViewController> editor)
+{
+    const auto catalogue = init(folders);
+    catalogue->_customViewController = std::move(editor);
+    catalogue->_isFromEditor = true;
+    return catalogue;
+}
+
 MainViewController::MainViewController(const EditorFolders &folders)
     : _folders(folders), _selectedTheme(folders.theme.preferences())
 {
+    connect(&_desk, &ThemeDesk::kept, this, &MainViewController::listKept);
+    connect(&_keptMenu, &KeptThemeMenu::changed, this, &MainViewController::listKept);
+    connect(&_desk, &ThemeDesk::editWanted, this, [this](const QString &name) {
+        askToEdit({ThemeRecord::keptSection(), name, {}, true, true});
+    });
 }
 
 MainViewController::~MainViewController()
@@ -60,13 +76,40 @@ void MainViewController::viewDidLoad()
 
 void MainViewController::viewWillAppear(bool)
 {
-    navigationController()->setNavigationBarHidden(true);
+    navigationController()->setNavigationBarHidden(!_isFromEditor);
     page<CataloguePage>().setListOpacity(1.0);
 }
 
 void MainViewController::viewDidAppear(bool)
 {
     _preview.viewDidAppear(document());
+    listKept();
+}
+
+void MainViewController::listKept(const QString &shown)
+{
+    const auto list = [documents = _folders.theme.documents] {
+        return ThemeLibrary::open(documents)->themes();
+    };
+    _listing.run(list, [this, shown](const std::vector<KeptTheme> &kept) {
+        takeKept(kept);
+        showKept(shown);
+    });
+}
+
+void MainViewController::takeKept(const std::vector<KeptTheme> &kept)
+{
+    _tableSource.setKept(kept);
+    _preview.takeNewList();
+}
+
+void MainViewController::showKept(const QString &name)
+{
+    for (int section = 0; !name.isEmpty() && section < numberOfSectionsInTableView(); ++section)
+        for (int row = 0; row < numberOfRowsInSection(section); ++row)
+            if (const ThemeRecord &record = _tableSource.record(section, row);
+                record.kept && record.name == name)
+                return _tableView->flashRow({section, row});
 }
 
 void MainViewController::viewWillDisappear(bool)
@@ -81,7 +124,8 @@ ThemeDocument *MainViewController::document() const
 
 void MainViewController::viewDidLayoutSubviews()
 {
-    const CatalogueLayout layout = CatalogueLayout::make(view()->size());
+    const CatalogueLayout layout = CatalogueLayout::make(
+        view()->size(), _isFromEditor ? UINavigationController::navigationBarHeight() : 0.0);
     if (layout == _layout)
         return;
     _layout = layout;
@@ -92,7 +136,10 @@ void MainViewController::viewDidLayoutSubviews()
 void MainViewController::prepareForTermination()
 {
     _saving.finish();
-    if (const auto editor = std::exchange(_customViewController, nullptr))
+    _desk.finish();
+    _keptMenu.finish();
+    const auto editor = std::exchange(_customViewController, nullptr);
+    if (editor && !_isFromEditor)
         editor->prepareForTermination();
 }
 
@@ -140,7 +187,7 @@ UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
     if (!record.isCustom())
         cell->addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
             [this](const UILongPressGestureRecognizer &gesture) { handleLongCellPress(gesture); }));
-    const bool isInstalled = selectedTheme() == record.name;
+    const bool isInstalled = this->isInstalled(record);
     cell->textLabel()->setText(record.name);
     cell->detailTextLabel()->setText(record.subtitle());
     cell->setBackgroundColor(isInstalled ? installedYellow : QColor(Qt::white));
@@ -158,6 +205,11 @@ UITableViewCell *MainViewController::cellForRowAtIndexPath(UITableView &table,
     return cell;
 }
 
+bool MainViewController::isInstalled(const ThemeRecord &record) const
+{
+    return selectedTheme() == record.name && _selectedTheme.isKept() == record.kept;
+}
+
 void MainViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
 {
     _tableView->deselectRow(indexPath, true);
@@ -166,10 +218,10 @@ void MainViewController::didSelectRowAtIndexPath(NSIndexPath indexPath)
         openEditor(true);
         return;
     }
-    _clickedTheme = record.name;
-    if (selectedTheme() == _clickedTheme) {
+    _clickedTheme = record;
+    if (isInstalled(record) && !record.kept) { // a kept one may have changed since
         showAlert(std::make_unique<UIAlertView>(
-            QString("%1 is already your chosen theme.").arg(_clickedTheme), QString(),
+            QString("%1 is already your chosen theme.").arg(record.name), QString(),
             std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
         return;
     }
@@ -187,7 +239,28 @@ bool MainViewController::keyPressed(int key, Qt::KeyboardModifiers modifiers)
                          [model] { PreviewController::toggle(*model); },
                          model && !_overlays->isLoading(),
                          {Qt::CTRL | Qt::Key_P}};
-    return performShortcut({preview}, key, modifiers);
+    const Action open{
+        tr("Open..."), [this] { _desk.chooseFile(); }, _desk.isFree(), {Qt::CTRL | Qt::Key_O}};
+    const Action back{tr("Back"),
+                      [this] { navigationController()->goBack(); },
+                      _isFromEditor,
+                      {Qt::Key_Escape, Qt::CTRL | Qt::Key_T}};
+    if (key == Qt::Key_V && modifiers == Qt::ControlModifier)
+        return _desk.openCopied();
+    return performShortcut({preview, open, back}, key, modifiers);
+}
+
+bool MainViewController::takesDrop(const QMimeData &data)
+{
+    return _desk.isFree() && ThemeDesk::canOpen(data);
+}
+
+bool MainViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
+{
+    const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
+    if (record.kept)
+        _keptMenu.show(record.name);
+    return record.kept;
 }
 
 void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer &gesture)
@@ -195,11 +268,19 @@ void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer 
     const NSIndexPath indexPath = _tableView->indexPathForCell(gesture.view());
     if (gesture.state() != UILongPressGestureRecognizer::State::Began || !indexPath.isValid())
         return;
-    _clickedTheme = _tableSource.record(indexPath.section, indexPath.row).name;
     _tableView->deselectRow(indexPath, true);
-    auto alert = std::make_unique<UIAlertView>(
-        "Would you like to send this theme to the editor to edit?",
-        "Doing so will overwrite your current custom theme.", self(), QStringList{"No", "Yes"});
+    askToEdit(_tableSource.record(indexPath.section, indexPath.row));
+}
+
+void MainViewController::askToEdit(const ThemeRecord &record)
+{
+    _clickedTheme = record;
+    QString warning = "Doing so will overwrite your current custom theme.";
+    if (_isFromEditor && document()->hasUnsavedChanges())
+        warning += '\n' + tr("The changes that you have not saved will be lost.");
+    auto alert =
+        std::make_unique<UIAlertView>("Would you like to send this theme to the editor to edit?",
+                                      warning, self(), QStringList{"No", "Yes"});
     alert->setTag(EditTag);
     showAlert(std::move(alert));
 }
@@ -218,8 +299,10 @@ void MainViewController::clickedButtonAtIndex(UIAlertView &alertView, int button
 /// the phone.
 void MainViewController::openEditor(bool colorsBar)
 {
+    if (_isFromEditor)
+        return navigationController()->popViewController();
     if (!_customViewController)
-        _customViewController = CustomViewController::initFromMainView(_folders);
+        makeEditor();
     _customViewController->preview()->setModel(_preview.model());
     if (_customViewController->source().status() == ElementDataSource::Status::Unusable) {
         QCoreApplication::exit(EXIT_FAILURE); // as a start into the editor does; the log says why
@@ -237,9 +320,21 @@ void MainViewController::openEditor(bool colorsBar)
     navigationController()->pushViewController(_customViewController, true);
 }
 
-std::error_code MainViewController::setSelectedTheme(const QString &name)
+void MainViewController::makeEditor()
 {
-    const std::error_code error = _selectedTheme.set(name);
+    _customViewController = CustomViewController::initFromMainView(_folders);
+    EditorThemes *const themes = _customViewController->themes();
+    connect(themes, &EditorThemes::themesTapped, this,
+            [this] { navigationController()->goBack(); });
+    connect(themes, &EditorThemes::editWanted, this, [this](const QString &name) {
+        sendToEditor(_customViewController, _folders, name,
+                     [this] { return setSelectedTheme(ThemeRecord::ownTheme()); });
+    });
+}
+
+std::error_code MainViewController::setSelectedTheme(const QString &name, bool isKept)
+{
+    const std::error_code error = _selectedTheme.set(name, isKept);
     if (error)
         NSLog("Error saving the selected theme %@", {QString::fromStdString(error.message())});
     const auto redraw = [weak = weak_from_this()] {
@@ -264,7 +359,7 @@ void MainViewController::copyTheme(const BeginCopy &begin, FinishCopy finish)
     _overlays->setNotice({});
     _saving.run(
         "Saving theme...", self(),
-        [this, begin, theme = _clickedTheme] {
+        [this, begin, theme = _clickedTheme.name] {
             return begin(_folders.resources, theme, _folders.theme);
         },
         [this, finish, theme = _clickedTheme](const ThemeInstallation &installation) {
@@ -274,55 +369,66 @@ void MainViewController::copyTheme(const BeginCopy &begin, FinishCopy finish)
 
 void MainViewController::save()
 {
-    NSLog("SAVING THEME... %@", {_clickedTheme});
-    copyTheme(beginInstalling, &MainViewController::finishSave);
+    NSLog("SAVING THEME... %@", {_clickedTheme.name});
+    const auto beginKept = [](const QString &, const QString &theme,
+                              const ThemeLocations &locations) {
+        return beginInstallingKept(theme, locations);
+    };
+    copyTheme(_clickedTheme.kept ? BeginCopy(beginKept) : BeginCopy(beginInstalling),
+              &MainViewController::finishSave);
 }
 
-void MainViewController::finishSave(const ThemeInstallation &installation, const QString &theme)
+void MainViewController::finishSave(const ThemeInstallation &installation, const ThemeRecord &theme)
 {
-    if (!finishCopying(installation, theme))
+    if (!finishCopying(installation, theme.name, theme.kept))
         return;
     showAlert(std::make_unique<UIAlertView>(
         "Saved",
         QString("%1 has been saved. Check biteSMS for \"Tintloom\" under themes then select "
                 "\"Apply Theme\".")
-            .arg(theme),
+            .arg(theme.name),
         std::weak_ptr<UIAlertViewDelegate>(), QStringList{"OK"}));
 }
 
 void MainViewController::editPredefinedTheme()
 {
-    NSLog("SAVING PREDEFINED THEME... %@", {_clickedTheme});
-    const auto begin = [this](const QString &resources, const QString &theme,
-                              const ThemeLocations &locations) {
+    NSLog("SAVING PREDEFINED THEME... %@", {_clickedTheme.name});
+    const auto begin = [this, isKept = _clickedTheme.kept](const QString &resources,
+                                                           const QString &theme,
+                                                           const ThemeLocations &locations) {
         // The next editor shall read the new working copy. Nobody else looks at this one now: it is
         // off the screen, and the busy box is up.
-        _customViewController.reset();
-        return beginEditing(resources, theme, locations);
+        if (!_isFromEditor)
+            _customViewController.reset();
+        return isKept ? beginEditingKept(theme, locations)
+                      : beginEditing(resources, theme, locations);
     };
     copyTheme(begin, &MainViewController::finishEditing);
 }
 
-void MainViewController::finishEditing(const ThemeInstallation &installation, const QString &theme)
+void MainViewController::finishEditing(const ThemeInstallation &installation,
+                                       const ThemeRecord &theme)
 {
-    const bool isDone = finishCopying(installation, ThemeRecord::ownTheme());
+    const bool isDone = finishCopying(installation, ThemeRecord::ownTheme(), false);
+    if (isDone && _isFromEditor)
+        _customViewController->startAnew(); // the installation still locks the folders
     _preview.followChoices(document());
     if (!isDone)
         return;
     auto alert = std::make_unique<UIAlertView>(
-        "Saved", QString("%1 has been saved as your custom theme.").arg(theme), self(),
+        "Saved", QString("%1 has been saved as your custom theme.").arg(theme.name), self(),
         QStringList{"OK"});
     alert->setTag(EditedTag);
     showAlert(std::move(alert));
 }
 
 bool MainViewController::finishCopying(const ThemeInstallation &installation,
-                                       const QString &selected)
+                                       const QString &selected, bool isKept)
 {
     SaveReport report = ::copyTheme(installation);
     const bool isDone = report.refusal.isEmpty();
     if (isDone)
-        report.addFailure(_folders.theme.preferences(), setSelectedTheme(selected));
+        report.addFailure(_folders.theme.preferences(), setSelectedTheme(selected, isKept));
     removeLoader();
     _overlays->showOutcome(report.notice(), report.copyFrom(_folders.theme));
     return isDone;

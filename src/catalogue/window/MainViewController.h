@@ -1,5 +1,13 @@
 // The catalogue: ready-made themes by section, one of them marked as installed. A tap installs a
 // theme, a long press sends it to the editor, and the rows of the section "Custom" open the editor.
+// The user's kept themes stand in a section of their own, whose rows do the same, and have a sheet
+// of what else can be done with them.
+//
+// The program starts into it, or it comes up over the editor: then it has a way back, and all that
+// would open an editor leads back to that one.
+//
+// Nobody waits for the kept themes: they are listed on a queue each time the screen appears, and
+// come into the table when they are known.
 //
 // File work goes over two queues, like the editor's: the catalogue's own serial queue empties the
 // folders, then the main thread copies. In between a busy box keeps the list still.
@@ -13,6 +21,7 @@
 #include "catalogue/ThemeList.h"
 #include "catalogue/window/CatalogueLayout.h"
 #include "catalogue/window/CataloguePreview.h"
+#include "catalogue/window/KeptThemeMenu.h"
 #include "editor/CustomViewController.h"
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
@@ -38,8 +47,11 @@ class MainViewController final : public UIViewController,
     Q_PROPERTY(ScreenOverlays *overlays READ overlays CONSTANT FINAL)
 
 public:
-    /// Loads the list at once; it is not read again later.
+    /// Both load the list at once; but for the kept themes, it is not read again later.
     static std::shared_ptr<MainViewController> init(const EditorFolders &folders);
+    /// Over that editor, in its stack.
+    static std::shared_ptr<MainViewController>
+    initFromEditor(const EditorFolders &folders, std::shared_ptr<CustomViewController> editor);
     ~MainViewController() override;
 
     void viewDidLoad() override;
@@ -49,6 +61,8 @@ public:
     void viewDidLayoutSubviews() override;
     void prepareForTermination() override;
     void applicationShouldBecomeActive();
+    /// Not during an installation, which below could go on with the editor's.
+    bool allowsBack() const override { return !_overlays->isLoading(); }
 
     int numberOfSectionsInTableView() const override;
     QString titleForHeaderInSection(int section) const override;
@@ -58,7 +72,10 @@ public:
     void willDisplayHeaderView(UITableViewHeader &header, int section) override;
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
+    bool showMenuForRowAtIndexPath(NSIndexPath indexPath) override;
     bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override;
+    bool takesDrop(const QMimeData &data) override;
+    bool drop(const QMimeData &data) override { return _desk.open(data); }
     void handleLongCellPress(const UILongPressGestureRecognizer &gesture);
     void clickedButtonAtIndex(UIAlertView &alertView, int buttonIndex) override;
 
@@ -66,7 +83,7 @@ public:
     std::optional<QString> selectedTheme() const { return _selectedTheme.name(); }
     /// Stores and persists the name where it is called, and redraws the list on the main thread.
     /// Any thread.
-    std::error_code setSelectedTheme(const QString &name);
+    std::error_code setSelectedTheme(const QString &name, bool isKept = false);
     /// The user's own theme has been saved; the editor says so from its save queue.
     void setCustomTheme() override;
 
@@ -102,26 +119,34 @@ private:
 
     explicit MainViewController(const EditorFolders &folders);
     void install();
+    bool isInstalled(const ThemeRecord &record) const;
+    /// Lists the kept themes on a queue, and then brings that one into sight, if there is one.
+    void listKept(const QString &shown = {});
+    void takeKept(const std::vector<KeptTheme> &kept);
+    void showKept(const QString &name);
+    void askToEdit(const ThemeRecord &record);
     std::shared_ptr<MainViewController> self();
     /// The editor's, if there is one.
     ThemeDocument *document() const;
+    void makeEditor();
     void openEditor(bool colorsBar);
     using BeginCopy = std::function<ThemeInstallation(
         const QString &resources, const QString &theme, const ThemeLocations &locations)>;
     using FinishCopy = void (MainViewController::*)(const ThemeInstallation &,
-                                                    const QString &theme);
+                                                    const ThemeRecord &theme);
     /// Copies the theme that was clicked last, over both queues.
     void copyTheme(const BeginCopy &begin, FinishCopy finish);
-    void finishSave(const ThemeInstallation &installation, const QString &theme);
-    void finishEditing(const ThemeInstallation &installation, const QString &theme);
+    void finishSave(const ThemeInstallation &installation, const ThemeRecord &theme);
+    void finishEditing(const ThemeInstallation &installation, const ThemeRecord &theme);
     /// Copies, remembers the theme selected, and takes the busy box away; the strip then says what
     /// went wrong, or where the theme is. False when nothing was touched.
-    bool finishCopying(const ThemeInstallation &installation, const QString &selected);
+    bool finishCopying(const ThemeInstallation &installation, const QString &selected, bool isKept);
     void showAlert(std::unique_ptr<UIAlertView> alertView);
 
     const EditorFolders _folders;
     SelectedTheme _selectedTheme;
-    QString _clickedTheme;
+    bool _isFromEditor = false;
+    ThemeRecord _clickedTheme;
     ThemeList _tableSource;
     CataloguePreview _preview{_folders, _tableSource};
     std::shared_ptr<CustomViewController> _customViewController; // made at first need
@@ -130,4 +155,7 @@ private:
     QPointer<UIAlertView> _alertView;
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
+    ThemeDesk _desk{*this, *_overlays, _saving, _folders.resources, _folders.theme};
+    KeptThemeMenu _keptMenu{_desk, *_overlays, _folders.theme};
+    BackgroundWork _listing{"io.tintloom.listing"};
 };

@@ -86,6 +86,13 @@ void PreviewModel::setInteractive(bool isInteractive)
         emit interactiveChanged();
 }
 
+void PreviewModel::setTool(const QString &title, const std::function<void()> &perform)
+{
+    _performTool = perform;
+    _toolTitle = title;
+    emit toolChanged();
+}
+
 void PreviewModel::setAttention(const QString &key)
 {
     if (std::exchange(_attention, key) == key)

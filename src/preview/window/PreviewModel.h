@@ -13,6 +13,7 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
 #include <memory>
 
 class PreviewModel : public QObject
@@ -23,6 +24,8 @@ class PreviewModel : public QObject
     Q_PROPERTY(QString caption READ caption NOTIFY captionChanged FINAL)
     Q_PROPERTY(int eyes READ eyesIndex WRITE setEyesIndex NOTIFY eyesChanged FINAL)
     Q_PROPERTY(bool interactive READ isInteractive NOTIFY interactiveChanged FINAL)
+    // What a button of the pane says, which leads elsewhere; empty: there is none.
+    Q_PROPERTY(QString toolTitle READ toolTitle NOTIFY toolChanged FINAL)
     // Another number after each change of what is chosen.
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged FINAL)
 
@@ -46,6 +49,11 @@ public:
     /// Whether taps count: not while something lies over the editor.
     bool isInteractive() const { return _isInteractive; }
     void setInteractive(bool isInteractive);
+
+    /// A button of the pane, which is not about the theme that is shown; an empty title: none.
+    void setTool(const QString &title, const std::function<void()> &perform);
+    QString toolTitle() const { return _toolTitle; }
+    Q_INVOKABLE void performTool() { _performTool(); }
 
     /// The key of the element that the editor is at; empty for none. Previews outline it.
     QString attention() const { return _attention; }
@@ -73,6 +81,7 @@ signals:
     void revisionChanged();
     void attentionChanged();
     void captionChanged();
+    void toolChanged();
     /// The key of an element that the editor is to open.
     void chosen(const QString &key);
 
@@ -91,6 +100,8 @@ private:
     Eyes _eyes = Eyes::Normal;
     bool _isInteractive = true;
     int _revision = 0;
+    QString _toolTitle;
+    std::function<void()> _performTool;
     QString _attention;
     QString _pointed;
 };

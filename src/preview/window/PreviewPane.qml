@@ -45,12 +45,26 @@ PreviewPage {
             Accessible.ignored: true
         }
     }
+    QuietButton {
+        id: tool
+
+        objectName: "tool"
+        x: 8
+        y: caption.y
+        z: 1
+        height: caption.height
+        visible: title !== "" && !root.controller.closable
+        enabled: root.controller.takesKeys
+        activeFocusOnTab: root.controller.takesKeys
+        title: root.controller.model.toolTitle
+        onTouchUpInside: root.controller.model.performTool()
+    }
     UIView {
         id: caption
 
         Text {
             anchors.centerIn: parent
-            width: parent.width
+            width: parent.width - (tool.visible ? 2 * tool.width : 0)
             text: root.controller.model.caption
             textFormat: Text.PlainText
             color: "#202428"
