@@ -9,6 +9,7 @@ FileDialog {
 
     fileMode: FileDialog.SaveFile
     options: FileDialog.DontConfirmOverwrite
+    acceptLabel: qsTr("Save")
     onAccepted: dialog.panel.accept(dialog.selectedFile, dialog.selectedNameFilter.index)
     onRejected: dialog.panel.reject()
 }

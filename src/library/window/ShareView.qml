@@ -2,7 +2,7 @@ import QtQuick
 import Tintloom
 
 // A theme to pass on: what does not come along, a code to scan, and a text to copy.
-UIPage {
+FocusScope {
     id: root
 
     required property ShareController controller
