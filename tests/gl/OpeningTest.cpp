@@ -93,7 +93,7 @@ TEST_F(OpeningTest, ADropFromAnotherProgramIsShownAndKept)
                                 "  xdotool mousemove $x 300; sleep 0.2; done;"
                                 "xdotool mouseup 1"});
         ASSERT_TRUE(QTest::qWaitFor([&] { return hand.state() == QProcess::NotRunning; }, 20'000));
-        QTest::qWaitFor([&] { return source.wasTaken(); }, 1'000);
+        QTest::qWait(500); // the answer may be on its way
     }
     ASSERT_TRUE(source.wasTaken());
     source.hide();

@@ -80,7 +80,7 @@ FocusScope {
         y: top.y + top.height + 10
         width: Math.min(root.width - 16, root.height - y - 8)
         height: width
-        image: root.controller.code
+        controller: root.controller
         Accessible.role: Accessible.Graphic
         Accessible.name: qsTr("The text as a QR code")
     }
