@@ -4,8 +4,10 @@
 #include "BenchApplication.h"
 #include "QuietLog.h"
 #include "catalogue/window/MainViewController.h"
+#include "library/ChosenPackage.h"
 #include "platform/QMLViews.h"
 #include "platform/UINavigationController.h"
+#include "platform/foundation/NSFileManager.h"
 #include "support/Canvas.h"
 
 #include <QTemporaryDir>
@@ -62,14 +64,30 @@ private:
     std::shared_ptr<UINavigationController> _navigation;
 };
 
+/// Puts so many themes among the user's own. As files, because to keep them takes long.
+void putKept(const QString &documents, int count)
+{
+    const auto elements = ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, nullptr);
+    PackageContents package = packageContents(elements, {}, 1.0);
+    for (int number = 0; number < count; ++number) {
+        const QString name = QStringLiteral("Theme %1").arg(number);
+        package.info.setValue(QStringLiteral("name"), name);
+        const QString kept = documents + QStringLiteral("/Themes/") + name;
+        NSFileManager::createDirectoryAtPath(kept);
+        NSFileManager::writeToFile(kept + QStringLiteral("/Info.plist"),
+                                   PropertyList::writeDictionary(package.info));
+    }
+}
+
 /// Times the first frame, or how long it takes until every picture is drawn.
-void openCatalogue(benchmark::State &state, bool showsPictures, bool waits)
+void openCatalogue(benchmark::State &state, bool showsPictures, bool waits, int kept = 0)
 {
     prepareBenchApplication();
     const QuietLog quiet;
     const QTemporaryDir folder;
     const EditorFolders folders{TINTLOOM_SOURCE_RESOURCES,
                                 {folder.filePath("root"), folder.filePath("documents")}};
+    putKept(folders.theme.documents, kept);
     QQmlEngine engine;
     QMLViews::prepareEngine(engine);
     Canvas canvas(tall, scale);
@@ -88,6 +106,10 @@ void openCatalogue(benchmark::State &state, bool showsPictures, bool waits)
 
 BENCHMARK_CAPTURE(openCatalogue, with, true, false)
     ->Name("open_catalogue")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(openCatalogue, kept, true, false, 1000)
+    ->Name("open_catalogue_kept/1000")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK_CAPTURE(openCatalogue, without, false, false)

@@ -25,6 +25,7 @@ const std::vector<Ratio> ratios = {
     {"drag", "drag_plain", 2.0, Clock::Passing},
     {"drag_with_preview", "drag", 1.5, Clock::Passing},
     {"open_catalogue", "open_catalogue_without", 1.2, Clock::Passing},
+    {"open_catalogue_kept/1000", "open_catalogue", 1.5, Clock::Passing},
     {"open_chooser", "open_chooser_plain", 1.3, Clock::Passing},
     {"preview_change", "preview_full", 0.35, Clock::Passing},
     {"edit/100000", "edit/1000", 1.5, Clock::Processor},

@@ -43,9 +43,12 @@ void FilePanel::show(const QString &title, const QString &name, bool saves)
     }
     dialog->setParent(this);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (saves)
+    if (saves) {
         dialog->setProperty("selectedFile",
                             QUrl::fromLocalFile(withEnding(folder + u'/' + name, 0)));
+        constexpr int dontConfirmOverwrite = 4; // of QFileDialog, which the program does not link
+        dialog->setProperty("options", dontConfirmOverwrite);
+    }
     QMetaObject::invokeMethod(dialog, "open");
 }
 

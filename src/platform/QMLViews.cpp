@@ -32,7 +32,9 @@ std::unique_ptr<QQmlComponent> QMLViews::readAhead(QQmlEngine &engine, const cha
 QObject *QMLViews::createObject(QQmlEngine &engine, const char *file, const QVariantMap &properties)
 {
     QQmlComponent component(&engine, urlOf(file));
-    QObject *object = component.createWithInitialProperties(properties);
+    // Qt 6.4 takes a component that has not loaded for one that has.
+    QObject *object =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
     if (object)
         QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
     else

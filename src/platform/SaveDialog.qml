@@ -8,7 +8,7 @@ FileDialog {
     required property FilePanel panel
 
     fileMode: FileDialog.SaveFile
-    options: FileDialog.DontConfirmOverwrite
+    acceptLabel: qsTr("Save")
     onAccepted: dialog.panel.accept(dialog.selectedFile, dialog.selectedNameFilter.index)
     onRejected: dialog.panel.reject()
 }

@@ -154,6 +154,7 @@ TEST_F(LibraryCommandsTest, RefusalsTouchNothingAndNameTheNearest)
     for (const QString command : {"keep New", "themes", "install Lake", "remove Foam",
                                   "rename Foam New", "check Foam", "remove --undo Foam"})
         expectRefused(command, 1, {"Themes is a symbolic link"});
+    ASSERT_TRUE(QFile::remove(locations.documents + "/Themes"));
     put(document, "{}");
     expectRefused("keep New", 1, {"malformed data source"});
 }

@@ -48,6 +48,13 @@ protected:
     {
         return window().presentedViewController()->view()->findChild<QQuickItem *>(name);
     }
+    bool waitForPart(const char *name)
+    {
+        const bool came = QTest::qWaitFor(
+            [&] { return window().presentedViewController() && part(name)->isVisible(); });
+        settle();
+        return came;
+    }
     bool waitForStrip(const QString &words)
     {
         const bool came = QTest::qWaitFor([&] {

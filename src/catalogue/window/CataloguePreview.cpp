@@ -85,9 +85,14 @@ QString CataloguePreview::folderOf(const ThemeRecord &record) const
                : QString();
 }
 
-void CataloguePreview::takeNewList()
+void CataloguePreview::noteChanges()
 {
     _looks.noteChangesBelow(_folders.theme.documents);
+    showPictures();
+}
+
+void CataloguePreview::takeNewList()
+{
     _followed = {};
     _table->reloadData();
     follow(_table->hoveredRow());

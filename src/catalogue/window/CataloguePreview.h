@@ -37,6 +37,8 @@ public:
     /// Other choices are the current ones now.
     void followChoices(ThemeDocument *editors);
 
+    /// Kept themes may look otherwise now.
+    void noteChanges();
     /// The list is another one, and the table shows it.
     void takeNewList();
 

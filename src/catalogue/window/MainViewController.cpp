@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -99,6 +100,13 @@ void MainViewController::listKept(const QString &shown)
 
 void MainViewController::takeKept(const std::vector<KeptTheme> &kept)
 {
+    const bool isSame = std::ranges::equal(kept, _kept, [](const auto &one, const auto &other) {
+        return one.name == other.name && one.folder == other.folder;
+    });
+    _preview.noteChanges();
+    if (isSame)
+        return;
+    _kept = kept;
     _tableSource.setKept(kept);
     _preview.takeNewList();
 }

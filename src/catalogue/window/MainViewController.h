@@ -148,6 +148,7 @@ private:
     bool _isFromEditor = false;
     ThemeRecord _clickedTheme;
     ThemeList _tableSource;
+    std::vector<KeptTheme> _kept; // of the list
     CataloguePreview _preview{_folders, _tableSource};
     std::shared_ptr<CustomViewController> _customViewController; // made at first need
     CatalogueLayout _layout;

@@ -1,23 +1,22 @@
-// A QR code, each of its modules as many whole pixels wide as there is room for.
+// The QR code of a theme that is shared, each of its modules as many whole pixels wide as there is
+// room for.
 #pragma once
 
-#include <QImage>
+#include "library/window/ShareController.h"
+
 #include <QQuickPaintedItem>
 
 class QrItem : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QImage image MEMBER _image NOTIFY imageChanged FINAL)
+    Q_PROPERTY(ShareController *controller MEMBER _controller FINAL REQUIRED)
 
 public:
-    explicit QrItem(QQuickItem *parent = nullptr);
+    using QQuickPaintedItem::QQuickPaintedItem;
 
     void paint(QPainter *painter) override;
 
-signals:
-    void imageChanged();
-
 private:
-    QImage _image; // a pixel for each module, with the margin that readers need
+    ShareController *_controller = nullptr; // outlives the view, of which this is a part
 };

@@ -15,7 +15,6 @@ class ShareController final : public UIViewController
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QString loss READ loss CONSTANT FINAL)
     Q_PROPERTY(QString text READ text CONSTANT FINAL)
-    Q_PROPERTY(QImage code READ code CONSTANT FINAL)
     Q_PROPERTY(QString codeProblem READ codeProblem CONSTANT FINAL)
     Q_PROPERTY(bool copied READ isCopied NOTIFY copiedChanged FINAL)
 
@@ -33,6 +32,7 @@ public:
 
     QString loss() const { return _shared.loss; }
     QString text() const { return _shared.text; }
+    /// A pixel for each module, with the margin that readers need.
     QImage code() const { return _shared.code; }
     QString codeProblem() const { return _shared.codeProblem; }
     /// Whether the text has been copied from here.

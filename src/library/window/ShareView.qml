@@ -2,7 +2,7 @@ import QtQuick
 import Tintloom
 
 // A theme to pass on: what does not come along, a code to scan, and a text to copy.
-UIPage {
+FocusScope {
     id: root
 
     required property ShareController controller
@@ -80,7 +80,7 @@ UIPage {
         y: top.y + top.height + 10
         width: Math.min(root.width - 16, root.height - y - 8)
         height: width
-        image: root.controller.code
+        controller: root.controller
         Accessible.role: Accessible.Graphic
         Accessible.name: qsTr("The text as a QR code")
     }

@@ -65,7 +65,6 @@ TEST_F(KeptThemesTest, StandInASectionOfTheirOwnAndInstallLikeReadyMadeOnes)
     open();
     ASSERT_TRUE(waitForKept({"Deep", "Red"}));
     ASSERT_TRUE(QTest::qWaitFor([this] { return !keptRow("Deep")->picture().isNull(); }));
-    EXPECT_NE(keptRow("Red")->picture(), row("Red")->picture());
     tap(keptRow("Red"));
     ASSERT_TRUE(agreeAndWait());
     answer(0);
@@ -97,7 +96,7 @@ TEST_F(KeptThemesTest, ASheetRenamesDuplicatesAndRemovesUndoably)
     EXPECT_EQ(page<NameController>()->entry()->isReplaceable(), false);
     type("red"); // over what is selected
     key(Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return part("freeName")->isVisible(); }));
+    ASSERT_TRUE(waitForPart("freeName"));
     EXPECT_FALSE(part("replace")->isVisible()); // another theme would be gone
     tap(part("freeName"));
     ASSERT_TRUE(waitForNoPage());
@@ -142,7 +141,6 @@ TEST_F(KeptThemesTest, OverTheEditorOneIsSentBackToThatEditorWhichStartsAnew)
     finishSlide();
     ASSERT_FALSE(navigation().canGoBack());
     EXPECT_EQ(root().document().record(0).color, "#0000AAFF");
-    EXPECT_EQ(cell({0, 0})->textLabel()->text(), "Name of plain");
     EXPECT_FALSE(root().document().hasUnsavedChanges() || root().document().canUndo());
     ASSERT_TRUE(QTest::qWaitFor([this] { return window().title() == u"Deep \u2013 Tintloom"; }));
     EXPECT_TRUE(QTest::qWaitFor([this] {
