@@ -18,7 +18,11 @@ without a display, from the command line.")
 # with, are not to be seen there.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript, fonts-dejavu-core")
+  "qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript, fonts-dejavu-core"
+  # File dialogs, and what they need where the desktop has none of its own.
+  "qml6-module-qtquick-dialogs, qml6-module-qtquick-layouts, qml6-module-qtquick-controls"
+  "qml6-module-qtquick-templates, qml6-module-qtquick-window, qml6-module-qt-labs-folderlistmodel")
+list(JOIN CPACK_DEBIAN_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libgl1-mesa-dri, qt6-wayland")
 
 include(CPack)

@@ -1,5 +1,7 @@
 #include "platform/QMLViews.h"
 
+#include "platform/foundation/NSLog.h"
+
 #include <QUrl>
 
 extern void qml_register_types_Tintloom(); // generated for the QML module
@@ -25,6 +27,19 @@ void QMLViews::prepareEngine(QQmlEngine &engine)
 std::unique_ptr<QQmlComponent> QMLViews::readAhead(QQmlEngine &engine, const char *file)
 {
     return std::make_unique<QQmlComponent>(&engine, urlOf(file), QQmlComponent::Asynchronous);
+}
+
+QObject *QMLViews::createObject(QQmlEngine &engine, const char *file, const QVariantMap &properties)
+{
+    QQmlComponent component(&engine, urlOf(file));
+    // Qt 6.4 takes a component that has not loaded for one that has.
+    QObject *object =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
+    if (object)
+        QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+    else
+        NSLog("%@", {component.errorString()});
+    return object;
 }
 
 QQuickItem *QMLViews::create(QQmlEngine &engine, const char *file, const QVariantMap &properties)

@@ -21,4 +21,8 @@ std::unique_ptr<QQmlComponent> readAhead(QQmlEngine &engine, const char *file);
 /// set; the caller owns it. A file that does not load is a fault of the build: it ends the program
 /// with the engine's message.
 QQuickItem *create(QQmlEngine &engine, const char *file, const QVariantMap &properties = {});
+
+/// The same of a file whose root is no item, or that uses what may not be installed: null where it
+/// does not load, which the log says.
+QObject *createObject(QQmlEngine &engine, const char *file, const QVariantMap &properties);
 } // namespace QMLViews
