@@ -88,11 +88,13 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
 TEST_F(EditorActionsTest, MoreShowsWhatAppliesToTheTheme)
 {
     tap(item("_moreButton"));
-    EXPECT_EQ(entries(), (QStringList{"Preview", "Check Colors", "Save Theme", "Cancel"}));
+    EXPECT_EQ(entries(), (QStringList{"Preview", "Check Colors", "Theme from a Color\u2026",
+                                      "From a Photo\u2026", "Save Theme", "Cancel"}));
     key(Qt::Key_Escape);
     choose(0, "#FF0000FF");
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), (QStringList{"Undo Change Name of key-0", "Preview", "Check Colors",
+                                      "Theme from a Color\u2026", "From a Photo\u2026",
                                       "Save Theme", "Cancel"}));
     click("Undo Change Name of key-0");
     EXPECT_EQ(colorOf(0), "#336699FF");
