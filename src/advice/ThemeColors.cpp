@@ -2,6 +2,7 @@
 
 #include "color/Compositing.h"
 #include "color/Contrast.h"
+#include "theme/ElementPicture.h"
 #include "theme/ShownColor.h"
 
 #include <algorithm>
@@ -43,6 +44,15 @@ ThemeColors::ThemeColors(const ElementDataSource &elements) : _elements(&element
         const auto index = elements.shownIndexOfKey(knownKeys[known]);
         _known[known] = index && !records[size_t(*index)].isChoice() ? *index : -1;
     }
+    const auto picture = ElementPicture::behindList(elements);
+    const auto background = known(ListBackground);
+    if (!picture || !background)
+        return;
+    const QImage pixels = picture->shown({32, 32});
+    if (pixels.isNull())
+        return;
+    _picture = std::make_shared<const QImage>(pixels);
+    _pictureColor = *color(*background);
 }
 
 void ThemeColors::setColorText(int index, const QString &colorText)
@@ -148,11 +158,38 @@ ThemeColors::Surfaces ThemeColors::surfacesOf(int index, int depth) const
     return surfaces;
 }
 
+bool ThemeColors::isPicture(int index) const
+{
+    return _picture && index == _known[ListBackground] && color(index) == _pictureColor;
+}
+
+/// Most of a picture counts, but not its few worst places, which may be as small as a pixel: the
+/// 5th percentile of the contrast.
+std::optional<ThemeColors::Reading>
+ThemeColors::readingOnPicture(const ThemeRelation &relation) const
+{
+    const auto ink = shownColor(relation.element, _pictureColor);
+    if (!ink)
+        return std::nullopt;
+    std::vector<double> ratios;
+    ratios.reserve(size_t(_picture->width()) * size_t(_picture->height()));
+    for (int y = 0; y < _picture->height(); ++y)
+        for (int x = 0; x < _picture->width(); ++x) {
+            const QRgb ground = _picture->pixel(x, y);
+            ratios.push_back(contrastRatio(composited(*ink, ground), ground));
+        }
+    const auto fifth = ratios.begin() + std::ptrdiff_t(ratios.size() / 20);
+    std::ranges::nth_element(ratios, fifth);
+    return Reading{*fifth, relation.grounds[0]};
+}
+
 std::optional<ThemeColors::Reading> ThemeColors::readingAt(const ThemeRelation &relation,
                                                            size_t end) const
 {
     const int ground = relation.grounds[end];
     const int opposite = relation.grounds[1 - end];
+    if (isPicture(ground))
+        return readingOnPicture(relation);
     const Surfaces surfaces = surfacesOf(ground, 0);
     const Surfaces others = opposite == ground ? surfaces : surfacesOf(opposite, 0);
     std::optional<Reading> worst;

@@ -8,9 +8,11 @@
 
 #include "theme/ElementDataSource.h"
 
+#include <QImage>
 #include <QRgb>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -89,10 +91,15 @@ private:
     Surfaces surfacesOf(int index, int depth) const;
     Surfaces surfacesBehind(int index, int depth) const;
     std::optional<QRgb> shownColor(int index, QRgb ground) const;
+    /// Whether a picture is seen where the element is.
+    bool isPicture(int index) const;
+    std::optional<Reading> readingOnPicture(const ThemeRelation &relation) const;
     /// The other colour of a balloon; -1 for what is none.
     int otherEnd(int index) const;
 
     const ElementDataSource *_elements;
     std::vector<std::optional<QRgb>> _colors;
-    std::array<int, knownCount> _known; // -1: not there
+    std::array<int, knownCount> _known;     // -1: not there
+    std::shared_ptr<const QImage> _picture; // behind the list; null: there is none
+    QRgb _pictureColor = 0;                 // stands for it as long as the list has that
 };

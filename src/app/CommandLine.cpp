@@ -288,8 +288,10 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
     reader.onlyWith(options.command == Command::Share, u"qr"_s, u"'share'"_s);
     for (const auto &name : {u"folder"_s, u"name"_s, u"accept-host"_s, u"back"_s})
         reader.onlyWith(options.command == Command::Send, name, u"'send'"_s);
-    for (const auto &name : {u"color"_s, u"picture"_s, u"seed"_s, u"base"_s, u"light"_s, u"dark"_s,
-                             u"harmony"_s, u"strength"_s, u"lock"_s, u"dry-run"_s})
+    reader.onlyWith(options.command == Command::Generate || options.command == Command::Save,
+                    u"picture"_s, u"'generate' and 'save'"_s);
+    for (const auto &name : {u"color"_s, u"seed"_s, u"base"_s, u"light"_s, u"dark"_s, u"harmony"_s,
+                             u"strength"_s, u"lock"_s, u"dry-run"_s})
         reader.onlyWith(options.command == Command::Generate, name, u"'generate'"_s);
     options.packageRoot =
         reader.folder(u"package-root"_s, "TINTLOOM_PACKAGE_ROOT", defaultPackageRoot());
@@ -318,6 +320,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
         reader.fail(u"--fix mends the current choices, not '%1'; 'tintloom edit' makes a theme "
                     "the current choices"_s.arg(options.theme));
     options.edits = options.command == Command::Set ? reader.edits() : parser.values(u"set"_s);
+    if (options.command == Command::Save)
+        options.pictures = parser.values(u"picture"_s);
     if (options.command == Command::Preview) {
         options.view = reader.oneOf(u"view"_s, views, options.view);
         options.eyes = reader.oneOf(u"eyes"_s, eyes, options.eyes);
@@ -332,6 +336,9 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
         if (!edit.contains(u'='))
             reader.fail(u"'%1' is not KEY=VALUE"_s.arg(edit));
     }
+    for (const QString &edit : std::as_const(options.pictures))
+        if (edit.section(u'=', 1).isEmpty())
+            reader.fail(u"--picture '%1' is not KEY=FILE"_s.arg(edit));
     if (!reader.problem().isEmpty())
         return refusal(reader.problem());
     return {options, {}, 0};

@@ -58,6 +58,7 @@ struct Options {
                    // path or a shared text
     QString newName;                      // rename, duplicate: as typed; import: or empty
     QStringList edits;                    // set, save: "KEY=VALUE", as typed
+    QStringList pictures;                 // save: "KEY=FILE", as typed
     PreviewView view = PreviewView::Both; // this and the next two: preview
     Eyes eyes = Eyes::Normal;
     SshAddress phone; // this and the next four: send

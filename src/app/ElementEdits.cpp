@@ -2,6 +2,8 @@
 
 #include "app/NearestNames.h"
 #include "theme/ColorText.h"
+#include "theme/ElementPicture.h"
+#include "theme/ThemePictures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,5 +72,27 @@ std::optional<QString> applyEdits(ThemeDocument &document, const QStringList &ed
         }
     }
     document.changeAll(std::move(changes), u"--set"_s);
+    return std::nullopt;
+}
+
+std::optional<PictureProblem> applyPictures(ThemeDocument &document, const QStringList &edits)
+{
+    ThemeDocument::Changes changes;
+    for (const QString &edit : edits) {
+        const QString key = edit.section(u'=', 0, 0);
+        const QString taking = ThemePictures::listBackgroundKey(document.elements());
+        const auto index = document.elements().shownIndexOfKey(key);
+        if (!index)
+            return PictureProblem{unknownKey(document.elements(), key), true};
+        if (key != taking || document.record(*index).isChoice())
+            return PictureProblem{u"'%1' takes no picture; only '%2' does"_s.arg(key, taking),
+                                  true};
+        const auto [picture, problem] = ElementPicture::read(edit.section(u'=', 1));
+        const auto choice = picture ? picture->choice() : std::nullopt;
+        if (!choice)
+            return PictureProblem{u"cannot read "_s + problem, false};
+        changes.push_back({*index, *choice});
+    }
+    document.changeAll(std::move(changes), u"--picture"_s);
     return std::nullopt;
 }

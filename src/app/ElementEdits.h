@@ -17,3 +17,11 @@ QString unknownKey(const ElementDataSource &source, const QString &key);
 /// is wrong with the first edit that cannot be applied and what would be accepted; nothing has
 /// changed then.
 std::optional<QString> applyEdits(ThemeDocument &document, const QStringList &edits);
+
+/// What is wrong with the first picture that cannot be chosen.
+struct PictureProblem {
+    QString text;
+    bool isUsage; // not with its file, but with its key
+};
+/// Chooses pictures "KEY=FILE", as one step; nothing changes when one of them cannot be.
+std::optional<PictureProblem> applyPictures(ThemeDocument &document, const QStringList &edits);

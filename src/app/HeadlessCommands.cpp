@@ -60,6 +60,13 @@ QJsonValue jsonFromMap(const QVariantMap &map)
     return object;
 }
 
+/// Not the bytes of a picture: whoever reads this wants to know whether there is one.
+QVariant describedValue(const ElementRecord &record)
+{
+    QVariantMap value = record.value.toMap();
+    return value.remove(u"jpeg"_s) > 0 ? QVariant(value) : record.value;
+}
+
 QJsonObject jsonFromRecord(const QString &section, const ElementRecord &record)
 {
     return {
@@ -69,7 +76,7 @@ QJsonObject jsonFromRecord(const QString &section, const ElementRecord &record)
         {"key"_L1, record.key},
         {"kind"_L1, record.isChoice() ? u"choice"_s : u"color"_s},
         {"color"_L1, jsonFromValue(record.color)},
-        {"value"_L1, jsonFromValue(record.value)},
+        {"value"_L1, jsonFromValue(describedValue(record))},
         {"options"_L1, record.options ? jsonFromMap(*record.options) : QJsonValue::Null},
     };
 }
@@ -155,6 +162,9 @@ Edited edited(const CommandLine::Options &options)
     } else if (const auto problem = applyEdits(document, options.edits)) {
         complain(*problem + "; nothing saved"_L1);
         result.status = wrongUsage;
+    } else if (const auto fault = applyPictures(document, options.pictures)) {
+        complain(fault->text + "; nothing saved"_L1);
+        result.status = fault->isUsage ? wrongUsage : failed;
     } else {
         result.elements = source;
     }

@@ -12,7 +12,7 @@ QString helpText()
   tintloom list [options] [--json]      print every element in table order
   tintloom set [options] KEY=VALUE...   apply the edits to the current choices; the theme
                                         itself stays as it is
-  tintloom save [options] [--set KEY=VALUE]...
+  tintloom save [options] [--set KEY=VALUE]... [--picture KEY=FILE]
                                         apply the edits to the current choices, then
                                         save the theme
   tintloom restore [options]            bring back the choices before the last save or
@@ -94,6 +94,8 @@ Options:
   --color COLOR       generate: the colour to lead, which the green balloons get; hexadecimal
                       digits, rgb(R, G, B) or a name
   --picture FILE      generate: the picture whose best colour is to lead
+  --picture KEY=FILE  save: the picture to stand behind the list, whose KEY is
+                      list-background-image, in place of a colour
   --seed N            generate: a number that colour, harmony and tone are drawn by
   --base THEME        generate: a theme to start from, named as above; default the current
                       choices

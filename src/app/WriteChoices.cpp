@@ -16,8 +16,12 @@ bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper
         return false;
     }
     std::error_code error = NSFileManager::createDirectoryAtPath(locations.workingCopyFolder());
+    if (const auto picture = ElementPicture::behindList(elements); picture && !error)
+        error = NSFileManager::writeToFile(
+            locations.workingCopyFolder() + u'/' + picture->fileName(), picture->jpeg);
     if (!error)
-        error = keeper.write(PropertyList::writeDictionary(themeDictionary(elements)));
+        error = keeper.write(
+            PropertyList::writeDictionary(workingCopyOf(elements, themeDictionary(elements))));
     if (!error)
         error = NSFileManager::setPosixPermissions(locations.workingCopy(), packagePermissions);
     if (const auto ending = keeper.end(); ending && !error)

@@ -80,6 +80,7 @@ void CustomViewController::viewDidLoad()
     _tableView->setDataSource(this);
     _tableView->setContentInset(_fromMainView ? 0.0 : 20.0, 50.0);
     _preview->viewDidLoad();
+    _generator->viewDidLoad();
 }
 
 void CustomViewController::viewWillAppear(bool)

@@ -17,6 +17,7 @@
 #include "editor/ChooserPresentation.h"
 #include "editor/EditorColors.h"
 #include "editor/EditorFindings.h"
+#include "editor/EditorGenerator.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
 #include "editor/EditorThemes.h"
@@ -159,6 +160,7 @@ public:
     EditorPreview *preview() const { return _preview; }
     EditorFindings *findings() const { return _findings.get(); }
     EditorThemes *themes() { return &_themes; }
+    EditorGenerator *generator() const { return _generator; }
     /// Null before the view is loaded.
     UITableView *tableView() const { return _tableView; }
 
@@ -210,6 +212,7 @@ private:
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     EditorPreview *const _preview = new EditorPreview(*this);
     std::unique_ptr<EditorFindings> _findings;
+    EditorGenerator *const _generator = new EditorGenerator(*this);
     EditorColors _colors{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
     EditorThemes _themes{*this, _saving, _folders};

@@ -3,6 +3,7 @@
 #include "editor/CustomViewController.h"
 #include "preview/window/PreviewController.h"
 #include "theme/ColorNotation.h"
+#include "theme/ElementPicture.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -61,6 +62,11 @@ Actions EditorActions::forTheme(CustomViewController &editor)
                        {Qt::CTRL | Qt::Key_P}});
     actions.push_back({tr("Check Colors"), [&editor] { editor.findings()->showPage(); },
                        !editor.isLoading() && !editor.isChooserOpen()});
+    EditorGenerator *const generator = editor.generator();
+    actions.push_back(
+        {tr("Theme from a Color\u2026"), [=] { generator->showPage(); }, generator->isOffered()});
+    actions.push_back(
+        {tr("From a Photo\u2026"), [=] { generator->askForPhoto(); }, generator->isOffered()});
     std::ranges::move(editor.themes()->actions(), std::back_inserter(actions));
     // Its strip may have made room for another one.
     actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
@@ -94,6 +100,12 @@ Actions EditorActions::forElement(CustomViewController &editor, int index)
                        shownColor.has_value()});
     actions.push_back({tr("Paste Color"), [=] { document->setColor(index, *pasted); },
                        pasted && *pasted != shownColor});
+    EditorGenerator *const generator = editor.generator();
+    actions.push_back({tr("Choose a Picture\u2026"), [=] { generator->askForBackground(index); },
+                       generator->takesPicture(index)});
+    const auto picture = ElementPicture::of(record);
+    actions.push_back({tr("Place the Picture"), [=] { generator->place(index, *picture); },
+                       picture && generator->takesPicture(index)});
     actions.push_back(shareColor(document, index));
     actions.push_back({isLocked ? tr("Unlock") : tr("Lock"),
                        [=, &editor] { editor.setLocked(index, !isLocked); }});

@@ -29,7 +29,7 @@ bool EditorThemes::takesDrop(const QMimeData &data) const
 Action EditorThemes::themes()
 {
     static const QMetaMethod tapped = QMetaMethod::fromSignal(&EditorThemes::themesTapped);
-    return {tr("Themes..."),
+    return {tr("Themes\u2026"),
             [this] { emit themesTapped(); },
             isFree() && isSignalConnected(tapped),
             {Qt::CTRL | Qt::Key_T}};
@@ -49,13 +49,13 @@ Actions EditorThemes::actions()
         isFree() && _editor.source().status() == ElementDataSource::Status::Loaded;
     return {
         themes(),
-        {tr("Keep Theme..."),
+        {tr("Keep Theme\u2026"),
          [this] { _desk.keep(_editor.source()); },
          hasTheme,
          {Qt::CTRL | Qt::Key_K}},
-        {tr("Open..."), [this] { _desk.chooseFile(); }, isFree(), {Qt::CTRL | Qt::Key_O}},
-        {tr("Share..."), [this] { _desk.share(_desk.packageOf(_editor.source())); }, hasTheme},
-        {tr("Export..."),
+        {tr("Open\u2026"), [this] { _desk.chooseFile(); }, isFree(), {Qt::CTRL | Qt::Key_O}},
+        {tr("Share\u2026"), [this] { _desk.share(_desk.packageOf(_editor.source())); }, hasTheme},
+        {tr("Export\u2026"),
          [this] {
              _desk.exportTheme(_desk.packageOf(_editor.source()),
                                EditedTheme(_preferences).name().value_or(tr("Tintloom")));

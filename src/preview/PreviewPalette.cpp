@@ -1,5 +1,6 @@
 #include "preview/PreviewPalette.h"
 
+#include "theme/ElementPicture.h"
 #include "theme/ShownColor.h"
 
 #include <algorithm>
@@ -40,6 +41,10 @@ PreviewPalette PreviewPalette::fromElements(const ElementDataSource &elements,
         else if (color.isValid())
             palette.take(*element, color);
     }
+    const auto listBackground = elements.shownIndexOfKey(keyOf(PreviewElement::ListBackground));
+    if (const auto picture = ElementPicture::behindList(elements);
+        picture && !(passing && passing->index == listBackground))
+        palette.listPicture = picture->shown(listPictureSize);
     return palette;
 }
 

@@ -5,6 +5,7 @@
 #include "preview/PreviewElement.h"
 #include "theme/ElementDataSource.h"
 
+#include <QImage>
 #include <QRgb>
 
 #include <array>
@@ -19,6 +20,9 @@ struct PreviewPalette {
     Corners corners = Corners::Round;
     int textSize = 16; // points
     bool showsPhotos = true;
+    static constexpr QSize listPictureSize{640, 1136};
+    QImage listPicture; // of that size, behind the message list, in place of its colour; null where
+                        // there is none
 
     /// A colour that is being picked for an element and is shown in place of its choice.
     struct Passing {

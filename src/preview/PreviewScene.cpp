@@ -32,6 +32,11 @@ void PreviewScene::paint(QPainter &painter, PreviewScreen screen, const PreviewP
     for (const PreviewShape &shape : sketch(screen).shapes()) {
         if (region.isEmpty() || region.intersects(pixelsOf(shape)))
             paintShape(painter, shape, inks[shape.ink]);
+        if (shape.ink == PreviewInk::Ground && screen == PreviewScreen::MessageList &&
+            !palette.listPicture.isNull()) {
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.drawImage(QRectF({}, screenSize), palette.listPicture);
+        }
     }
     painter.restore();
 }
@@ -39,7 +44,9 @@ void PreviewScene::paint(QPainter &painter, PreviewScreen screen, const PreviewP
 QRegion PreviewScene::touched(PreviewScreen screen, const PreviewPalette &before,
                               const PreviewPalette &after) const
 {
-    if (!suits(before) || !suits(after))
+    const bool hasSamePicture = screen != PreviewScreen::MessageList ||
+                                before.listPicture.cacheKey() == after.listPicture.cacheKey();
+    if (!suits(before) || !suits(after) || !hasSamePicture)
         return wholeScreen;
     const PreviewInks old(before, screen);
     const PreviewInks now(after, screen);

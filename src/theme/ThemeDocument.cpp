@@ -1,5 +1,7 @@
 #include "theme/ThemeDocument.h"
 
+#include "theme/ElementPicture.h"
+
 #include <QUndoCommand>
 
 #include <algorithm>
@@ -60,7 +62,8 @@ bool ThemeDocument::setColor(int index, const QString &colorText)
     const QString verb = colorText.isEmpty() ? tr("Remove %1") : tr("Change %1");
     // A null text is the empty one here, and no null marker.
     const QString text = colorText.isNull() ? QString("") : colorText;
-    return changeAll({{index, {text, record(index).value}}}, verb.arg(record(index).name));
+    const QVariant value = ElementPicture::of(record(index)) ? QVariant() : record(index).value;
+    return changeAll({{index, {text, value}}}, verb.arg(record(index).name));
 }
 
 bool ThemeDocument::chooseOption(int index, const QString &label)

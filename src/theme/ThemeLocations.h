@@ -6,6 +6,7 @@
 //   <documents>/Tintloom/Info.plist            the working copy, the same dictionary
 //   <documents>/Tintloom/Info.saving.plist     the old one, only during a save
 //   <documents>/Tintloom/Info.previous.plist   the one before, for "restore"
+//   <documents>/Tintloom/Picture-<SHA-256>.jpg pictures to which these lead
 //   <documents>/Preferences.plist              which theme is installed
 #pragma once
 

@@ -193,6 +193,9 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
     emptyPackageFolder(locations, theme.report);
     makeWorkingCopyFolder(locations, theme.report);
     theme.dictionary = themeDictionary(source);
+    theme.picture = ElementPicture::behindList(source);
+    if (theme.picture)
+        theme.workingCopy = workingCopyOf(source, theme.dictionary);
     const ThemePictures pictures = ThemePictures::of(source, theme.dictionary, scale);
     theme.listBackground = pictures.listBackground;
     theme.unreadIndicator = pictures.unreadIndicator;
@@ -216,7 +219,12 @@ SaveReport writeTheme(const BuiltTheme &theme)
     writing.openToEverybody(locations.listBackground());
     writing.openToEverybody(locations.unreadIndicator());
     writing.logFault();
-    writing.writeWorkingCopy(locations.workingCopy(), info);
+    if (theme.picture)
+        writing.write(locations.workingCopyFolder() + u'/' + theme.picture->fileName(),
+                      theme.picture->jpeg);
+    writing.writeWorkingCopy(locations.workingCopy(),
+                             theme.picture ? PropertyList::writeDictionary(theme.workingCopy)
+                                           : info);
     writing.openToEverybody(locations.workingCopy());
     writing.endReplacement(locations.workingCopyAside());
     writing.logFault();

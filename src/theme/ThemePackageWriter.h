@@ -6,6 +6,7 @@
 
 #include "platform/foundation/PropertyList.h"
 #include "theme/ElementDataSource.h"
+#include "theme/ElementPicture.h"
 #include "theme/ThemeLocations.h"
 
 #include <QByteArray>
@@ -42,6 +43,8 @@ struct SaveReport {
 struct BuiltTheme {
     ThemeLocations locations;
     PropertyDictionary dictionary;
+    std::optional<ElementPicture> picture;     // behind the list, in place of a colour
+    PropertyDictionary workingCopy;            // only with a picture: the dictionary and its entry
     QByteArray listBackground;                 // JPEG
     QByteArray unreadIndicator;                // JPEG
     SaveReport report;                         // folders that could not be made or emptied

@@ -3,6 +3,7 @@
 #include "bitmap/UIImage+JTColor.h"
 #include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
+#include "theme/ElementPicture.h"
 
 namespace
 {
@@ -22,6 +23,11 @@ QByteArray solidJpeg(const PropertyDictionary &dictionary, const QString &key, c
 ThemePictures ThemePictures::of(const ElementDataSource &source,
                                 const PropertyDictionary &dictionary, double scale)
 {
-    return {solidJpeg(dictionary, listBackgroundKey(source), listBackgroundRect, scale),
-            solidJpeg(dictionary, unreadIndicatorKey(), unreadIndicatorRect, scale)};
+    QByteArray background;
+    if (const auto picture = ElementPicture::behindList(source))
+        background = UIImageJPEGRepresentation(
+            picture->shown((listBackgroundRect.size() * scale).toSize()), jpegQuality);
+    if (background.isEmpty())
+        background = solidJpeg(dictionary, listBackgroundKey(source), listBackgroundRect, scale);
+    return {background, solidJpeg(dictionary, unreadIndicatorKey(), unreadIndicatorRect, scale)};
 }

@@ -1,4 +1,5 @@
-// The two pictures of a theme package, each filled with one colour of the theme.
+// The two pictures of a theme package, each filled with one colour of the theme, or the first with
+// a picture that a person has chosen.
 #pragma once
 
 #include "theme/ElementDataSource.h"

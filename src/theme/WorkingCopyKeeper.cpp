@@ -1,6 +1,7 @@
 #include "theme/WorkingCopyKeeper.h"
 
 #include "platform/foundation/NSFileManager.h"
+#include "theme/ElementPicture.h"
 
 #include <QFileInfo>
 
@@ -114,6 +115,14 @@ bool WorkingCopyKeeper::begin(const std::function<void()> &willReplace)
         willReplace();
     _generations.begin();
     return true;
+}
+
+std::error_code WorkingCopyKeeper::end()
+{
+    const std::error_code error = _generations.end();
+    if (!error)
+        ElementPicture::removeUnused(_locations);
+    return error;
 }
 
 WorkingCopyKeeper::Restoration WorkingCopyKeeper::restore()

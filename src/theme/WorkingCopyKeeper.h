@@ -39,7 +39,8 @@ public:
     // As of WorkingCopyGenerations; the first two only after begin() has agreed.
     std::error_code write(const QByteArray &bytes) { return _generations.write(bytes); }
     std::error_code copy(const QString &file) { return _generations.copy(file); }
-    std::error_code end() { return _generations.end(); }
+    /// Removes the pictures, too, to which nothing leads any more.
+    std::error_code end();
 
     using Restored = WorkingCopyGenerations::Restored;
     using Restoration = WorkingCopyGenerations::Restoration;

@@ -1,6 +1,8 @@
 #include "advice/Findings.h"
 
 #include "support/ThemeFixture.h"
+#include "theme/ElementPicture.h"
+#include "theme/ThemeDocument.h"
 
 #include <QDir>
 
@@ -166,4 +168,24 @@ TEST_F(FindingsTest, OddGroundsAreNoneOrSaid)
     putElements({on(element("a", "\"#FFF\""), R"({"text":["b"]})"), element("b", "\"#FFF\""),
                  on(element("a", "\"#000\""), R"({"text":["b"]})"), element("b", "\"#111\"")});
     EXPECT_EQ(found(load()), "a/b");
+}
+
+TEST_F(FindingsTest, APictureCountsByNearlyItsWorstPlaces)
+{
+    putElements({element("list-background-image", "\"#000000FF\""),
+                 on(element("text", "\"#FFFFFFFF\""), R"({"text":["list-background-image"]})")});
+    const auto foundOn = [this](double whiteShare) {
+        QImage image(640, 1136, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        for (int y = 0; y < int(1136 * whiteShare); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                image.setPixel(x, y, 0xFFFFFFFF);
+        const QString path = folder.filePath("picture.png");
+        EXPECT_TRUE(image.save(path));
+        ThemeDocument document(load());
+        document.changeAll({{0, *ElementPicture::read(path).picture->choice()}}, "Change");
+        return found(document.elements());
+    };
+    EXPECT_EQ(foundOn(0.03), "");
+    EXPECT_EQ(foundOn(0.2), "text/list-background-image") << "although its mean is dark";
 }

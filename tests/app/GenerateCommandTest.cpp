@@ -134,3 +134,30 @@ TEST_F(GenerateCommandTest, RefusesWhatExcludesEachOther)
         EXPECT_TRUE(outcome.text.contains(told)) << outcome.text.toStdString();
     }
 }
+
+TEST_F(GenerateCommandTest, SavesAPictureBehindTheList)
+{
+    const QString key = "list-background-image";
+    paint({0xFF2E8B57, 0xFF2E8B57});
+    const Finished done = run("save --picture " + key + '=' + picture, own);
+    EXPECT_EQ(done.exitCode, 0) << done.err.toStdString();
+    EXPECT_TRUE(done.out.contains("/Picture-"));
+    const Finished listed = run("list --json", own);
+    EXPECT_FALSE(listed.out.contains("jpeg"));
+    for (const QJsonValue item : json(listed))
+        EXPECT_EQ(item["key"] == key, item["value"].toObject().contains("zoom"));
+    const QByteArray before = contents(locations.workingCopy());
+
+    EXPECT_EQ(run("set send-button-color=123456", own).exitCode, 0);
+    EXPECT_TRUE(contents(locations.workingCopy()).contains("Picture-")) << "it stays";
+    put(picture, "text");
+    expectRefused("save --picture " + key + '=' + picture, 1, {picture.toUtf8(), "no picture"},
+                  own);
+    expectRefused("save --picture send-button-color=" + picture, 2, {"takes no picture"}, own);
+    expectRefused("save --picture " + picture, 2, {"KEY=FILE"}, own);
+    EXPECT_EQ(run("set " + key + "=123456", own).exitCode, 0);
+    EXPECT_FALSE(contents(locations.workingCopy()).contains("Picture-"));
+    EXPECT_EQ(run("restore", own).exitCode, 0);
+    EXPECT_NE(contents(locations.workingCopy()), before);
+    EXPECT_TRUE(contents(locations.workingCopy()).contains("Picture-"));
+}

@@ -3,6 +3,7 @@
 #include "support/ProgramFixture.h"
 #include "support/ThemeRecords.h"
 
+#include <QImage>
 #include <QRegularExpression>
 
 #include <array>
@@ -32,6 +33,10 @@ const std::vector<Flow> flows = {
     {"save", saveRed, saved, {saved, {"#CC0000FF", "#00B", ""}}},
     {"first save", saveRed, {}, {{}, {"#CC0000FF", "", ""}}},
     {"save without a change", "save --scale=1", saved, {saved}},
+    {"save with a picture",
+     "save --scale=1 --picture list-background-image=WHITE",
+     saved,
+     {saved, {"#FFFFFFFF", "#00B", ""}}},
     {"set", "set list-background-image=C00", saved, {saved, {"#CC0000FF", "#00B", ""}}},
     {"check --fix",
      "check --fix",
@@ -54,7 +59,12 @@ struct InterruptionTest : ProgramFixture,
         putThemes(resources, themeRecord("Quiet", "Sea"));
         putChoices(resources + "/Sea/Info.plist"_L1, "#C00");
         put(resources + "/Sea/UIKit/UnreadIndicator@2x.png"_L1, "a picture");
+        QImage white(64, 114, QImage::Format_RGB32);
+        white.fill(Qt::white);
+        ASSERT_TRUE(white.save(whitePicture));
     }
+
+    const QString whitePicture = folder.filePath("white.png");
 
     /// The dictionary that the program itself would save.
     void putChoices(const QString &path, const std::string &text) const
@@ -99,7 +109,8 @@ struct InterruptionTest : ProgramFixture,
     Finished runWithFault(const Flow &flow, const QString &fault) const
     {
         prepare(flow.before);
-        return run(flow.arguments, {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faulty);
+        return run(QString(flow.arguments).replace("WHITE"_L1, whitePicture),
+                   {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faulty);
     }
 
     int countOperations(const Flow &flow) const
@@ -120,6 +131,21 @@ struct InterruptionTest : ProgramFixture,
         EXPECT_EQ(contents(locations.packageRoot + "/Other/Info.plist"_L1), "kept");
     }
 
+    /// Pictures are there as long as choices lead to them.
+    void expectPictures() const
+    {
+        const QString folder = locations.workingCopyFolder();
+        QStringList leadingTo;
+        for (const QString &path : {locations.workingCopy(), locations.earlierWorkingCopy()})
+            if (NSFileManager::fileExistsAtPath(path))
+                for (const auto &match : QRegularExpression(u"Picture-[0-9a-f]{64}\\.jpg"_s)
+                                             .globalMatch(QString::fromUtf8(contents(path))))
+                    leadingTo += match.captured();
+        for (const QString &name : std::as_const(leadingTo))
+            EXPECT_TRUE(NSFileManager::fileExistsAtPath(folder + u'/' + name));
+        EXPECT_LE(leadingTo.size(), 1);
+    }
+
     /// Starts the program again and returns what it then finds.
     Choices restart() const
     {
@@ -134,6 +160,7 @@ struct InterruptionTest : ProgramFixture,
             EXPECT_EQ(listed.err.contains("the old choices are back"), before[Working].empty());
         }
         expectTidy();
+        expectPictures();
         return after;
     }
 
@@ -145,6 +172,7 @@ struct InterruptionTest : ProgramFixture,
         EXPECT_EQ(colorIn(locations.packageInfo()), "#123456FF");
         EXPECT_EQ(contents(locations.packageInfo()), contents(locations.workingCopy()));
         expectTidy();
+        expectPictures();
     }
 };
 

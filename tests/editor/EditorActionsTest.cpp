@@ -88,14 +88,20 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
 TEST_F(EditorActionsTest, MoreShowsWhatAppliesToTheTheme)
 {
     tap(item("_moreButton"));
-    const QStringList ownThemes{"Themes...", "Keep Theme...", "Open...", "Share...", "Export..."};
-    EXPECT_EQ(entries(), QStringList({"Preview", "Check Colors"}) + ownThemes +
+    const QStringList ofThemes{"Theme from a Color\u2026",
+                               "From a Photo\u2026",
+                               "Themes\u2026",
+                               "Keep Theme\u2026",
+                               "Open\u2026",
+                               "Share\u2026",
+                               "Export\u2026"};
+    EXPECT_EQ(entries(), QStringList({"Preview", "Check Colors"}) + ofThemes +
                              QStringList({"Save Theme", "Cancel"}));
     key(Qt::Key_Escape);
     choose(0, "#FF0000FF");
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), QStringList({"Undo Change Name of key-0", "Preview", "Check Colors"}) +
-                             ownThemes + QStringList({"Save Theme", "Cancel"}));
+                             ofThemes + QStringList({"Save Theme", "Cancel"}));
     click("Undo Change Name of key-0");
     EXPECT_EQ(colorOf(0), "#336699FF");
     tap(item("_moreButton"));

@@ -248,7 +248,7 @@ bool MainViewController::keyPressed(int key, Qt::KeyboardModifiers modifiers)
                          model && !_overlays->isLoading(),
                          {Qt::CTRL | Qt::Key_P}};
     const Action open{
-        tr("Open..."), [this] { _desk.chooseFile(); }, _desk.isFree(), {Qt::CTRL | Qt::Key_O}};
+        tr("Open\u2026"), [this] { _desk.chooseFile(); }, _desk.isFree(), {Qt::CTRL | Qt::Key_O}};
     const Action back{tr("Back"),
                       [this] { navigationController()->goBack(); },
                       _isFromEditor,

@@ -79,7 +79,7 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
 
     // It proposes the theme that is edited, which is taken, and lets choose what to do.
     root().document().setColor(0, "#040506FF");
-    more("Keep Theme...");
+    more("Keep Theme\u2026");
     tap(part("accept"));
     ASSERT_TRUE(waitForPart("replace"));
     EXPECT_EQ(colorOf("Mine"), "#010203FF");
@@ -88,7 +88,7 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
     EXPECT_EQ(keptNames(), (QStringList{"Mine", "Mine 2"}));
     EXPECT_EQ(colorOf("Mine 2"), "#040506FF");
 
-    more("Keep Theme...");
+    more("Keep Theme\u2026");
     tap(part("accept"));
     ASSERT_TRUE(waitForPart("replace"));
     key(Qt::Key_End);
@@ -178,7 +178,7 @@ TEST_F(ThemeDeskTest, AFileGivenAtTheStartIsShownWhenTheWindowIsUp)
 
 TEST_F(ThemeDeskTest, TheSharePageSaysFirstWhatDoesNotComeAlong)
 {
-    more("Share...");
+    more("Share\u2026");
     ASSERT_TRUE(waitForPage<ShareController>());
     const QString text = page<ShareController>()->text();
     EXPECT_EQ(ShareText::read(text).theme->info.find("plain")->toString(), "#111111FF");
@@ -206,7 +206,7 @@ TEST_F(ThemeDeskTest, AnExportIsWrittenWhereItWasAskedForAndOverwritesNothingUna
 {
     const QString file = _folder.filePath("out.tintloom");
     const auto exportTo = [&](const QString &path, int filter) {
-        more("Export...");
+        more("Export\u2026");
         auto *panel = root().themes()->desk().findChild<FilePanel *>();
         ASSERT_TRUE(panel);
         ASSERT_TRUE(panel->findChild<QObject *>()) << "no dialog";

@@ -1,0 +1,250 @@
+#include "theme/ElementPicture.h"
+
+#include "color/LinearLight.h"
+#include "pictures/ReducedPicture.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSLog.h"
+#include "platform/foundation/UIImageJPEGRepresentation.h"
+#include "theme/ColorText.h"
+#include "theme/ThemePictures.h"
+
+#include <QCryptographicHash>
+#include <QPainter>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+#include <deque>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr float keptQuality = 0.92F;
+constexpr QSize meanSize(32, 32);
+constexpr QSizeF screen(640.0, 1136.0); // the phone's; its shape alone matters
+
+/// A number that is one, within bounds.
+double within(double value, double least, double most, double standard)
+{
+    return std::isfinite(value) ? std::clamp(value, least, most) : standard;
+}
+
+/// In linear light: what the picture looks like from far away.
+QRgb meanColor(const QImage &image)
+{
+    double red = 0.0, green = 0.0, blue = 0.0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            red += linearFromSrgb(quint8(qRed(pixel)));
+            green += linearFromSrgb(quint8(qGreen(pixel)));
+            blue += linearFromSrgb(quint8(qBlue(pixel)));
+        }
+    const double count = double(image.width()) * image.height();
+    return qRgb(srgbFromLinear(float(red / count)), srgbFromLinear(float(green / count)),
+                srgbFromLinear(float(blue / count)));
+}
+
+bool isFileName(const QString &name)
+{
+    static const QRegularExpression form(u"^Picture-[0-9a-f]{64}\\.jpg\\z"_s);
+    return form.match(name).hasMatch();
+}
+} // namespace
+
+ElementPicture::Reading ElementPicture::read(const QString &path)
+{
+    const ReducedPicture read = ReducedPicture::read(path, longestSide);
+    if (!read.problem.isEmpty())
+        return {{}, read.problem};
+    // A JPEG has no transparency.
+    QImage image(read.image.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter(&image).drawImage(0, 0, read.image);
+    const QByteArray jpeg = UIImageJPEGRepresentation(image, keptQuality);
+    if (jpeg.isEmpty())
+        return {{}, path + ": there is no memory for it"_L1};
+    return {ElementPicture{jpeg}, {}};
+}
+
+std::optional<ElementPicture> ElementPicture::fromMap(const QVariantMap &map)
+{
+    const ElementPicture picture{
+        map.value(u"jpeg"_s).toByteArray(),
+        within(map.value(u"x"_s, 0.5).toDouble(), 0.0, 1.0, 0.5),
+        within(map.value(u"y"_s, 0.5).toDouble(), 0.0, 1.0, 0.5),
+        within(map.value(u"zoom"_s, 1.0).toDouble(), 1.0, mostZoom, 1.0),
+    };
+    return picture.jpeg.isEmpty() ? std::nullopt : std::optional(picture);
+}
+
+std::optional<ElementPicture> ElementPicture::of(const ElementRecord &record)
+{
+    if (record.isChoice() || record.value.typeId() != QMetaType::QVariantMap)
+        return std::nullopt;
+    const QVariantMap map = record.value.toMap();
+    const QVariant color = map.value(u"color"_s);
+    return color.isValid() && color == record.color ? fromMap(map) : std::nullopt;
+}
+
+std::optional<ElementPicture> ElementPicture::behindList(const ElementDataSource &elements)
+{
+    const auto index = elements.shownIndexOfKey(ThemePictures::listBackgroundKey(elements));
+    return index ? of(elements.tableSource()[size_t(*index)]) : std::nullopt;
+}
+
+std::optional<ElementChoice> ElementPicture::choice() const
+{
+    const QImage seen = shown(meanSize);
+    if (seen.isNull())
+        return std::nullopt;
+    const QString color = hexStringForRgb(meanColor(seen));
+    return ElementChoice{
+        color,
+        QVariantMap{
+            {u"jpeg"_s, jpeg}, {u"x"_s, x}, {u"y"_s, y}, {u"zoom"_s, zoom}, {u"color"_s, color}}};
+}
+
+QSizeF ElementPicture::partOf(QSizeF picture) const
+{
+    return screen.scaled(picture, Qt::KeepAspectRatio) / zoom;
+}
+
+QRectF ElementPicture::placeIn(QSizeF picture) const
+{
+    const QSizeF part = partOf(picture);
+    const double left =
+        std::clamp(x * picture.width() - part.width() / 2.0, 0.0, picture.width() - part.width());
+    const double top = std::clamp(y * picture.height() - part.height() / 2.0, 0.0,
+                                  picture.height() - part.height());
+    return {QPointF(left, top), part};
+}
+
+ElementPicture ElementPicture::moved(QSize whole, double across, double down) const
+{
+    const QSizeF part = partOf(whole);
+    ElementPicture picture = *this;
+    picture.x -= across * part.width() / whole.width();
+    picture.y -= down * part.height() / whole.height();
+    // Where it stops, it also starts when the finger comes back.
+    const QPointF middle = picture.placeIn(whole).center();
+    picture.x = middle.x() / whole.width();
+    picture.y = middle.y() / whole.height();
+    return picture;
+}
+
+ElementPicture ElementPicture::closer(QSize whole, double factor) const
+{
+    ElementPicture picture = *this;
+    picture.zoom = within(zoom * factor, 1.0, mostZoom, zoom);
+    return picture.moved(whole, 0.0, 0.0);
+}
+
+QImage ElementPicture::whole(int longerSide) const
+{
+    return ReducedPicture::parse(jpeg, longerSide).image;
+}
+
+QImage ElementPicture::shownOf(const QImage &whole, QSize pixels) const
+{
+    const QRect part = placeIn(whole.size()).toRect();
+    return whole.copy(QRect(part.topLeft(), part.size().expandedTo({1, 1})) & whole.rect())
+        .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage ElementPicture::shown(QSize pixels) const
+{
+    struct Shown {
+        ElementPicture picture;
+        QSize pixels;
+        QImage image;
+    };
+    thread_local std::deque<Shown> latest;
+    const auto isThis = [&](const Shown &shown) {
+        return shown.pixels == pixels && shown.picture == *this;
+    };
+    if (const auto known = std::ranges::find_if(latest, isThis); known != latest.end())
+        return known->image;
+    const QImage all = whole();
+    if (all.isNull())
+        return {};
+    latest.push_front({*this, pixels, shownOf(all, pixels)});
+    if (latest.size() > 3) // as many sizes as are asked for
+        latest.pop_back();
+    return latest.front().image;
+}
+
+QString ElementPicture::fileName() const
+{
+    const QByteArray hash = QCryptographicHash::hash(jpeg, QCryptographicHash::Sha256).toHex();
+    return u"Picture-%1.jpg"_s.arg(QLatin1StringView(hash));
+}
+
+void ElementPicture::addTo(PropertyDictionary &workingCopy, const QString &key,
+                           const QString &color) const
+{
+    workingCopy.setValue(entryKey(key), QVariantMap{{u"file"_s, fileName()},
+                                                    {u"x"_s, x},
+                                                    {u"y"_s, y},
+                                                    {u"zoom"_s, zoom},
+                                                    {u"color"_s, color}});
+}
+
+void ElementPicture::readFiles(PropertyDictionary &workingCopy, const QString &folder)
+{
+    const QString key = entryKey(ThemePictures::listBackgroundKey({}));
+    const QVariant *entry = workingCopy.find(key);
+    if (!entry)
+        return;
+    QVariantMap map = entry->toMap();
+    map.remove(u"jpeg"_s);
+    const QString name = map.value(u"file"_s).toString();
+    if (isFileName(name)) {
+        const auto [bytes, error] = NSFileManager::contentsAtPath(folder + u'/' + name);
+        if (!error && ElementPicture{bytes}.fileName() == name)
+            map.insert(u"jpeg"_s, bytes);
+    }
+    if (!map.contains(u"jpeg"_s))
+        NSLog("The picture of the saved choices is missing: %@", {name});
+    workingCopy.setValue(key, map);
+}
+
+std::optional<QVariant> ElementPicture::valueIn(const PropertyDictionary &workingCopy,
+                                                const ElementRecord &record)
+{
+    const QVariant *entry = workingCopy.find(entryKey(record.key));
+    if (!entry || record.isChoice() || record.value.isValid())
+        return std::nullopt;
+    QVariantMap map = entry->toMap();
+    map.remove(u"file"_s);
+    ElementRecord shown = record;
+    shown.value = map;
+    return of(shown) ? std::optional(shown.value) : std::nullopt;
+}
+
+void ElementPicture::removeUnused(const ThemeLocations &locations)
+{
+    const QString folder = locations.workingCopyFolder();
+    QStringList names = NSFileManager::contentsOfDirectoryAtPath(folder).names;
+    names.removeIf([](const QString &name) { return !isFileName(name); });
+    if (names.isEmpty())
+        return;
+    for (const QString &path :
+         {locations.workingCopy(), locations.workingCopyAside(), locations.earlierWorkingCopy()}) {
+        const auto [bytes, error] = NSFileManager::contentsAtPath(path);
+        if (error && !NSFileManager::isMissing(error))
+            return;
+        names.removeIf([&](const QString &name) { return bytes.contains(name.toLatin1()); });
+    }
+    for (const QString &name : std::as_const(names))
+        NSFileManager::removeItemAtPath(folder + u'/' + name);
+}
+
+PropertyDictionary workingCopyOf(const ElementDataSource &elements, PropertyDictionary theme)
+{
+    const QString key = ThemePictures::listBackgroundKey(elements);
+    if (const auto picture = ElementPicture::behindList(elements))
+        picture->addTo(theme, key, PropertyList::textOf(*theme.find(key)));
+    return theme;
+}
