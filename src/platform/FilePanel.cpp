@@ -27,7 +27,7 @@ void FilePanel::show(const QString &title, const QString &name, bool saves)
     QStringList filters;
     for (const Filter &filter : _filters)
         filters.append(QStringLiteral("%1 (%2)").arg(filter.title, filter.patterns.join(u' ')));
-    // The theme's own look is part of no other style.
+    // The plainest of the styles; whoever has set another keeps that.
     if (!qEnvironmentVariableIsSet("QT_QUICK_CONTROLS_STYLE"))
         qputenv("QT_QUICK_CONTROLS_STYLE", "Basic");
     QObject *const dialog =

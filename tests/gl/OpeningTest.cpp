@@ -24,9 +24,9 @@ protected:
     {
         auto *data = new QMimeData;
         data->setUrls({QUrl::fromLocalFile(_path)});
-        QDrag drag(this);
-        drag.setMimeData(data);
-        _wasTaken = drag.exec(Qt::CopyAction) == Qt::CopyAction || _wasTaken;
+        auto *drag = new QDrag(this); // Qt's: it is asked for the file after exec() has returned
+        drag->setMimeData(data);
+        _wasTaken = drag->exec(Qt::CopyAction) == Qt::CopyAction || _wasTaken;
     }
 
 private:
