@@ -16,12 +16,17 @@ bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper
         return false;
     }
     std::error_code error = NSFileManager::createDirectoryAtPath(locations.workingCopyFolder());
+    PropertyDictionary choices = themeDictionary(elements);
+    std::error_code pictureError;
     if (const auto picture = ElementPicture::behindList(elements); picture && !error)
-        error = NSFileManager::writeToFile(
+        pictureError = NSFileManager::writeToFile(
             locations.workingCopyFolder() + u'/' + picture->fileName(), picture->jpeg);
+    if (!pictureError) // choices never lead to a picture that is not there
+        choices = workingCopyOf(elements, std::move(choices));
     if (!error)
-        error = keeper.write(
-            PropertyList::writeDictionary(workingCopyOf(elements, themeDictionary(elements))));
+        error = keeper.write(PropertyList::writeDictionary(choices));
+    if (!error)
+        error = pictureError;
     if (!error)
         error = NSFileManager::setPosixPermissions(locations.workingCopy(), packagePermissions);
     if (const auto ending = keeper.end(); ending && !error)

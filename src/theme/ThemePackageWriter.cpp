@@ -70,12 +70,16 @@ public:
         _report.addFailure(folder, isALink);
     }
 
-    void write(const QString &path, const QByteArray &bytes)
+    /// False for a fault.
+    bool write(const QString &path, const QByteArray &bytes)
     {
         // Nothing to write means that the encoder ran out of memory.
-        note(path, bytes.isEmpty()     ? std::make_error_code(std::errc::not_enough_memory)
-                   : leadsAstray(path) ? isALink
-                                       : NSFileManager::writeToFile(path, bytes));
+        const std::error_code error = bytes.isEmpty()
+                                          ? std::make_error_code(std::errc::not_enough_memory)
+                                      : leadsAstray(path) ? isALink
+                                                          : NSFileManager::writeToFile(path, bytes);
+        note(path, error);
+        return !error;
     }
 
     /// Replaces the old one, which its keeper has moved aside.
@@ -219,12 +223,12 @@ SaveReport writeTheme(const BuiltTheme &theme)
     writing.openToEverybody(locations.listBackground());
     writing.openToEverybody(locations.unreadIndicator());
     writing.logFault();
-    if (theme.picture)
-        writing.write(locations.workingCopyFolder() + u'/' + theme.picture->fileName(),
-                      theme.picture->jpeg);
+    // Choices never lead to a picture that is not there.
+    const bool hasPicture = theme.picture && writing.write(locations.workingCopyFolder() + u'/' +
+                                                               theme.picture->fileName(),
+                                                           theme.picture->jpeg);
     writing.writeWorkingCopy(locations.workingCopy(),
-                             theme.picture ? PropertyList::writeDictionary(theme.workingCopy)
-                                           : info);
+                             hasPicture ? PropertyList::writeDictionary(theme.workingCopy) : info);
     writing.openToEverybody(locations.workingCopy());
     writing.endReplacement(locations.workingCopyAside());
     writing.logFault();

@@ -94,8 +94,11 @@ struct EditorGeneratorTest : EditorFixture {
         data.setUrls({QUrl::fromLocalFile(file)});
         QDragEnterEvent enter({150, 200}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &enter);
-        if (!enter.isAccepted())
+        if (!enter.isAccepted()) {
+            QDragLeaveEvent leave;
+            QCoreApplication::sendEvent(&window(), &leave);
             return false;
+        }
         QDropEvent event({150, 200}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &event);
         return event.isAccepted();
@@ -226,7 +229,7 @@ TEST_F(EditorGeneratorTest, APictureBehindTheListIsChosenPlacedAndUndone)
 {
     const int list = index("list-background-image");
     const auto before = choices();
-    ASSERT_TRUE(drop(picture("sea.png", {QColor(20, 90, 200), QColor(220, 60, 30)})));
+    ASSERT_TRUE(drop(picture("sea.png", {QColor(20, 60, 120), QColor(120, 30, 20)})));
     ASSERT_TRUE(waitUntilRead());
     page()->useBackground(true);
     EXPECT_FALSE(shown().listPicture.isNull());
