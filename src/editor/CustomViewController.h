@@ -19,6 +19,7 @@
 #include "editor/EditorFindings.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
+#include "editor/EditorSending.h"
 #include "editor/ElementRow.h"
 #include "platform/UIActionSheet.h"
 #include "platform/UITableView.h"
@@ -128,7 +129,11 @@ public:
     /// Saves the theme; returns at once. Refused with a notice, and nothing touched: a document
     /// without elements to save, because saving it would wipe the user's choices, and folders at
     /// which another Tintloom is busy for long. Nothing while a save is going on.
-    void save();
+    void save() { save({}); }
+    /// The same for who goes on with what is saved: in place of the alert at the end, it is told
+    /// what went wrong, a path a line; empty when all is well.
+    using Saved = std::function<void(const QString &problem)>;
+    void save(const Saved &then);
 
     /// Brings the first of these elements that has a row into sight, where it flashes.
     void reveal(const std::vector<int> &indexes);
@@ -150,6 +155,7 @@ public:
     ScreenOverlays *overlays() const { return _overlays; }
     EditorPreview *preview() const { return _preview; }
     EditorFindings *findings() const { return _findings.get(); }
+    EditorSending *sending() { return &_sending; }
     /// Null before the view is loaded.
     UITableView *tableView() const { return _tableView; }
 
@@ -168,7 +174,7 @@ protected:
 private:
     CustomViewController(const EditorFolders &folders, bool fromMainView);
     void install();
-    void finishSave(const ElementDataSource &saved, const SaveReport &report);
+    void finishSave(const ElementDataSource &saved, const SaveReport &report, const Saved &then);
     void showChooser(int index, NSIndexPath indexPath);
     void dismissChooser();
     void showOptions(const ElementRecord &record, NSIndexPath indexPath);
@@ -202,5 +208,6 @@ private:
     EditorPreview *const _preview = new EditorPreview(*this);
     std::unique_ptr<EditorFindings> _findings;
     EditorColors _colors{*this, _folders.theme.documents};
+    EditorSending _sending{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
 };

@@ -7,6 +7,8 @@
 
 namespace
 {
+const QString sendEntry = u"Send to Phone…"_qs;
+
 class EditorActionsTest : public EditorFixture
 {
 protected:
@@ -88,12 +90,13 @@ TEST_F(EditorActionsTest, KeysUndoAndRedoWhereTheScreenIsFree)
 TEST_F(EditorActionsTest, MoreShowsWhatAppliesToTheTheme)
 {
     tap(item("_moreButton"));
-    EXPECT_EQ(entries(), (QStringList{"Preview", "Check Colors", "Save Theme", "Cancel"}));
+    EXPECT_EQ(entries(),
+              (QStringList{"Preview", "Check Colors", "Save Theme", sendEntry, "Cancel"}));
     key(Qt::Key_Escape);
     choose(0, "#FF0000FF");
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), (QStringList{"Undo Change Name of key-0", "Preview", "Check Colors",
-                                      "Save Theme", "Cancel"}));
+                                      "Save Theme", sendEntry, "Cancel"}));
     click("Undo Change Name of key-0");
     EXPECT_EQ(colorOf(0), "#336699FF");
     tap(item("_moreButton"));
