@@ -1,12 +1,12 @@
 #include "catalogue/window/MainViewController.h"
 
 #include "catalogue/window/CataloguePage.h"
+#include "catalogue/window/ThemeSending.h"
 #include "platform/UINavigationController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
 #include "preview/window/PreviewController.h"
-#include "views/Action.h"
 #include "views/SectionHeader.h"
 
 #include <QCoreApplication>
@@ -195,8 +195,25 @@ void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer 
     const NSIndexPath indexPath = _tableView->indexPathForCell(gesture.view());
     if (gesture.state() != UILongPressGestureRecognizer::State::Began || !indexPath.isValid())
         return;
-    _clickedTheme = _tableSource.record(indexPath.section, indexPath.row).name;
     _tableView->deselectRow(indexPath, true);
+    askToEdit(_tableSource.record(indexPath.section, indexPath.row).name);
+}
+
+bool MainViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
+{
+    const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
+    const auto folder = themeResourceFolder(_folders.resources, record.name);
+    if (!record.isReadyMade() || !folder)
+        return false;
+    const Action edit{tr("Edit"), [this, theme = record.name] { askToEdit(theme); }};
+    _menu = ActionMenu::show(record.name,
+                             {edit, sendAction(_folders.theme.documents, record.name, *folder)});
+    return true;
+}
+
+void MainViewController::askToEdit(const QString &theme)
+{
+    _clickedTheme = theme;
     auto alert = std::make_unique<UIAlertView>(
         "Would you like to send this theme to the editor to edit?",
         "Doing so will overwrite your current custom theme.", self(), QStringList{"No", "Yes"});

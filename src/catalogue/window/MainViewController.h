@@ -17,6 +17,7 @@
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
+#include "views/Action.h"
 #include "views/ScreenOverlays.h"
 #include "views/ScreenWork.h"
 
@@ -58,6 +59,7 @@ public:
     void willDisplayHeaderView(UITableViewHeader &header, int section) override;
     void didSelectRowAtIndexPath(NSIndexPath indexPath) override;
     void didDeselectRowAtIndexPath(NSIndexPath) override {}
+    bool showMenuForRowAtIndexPath(NSIndexPath indexPath) override;
     bool keyPressed(int key, Qt::KeyboardModifiers modifiers) override;
     void handleLongCellPress(const UILongPressGestureRecognizer &gesture);
     void clickedButtonAtIndex(UIAlertView &alertView, int buttonIndex) override;
@@ -106,6 +108,8 @@ private:
     /// The editor's, if there is one.
     ThemeDocument *document() const;
     void openEditor(bool colorsBar);
+    /// Whether the theme shall replace what the editor has.
+    void askToEdit(const QString &theme);
     using BeginCopy = std::function<ThemeInstallation(
         const QString &resources, const QString &theme, const ThemeLocations &locations)>;
     using FinishCopy = void (MainViewController::*)(const ThemeInstallation &,
@@ -128,6 +132,7 @@ private:
     CatalogueLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     QPointer<UIAlertView> _alertView;
+    std::shared_ptr<ActionMenu> _menu; // shown last
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
 };
