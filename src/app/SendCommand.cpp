@@ -8,6 +8,7 @@
 #include "delivery/RememberedPhones.h"
 #include "delivery/SshModules.h"
 #include "library/ChosenPackage.h"
+#include "library/PackageFiles.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include <QFileInfo>
@@ -75,16 +76,14 @@ QString nameOf(const CommandLine::Options &options)
 }
 
 /// Nothing, with the exit status, told why.
-std::optional<std::map<QString, QByteArray>> filesOf(const CommandLine::Options &options,
-                                                     int &status)
+std::optional<std::map<QString, QByteArray>> filesToSend(const CommandLine::Options &options,
+                                                         int &status)
 {
     const ThemeSubject subject = themeSubject(options);
     status = subject.status;
     if (!subject.elements)
         return std::nullopt;
-    PackageContents package = packageContents(*subject.elements, nameOf(options), options.scale);
-    package.files[u"Info.plist"_s] = PropertyList::writeDictionary(package.info);
-    return std::move(package.files);
+    return filesOf(packageContents(*subject.elements, nameOf(options), options.scale));
 }
 
 bool accepts(const UnknownHost &host, const QString &accepted)
@@ -136,7 +135,7 @@ int runSend(const CommandLine::Options &options)
         return wrongUsage;
     }
     int status = 0;
-    if (!options.back && !(request.files = filesOf(options, status)))
+    if (!options.back && !(request.files = filesToSend(options, status)))
         return status;
     const SshModules::Loading ssh = SshModules::load();
     if (!ssh.module) {

@@ -52,14 +52,14 @@ std::function<void(Value)> answerOf(const std::shared_ptr<Pending<Value>> &pendi
 }
 } // namespace
 
-DeliveryTask::DeliveryTask(DeliveryRequest request, Handlers handlers, Connect connect)
+DeliveryTask::DeliveryTask(DeliveryRequest request, Handlers handlers, Connect connect, Read read)
     : _state(std::make_shared<State>())
 {
     _state->handlers = std::move(handlers);
     // A function is to be copied, so what is to be sent stays in one place.
-    const auto wanted = std::make_shared<const DeliveryRequest>(std::move(request));
-    _queue.async([state = _state, wanted, connect = std::move(connect)] {
-        const DeliveryResult result = run(state, *wanted, connect);
+    const auto wanted = std::make_shared<DeliveryRequest>(std::move(request));
+    _queue.async([state = _state, wanted, connect = std::move(connect), read = std::move(read)] {
+        const DeliveryResult result = run(state, *wanted, connect, read);
         MainQueue::async([state, result] {
             if (state->handlers.finished)
                 state->handlers.finished(result);
@@ -99,10 +99,12 @@ Value DeliveryTask::ask(const std::shared_ptr<State> &state, const Put &put)
     return value;
 }
 
-DeliveryResult DeliveryTask::run(const std::shared_ptr<State> &state,
-                                 const DeliveryRequest &request, const Connect &connect)
+DeliveryResult DeliveryTask::run(const std::shared_ptr<State> &state, DeliveryRequest &request,
+                                 const Connect &connect, const Read &read)
 {
     QString problem;
+    if (read && !(request.files = read(problem)))
+        return {DeliveryResult::Status::Failed, problem, {}};
     const auto connection = connect(problem);
     if (!connection)
         return {DeliveryResult::Status::Failed, problem, {}};

@@ -23,8 +23,15 @@ public:
     /// Called on the queue; null, with the problem set, where there can be no connection.
     using Connect = std::function<std::unique_ptr<SshConnection>(QString &problem)>;
 
-    /// Starts. Main thread, as is all of the following.
-    DeliveryTask(DeliveryRequest request, Handlers handlers, Connect connect = bySsh());
+    using Files = std::map<QString, QByteArray>; // as in a request
+    /// Called on the queue, before the connection; nothing, with the problem set, where there is
+    /// nothing to send.
+    using Read = std::function<std::optional<Files>(QString &problem)>;
+
+    /// Starts. Main thread, as is all of the following. What is read, if there is something to
+    /// read it, is sent in place of the request's own files.
+    DeliveryTask(DeliveryRequest request, Handlers handlers, Connect connect = bySsh(),
+                 Read read = {});
     /// Cancels, and waits until the phone is tidied up, or does not answer for some seconds.
     ~DeliveryTask();
     DeliveryTask(const DeliveryTask &) = delete;
@@ -38,8 +45,8 @@ public:
 private:
     struct State;
 
-    static DeliveryResult run(const std::shared_ptr<State> &state, const DeliveryRequest &request,
-                              const Connect &connect);
+    static DeliveryResult run(const std::shared_ptr<State> &state, DeliveryRequest &request,
+                              const Connect &connect, const Read &read);
     template <typename Value, typename Put>
     static Value ask(const std::shared_ptr<State> &state, const Put &put);
 

@@ -395,12 +395,14 @@ void CustomViewController::saveButtonTap()
     save();
 }
 
-void CustomViewController::save()
+void CustomViewController::save(const Saved &then)
 {
     if (isLoading())
         return;
     if (source().status() != ElementDataSource::Status::Loaded) {
         _overlays->setNotice(tr("Nothing was saved.") + '\n' + source().problem());
+        if (then)
+            then(source().problem());
         return;
     }
     NSLog("SAVING THEME...");
@@ -414,19 +416,23 @@ void CustomViewController::save()
                 delegate->setCustomTheme();
         });
     };
-    _saving.run(tr("Saving theme..."), self, build, [this, snapshot](const BuiltTheme &theme) {
-        finishSave(snapshot, writeTheme(theme));
-    });
+    _saving.run(tr("Saving theme..."), self, build,
+                [this, snapshot, then](const BuiltTheme &theme) {
+                    finishSave(snapshot, writeTheme(theme), then);
+                });
 }
 
-void CustomViewController::finishSave(const ElementDataSource &saved, const SaveReport &report)
+void CustomViewController::finishSave(const ElementDataSource &saved, const SaveReport &report,
+                                      const Saved &then)
 {
-    _overlays->showOutcome(report.notice(), report.copyFrom(_folders.theme));
+    _overlays->showOutcome(report.notice(), then ? QString() : report.copyFrom(_folders.theme));
     removeLoader();
+    if (report.refusal.isEmpty() && report.failures.empty())
+        _document->noteSaved(saved);
+    if (then)
+        return then(report.notice());
     if (!report.refusal.isEmpty())
         return;
-    if (report.failures.empty())
-        _document->noteSaved(saved);
     UIAlertView::show(std::make_unique<UIAlertView>(
         "Saved",
         "Your theme has been saved. Check biteSMS for \"Tintloom\" under themes then select "

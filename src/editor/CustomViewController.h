@@ -20,6 +20,7 @@
 #include "editor/EditorGenerator.h"
 #include "editor/EditorLayout.h"
 #include "editor/EditorPreview.h"
+#include "editor/EditorSending.h"
 #include "editor/EditorThemes.h"
 #include "editor/ElementRow.h"
 #include "platform/UIActionSheet.h"
@@ -132,7 +133,11 @@ public:
     /// Saves the theme; returns at once. Refused with a notice, and nothing touched: a document
     /// without elements to save, because saving it would wipe the user's choices, and folders at
     /// which another Tintloom is busy for long. Nothing while a save is going on.
-    void save();
+    void save() { save({}); }
+    /// The same for who goes on with what is saved: in place of the alert at the end, it is told
+    /// what went wrong, a path a line; empty when all is well.
+    using Saved = std::function<void(const QString &problem)>;
+    void save(const Saved &then);
 
     /// Reads the choices anew, which somebody has replaced on the disk: what was chosen here is
     /// gone with its history and its draft. Whoever has replaced them still holds the keeper.
@@ -161,6 +166,7 @@ public:
     EditorFindings *findings() const { return _findings.get(); }
     EditorThemes *themes() { return &_themes; }
     EditorGenerator *generator() const { return _generator; }
+    EditorSending *sending() { return &_sending; }
     /// Null before the view is loaded.
     UITableView *tableView() const { return _tableView; }
 
@@ -179,7 +185,7 @@ protected:
 private:
     CustomViewController(const EditorFolders &folders, bool fromMainView);
     void install();
-    void finishSave(const ElementDataSource &saved, const SaveReport &report);
+    void finishSave(const ElementDataSource &saved, const SaveReport &report, const Saved &then);
     void showChooser(int index, NSIndexPath indexPath);
     void dismissChooser();
     void showOptions(const ElementRecord &record, NSIndexPath indexPath);
@@ -214,6 +220,7 @@ private:
     std::unique_ptr<EditorFindings> _findings;
     EditorGenerator *const _generator = new EditorGenerator(*this);
     EditorColors _colors{*this, _folders.theme.documents};
+    EditorSending _sending{*this, _folders.theme.documents};
     ScreenWork _saving{"io.tintloom.savefilequeue2", *_overlays};
     EditorThemes _themes{*this, _saving, _folders};
 };

@@ -75,6 +75,8 @@ Actions EditorActions::forTheme(CustomViewController &editor)
                        [&editor] { editor.save(); },
                        !editor.isLoading() && !editor.isChooserOpen(),
                        {Qt::CTRL | Qt::Key_S}});
+    actions.push_back({tr("Send to Phone…"), [&editor] { editor.sending()->showPage(); },
+                       !editor.isLoading() && !editor.isChooserOpen()});
     return actions;
 }
 

@@ -99,9 +99,10 @@ void EditorPreview::open(const QString &key)
 {
     const auto index = _editor.source().shownIndexOfKey(key);
     const NSIndexPath row = index ? _editor.source().indexPathOf(*index) : NSIndexPath();
-    if (!row.isValid())
+    const UIViewController *const page = UIWindow::keyWindow()->presentedViewController();
+    if (!row.isValid() || (page && !page->allowsBack()))
         return;
-    if (UIWindow::keyWindow()->presentedViewController())
+    if (page)
         PreviewController::dismissPage();
     _editor.tableView()->forceActiveFocus(); // keys, too, go where the choice is made
     _editor.tableView()->scrollToRow(row);

@@ -7,6 +7,8 @@
 
 namespace
 {
+const QString sendEntry = u"Send to Phone…"_qs;
+
 class EditorActionsTest : public EditorFixture
 {
 protected:
@@ -96,12 +98,12 @@ TEST_F(EditorActionsTest, MoreShowsWhatAppliesToTheTheme)
                                "Share\u2026",
                                "Export\u2026"};
     EXPECT_EQ(entries(), QStringList({"Preview", "Check Colors"}) + ofThemes +
-                             QStringList({"Save Theme", "Cancel"}));
+                             QStringList({"Save Theme", sendEntry, "Cancel"}));
     key(Qt::Key_Escape);
     choose(0, "#FF0000FF");
     tap(item("_moreButton"));
     EXPECT_EQ(entries(), QStringList({"Undo Change Name of key-0", "Preview", "Check Colors"}) +
-                             ofThemes + QStringList({"Save Theme", "Cancel"}));
+                             ofThemes + QStringList({"Save Theme", sendEntry, "Cancel"}));
     click("Undo Change Name of key-0");
     EXPECT_EQ(colorOf(0), "#336699FF");
     tap(item("_moreButton"));

@@ -1,6 +1,7 @@
 #include "catalogue/window/KeptThemeMenu.h"
 
 #include "catalogue/KeptThemeChanges.h"
+#include "catalogue/window/ThemeSending.h"
 #include "platform/foundation/NSFileManager.h"
 
 namespace
@@ -44,6 +45,7 @@ Actions KeptThemeMenu::actions(const QString &name)
             {tr("Duplicate"), [=, this] { duplicate(name); }},
             {tr("Export"), [=, this] { _desk.exportTheme(_desk.packageOf(name), name); }},
             {tr("Share"), [=, this] { _desk.share(_desk.packageOf(name)); }},
+            sendKeptAction(_locations.documents, name),
             {tr("Remove"), [=, this] { remove(name); }}};
 }
 

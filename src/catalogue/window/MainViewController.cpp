@@ -2,12 +2,12 @@
 
 #include "catalogue/window/CataloguePage.h"
 #include "catalogue/window/SendToEditor.h"
+#include "catalogue/window/ThemeSending.h"
 #include "platform/UINavigationController.h"
 #include "platform/UITableViewSubtitleCell.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
 #include "preview/window/PreviewController.h"
-#include "views/Action.h"
 #include "views/SectionHeader.h"
 
 #include <QCoreApplication>
@@ -266,9 +266,17 @@ bool MainViewController::takesDrop(const QMimeData &data)
 bool MainViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
 {
     const ThemeRecord &record = _tableSource.record(indexPath.section, indexPath.row);
-    if (record.kept)
+    if (record.kept) {
         _keptMenu.show(record.name);
-    return record.kept;
+        return true;
+    }
+    const auto folder = themeResourceFolder(_folders.resources, record.name);
+    if (!record.isReadyMade() || !folder)
+        return false;
+    const Action edit{tr("Edit"), [this, record] { askToEdit(record); }};
+    _menu = ActionMenu::show(record.name,
+                             {edit, sendAction(_folders.theme.documents, record.name, *folder)});
+    return true;
 }
 
 void MainViewController::handleLongCellPress(const UILongPressGestureRecognizer &gesture)

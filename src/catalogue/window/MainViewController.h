@@ -26,6 +26,7 @@
 #include "platform/UIAlertView.h"
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
+#include "views/Action.h"
 #include "views/ScreenOverlays.h"
 #include "views/ScreenWork.h"
 
@@ -130,6 +131,7 @@ private:
     ThemeDocument *document() const;
     void makeEditor();
     void openEditor(bool colorsBar);
+    /// Whether the theme shall replace what the editor has.
     using BeginCopy = std::function<ThemeInstallation(
         const QString &resources, const QString &theme, const ThemeLocations &locations)>;
     using FinishCopy = void (MainViewController::*)(const ThemeInstallation &,
@@ -154,6 +156,7 @@ private:
     CatalogueLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     QPointer<UIAlertView> _alertView;
+    std::shared_ptr<ActionMenu> _menu; // shown last
     ScreenOverlays *const _overlays = new ScreenOverlays(this);
     ScreenWork _saving{"io.tintloom.savefilequeue1", *_overlays};
     ThemeDesk _desk{*this, *_overlays, _saving, _folders.resources, _folders.theme};

@@ -90,7 +90,8 @@ TEST_F(KeptThemesTest, ASheetRenamesDuplicatesAndRemovesUndoably)
     ASSERT_TRUE(waitForKept({"Deep", "Red"}));
     openSheet("Deep");
     EXPECT_EQ(window().actionSheet()->buttonTitles(),
-              (QStringList{"Rename", "Duplicate", "Export", "Share", "Remove", "Cancel"}));
+              (QStringList{"Rename", "Duplicate", "Export", "Share", "Send to Phone\u2026",
+                           "Remove", "Cancel"}));
     choose("Rename");
     ASSERT_TRUE(page<NameController>());
     EXPECT_EQ(page<NameController>()->entry()->isReplaceable(), false);

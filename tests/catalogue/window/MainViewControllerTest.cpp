@@ -101,8 +101,11 @@ TEST_F(MainViewControllerTest, KeysTapRowsAndPressThemLong)
     key(Qt::Key_Tab);
     const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> steps[] = {
         {Qt::Key_Home, {}, -1}, // to "Later", which takes neither
-        {Qt::Key_Return, {}, -1}, {Qt::Key_Menu, {}, -1}, {Qt::Key_Down, {}, -1},
-        {Qt::Key_Return, {}, 0},  {Qt::Key_Menu, {}, 1},  {Qt::Key_Return, Qt::ShiftModifier, 1},
+        {Qt::Key_Return, {}, -1},
+        {Qt::Key_Menu, {}, -1},
+        {Qt::Key_Down, {}, -1},
+        {Qt::Key_Return, {}, 0},
+        {Qt::Key_Return, Qt::ShiftModifier, 1},
     };
     for (const auto &[pressed, modifiers, tag] : steps) {
         key(pressed, modifiers);

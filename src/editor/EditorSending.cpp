@@ -1,0 +1,48 @@
+#include "editor/EditorSending.h"
+
+#include "delivery/window/SendController.h"
+#include "editor/CustomViewController.h"
+#include "library/ChosenPackage.h"
+#include "library/PackageFiles.h"
+#include "platform/foundation/UIScreen.h"
+
+namespace
+{
+const QString name = QStringLiteral("Tintloom");
+
+/// The choices as they are now, made into a package when that is asked for.
+DeliveryTask::Read readerOf(const ElementDataSource &choices)
+{
+    return [choices, scale = UIScreen::mainScreen().scale()](QString &) {
+        return std::optional(filesOf(packageContents(choices, name, scale)));
+    };
+}
+
+DeliveryTask::Read refusal(const QString &reason)
+{
+    return [reason](QString &problem) -> std::optional<DeliveryTask::Files> {
+        problem = EditorSending::tr("Nothing was sent, because the theme cannot be saved.\n%1")
+                      .arg(reason);
+        return std::nullopt;
+    };
+}
+} // namespace
+
+EditorSending::EditorSending(CustomViewController &editor, QString documents)
+    : _editor(editor), _documents(std::move(documents))
+{
+}
+
+void EditorSending::showPage()
+{
+    const auto take = [this](const std::function<void(DeliveryTask::Read)> &then) {
+        // Another save would put the choices before the last change out of reach.
+        if (_editor.source().status() == ElementDataSource::Status::Loaded &&
+            !_editor.document().hasUnsavedChanges())
+            return then(readerOf(_editor.source()));
+        _editor.save([this, then](const QString &problem) {
+            then(problem.isEmpty() ? readerOf(_editor.source()) : refusal(problem));
+        });
+    };
+    SendController::present(_documents, {name, take});
+}
