@@ -310,6 +310,8 @@ CommandLine::Outcome CommandLine::parse(const QStringList &arguments)
         options.out = reader.place();
     if (options.command == Command::Palette)
         options.picture = options.theme;
+    if (options.command == Command::Window)
+        options.open = reader.fileToOpen();
     options.catalogue = parser.isSet(u"catalogue"_s);
     options.preview = !parser.isSet(u"no-preview"_s);
     options.json = parser.isSet(u"json"_s);

@@ -206,8 +206,6 @@ TEST_F(EditorGeneratorTest, GreyPicturesAndWhatIsNoneAreTold)
 {
     const QString broken = picture("broken.png", {Qt::red, Qt::green});
     QFile(broken).resize(60);
-    put(_folder.filePath("words.txt"), "no picture");
-    EXPECT_FALSE(drop(_folder.filePath("words.txt")));
     ASSERT_TRUE(drop(broken));
     ASSERT_TRUE(waitUntilRead());
     EXPECT_FALSE(page());
