@@ -74,10 +74,11 @@ QByteArray readableThemes(const ThemeList &list, const IsInstalled &isInstalled)
 /// What is to be installed; or, told why there is nothing, the exit status.
 struct Choice {
     bool isKept = false;
-    std::optional<int> status;
+    int status = 0;
 };
 
-std::optional<int> refusal(const CommandLine::Options &options, const QStringList &kept)
+/// 0 when there is something.
+int refusal(const CommandLine::Options &options, const QStringList &kept)
 {
     const ThemeList list = ThemeList::load(options.resources);
     if (!list.problem().isEmpty()) {
@@ -102,7 +103,7 @@ std::optional<int> refusal(const CommandLine::Options &options, const QStringLis
             options.theme, NSFileManager::withReason(folder.value_or(options.theme), error)));
         return failed;
     }
-    return std::nullopt;
+    return 0;
 }
 
 Choice choiceOf(const CommandLine::Options &options)
@@ -113,7 +114,7 @@ Choice choiceOf(const CommandLine::Options &options)
         return {false, failed};
     }
     if (library->find(options.theme))
-        return {true, std::nullopt};
+        return {true};
     return {false, refusal(options, library->names())};
 }
 
@@ -169,7 +170,7 @@ int runInstall(const CommandLine::Options &options)
 {
     const auto [isKept, status] = choiceOf(options);
     if (status)
-        return *status;
+        return status;
     const ThemeLocations locations = locationsOf(options);
     const SelectedTheme selected(locations.preferences());
     if (!isKept && selected.name() == options.theme && !selected.isKept())
@@ -183,7 +184,7 @@ int runEdit(const CommandLine::Options &options)
 {
     const auto [isKept, status] = choiceOf(options);
     if (status)
-        return *status;
+        return status;
     const ThemeLocations locations = locationsOf(options);
     NSLog(u"SAVING PREDEFINED THEME... %@"_s, {options.theme});
     return finish(options, isKept ? beginEditingKept(options.theme, locations)
