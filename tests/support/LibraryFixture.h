@@ -52,6 +52,7 @@ protected:
     {
         const bool came = QTest::qWaitFor(
             [&] { return window().presentedViewController() && part(name)->isVisible(); });
+        grab(); // what has come is laid out with the next frame
         settle();
         return came;
     }
