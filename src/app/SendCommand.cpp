@@ -1,13 +1,12 @@
 #include "app/SendCommand.h"
 
+#include "app/PackageSubject.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalQuestions.h"
-#include "app/ThemeSubject.h"
 #include "delivery/Delivery.h"
 #include "delivery/PhoneAddress.h"
 #include "delivery/RememberedPhones.h"
 #include "delivery/SshModules.h"
-#include "library/ChosenPackage.h"
 #include "library/PackageFiles.h"
 #include "platform/foundation/NSFileManager.h"
 
@@ -79,11 +78,11 @@ QString nameOf(const CommandLine::Options &options)
 std::optional<std::map<QString, QByteArray>> filesToSend(const CommandLine::Options &options,
                                                          int &status)
 {
-    const ThemeSubject subject = themeSubject(options);
+    PackageSubject subject = packageSubject(options);
     status = subject.status;
-    if (!subject.elements)
+    if (!subject.contents)
         return std::nullopt;
-    return filesOf(packageContents(*subject.elements, nameOf(options), options.scale));
+    return filesOf(std::move(*subject.contents), nameOf(options));
 }
 
 bool accepts(const UnknownHost &host, const QString &accepted)

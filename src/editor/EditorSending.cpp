@@ -2,19 +2,21 @@
 
 #include "delivery/window/SendController.h"
 #include "editor/CustomViewController.h"
-#include "library/ChosenPackage.h"
 #include "library/PackageFiles.h"
-#include "platform/foundation/UIScreen.h"
 
 namespace
 {
 const QString name = QStringLiteral("Tintloom");
 
 /// The choices as they are now, made into a package when that is asked for.
-DeliveryTask::Read readerOf(const ElementDataSource &choices)
+DeliveryTask::Read readerOf(CustomViewController &editor)
 {
-    return [choices, scale = UIScreen::mainScreen().scale()](QString &) {
-        return std::optional(filesOf(packageContents(choices, name, scale)));
+    const auto package = editor.themes()->desk().packageOf(editor.source());
+    return [package](QString &problem) -> std::optional<DeliveryTask::Files> {
+        NamedPackage made = package();
+        problem = made.problem;
+        return made.contents ? std::optional(filesOf(std::move(*made.contents), name))
+                             : std::nullopt;
     };
 }
 
@@ -39,9 +41,9 @@ void EditorSending::showPage()
         // Another save would put the choices before the last change out of reach.
         if (_editor.source().status() == ElementDataSource::Status::Loaded &&
             !_editor.document().hasUnsavedChanges())
-            return then(readerOf(_editor.source()));
+            return then(readerOf(_editor));
         _editor.save([this, then](const QString &problem) {
-            then(problem.isEmpty() ? readerOf(_editor.source()) : refusal(problem));
+            then(problem.isEmpty() ? readerOf(_editor) : refusal(problem));
         });
     };
     SendController::present(_documents, {name, take});

@@ -45,7 +45,7 @@ Actions KeptThemeMenu::actions(const QString &name)
             {tr("Duplicate"), [=, this] { duplicate(name); }},
             {tr("Export"), [=, this] { _desk.exportTheme(_desk.packageOf(name), name); }},
             {tr("Share"), [=, this] { _desk.share(_desk.packageOf(name)); }},
-            sendKeptAction(_locations.documents, name),
+            sendAction(_locations.documents, name, _desk.packageOf(name)),
             {tr("Remove"), [=, this] { remove(name); }}};
 }
 

@@ -274,8 +274,12 @@ bool MainViewController::showMenuForRowAtIndexPath(NSIndexPath indexPath)
     if (!record.isReadyMade() || !folder)
         return false;
     const Action edit{tr("Edit"), [this, record] { askToEdit(record); }};
+    const ThemeDesk::Package package = [name = record.name, folder = *folder,
+                                        resources = _folders.resources] {
+        return packageInFolder(folder, name, resources);
+    };
     _menu = ActionMenu::show(record.name,
-                             {edit, sendAction(_folders.theme.documents, record.name, *folder)});
+                             {edit, sendAction(_folders.theme.documents, record.name, package)});
     return true;
 }
 
