@@ -232,10 +232,10 @@ void ElementPicture::removeUnused(const ThemeLocations &locations)
         return;
     for (const QString &path :
          {locations.workingCopy(), locations.workingCopyAside(), locations.earlierWorkingCopy()}) {
-        const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-        if (error && !NSFileManager::isMissing(error))
+        const auto file = NSFileManager::contentsAtPath(path);
+        if (file.error && !NSFileManager::isMissing(file.error))
             return;
-        names.removeIf([&](const QString &name) { return bytes.contains(name.toLatin1()); });
+        names.removeIf([&](const QString &name) { return file.bytes.contains(name.toLatin1()); });
     }
     for (const QString &name : std::as_const(names))
         NSFileManager::removeItemAtPath(folder + u'/' + name);
