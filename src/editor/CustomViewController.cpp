@@ -58,7 +58,7 @@ void CustomViewController::install()
         ElementDataSource::load(_folders.resources, _folders.theme.documents));
     for (const int index : ElementLocks::load(_folders.theme, source()))
         _document->setLocked(index, true);
-    _draft = std::make_unique<DraftKeeper>(*_document, _folders.theme.documents);
+    _draft = std::make_unique<EditorDraft>(*_document, _folders.theme.documents, *_overlays);
     _findings = std::make_unique<EditorFindings>(*this);
     connect(_document.get(), &ThemeDocument::changed, this, &CustomViewController::repaint);
     connect(_document.get(), &ThemeDocument::unsavedChanged, this,
@@ -94,33 +94,7 @@ void CustomViewController::viewDidAppear(bool)
     markWindow();
     _preview->viewDidAppear();
     QMetaObject::invokeMethod(&_themes, &EditorThemes::showName, Qt::QueuedConnection);
-    QMetaObject::invokeMethod(this, &CustomViewController::offerDraft, Qt::QueuedConnection);
-}
-
-void CustomViewController::offerDraft()
-{
-    if (_wasDraftSought || source().status() != ElementDataSource::Status::Loaded)
-        return;
-    _wasDraftSought = true;
-    _abandonedDraft = AbandonedDraft::find(_folders.theme.documents, source());
-    if (isDraftOffered())
-        _overlays->showQuietly(tr("You have changes that are not in the theme yet"),
-                               {{tr("Bring Back"), [this] { bringBackDraft(); }},
-                                {tr("Discard"), [this] { discardDraft(); }}});
-}
-
-void CustomViewController::bringBackDraft()
-{
-    _overlays->setNotice({});
-    if (const auto draft = std::exchange(_abandonedDraft, nullptr))
-        _draft->bringBack(draft, tr("Bring Back Changes"));
-}
-
-void CustomViewController::discardDraft()
-{
-    _overlays->setNotice({});
-    if (const auto draft = std::exchange(_abandonedDraft, nullptr))
-        _draft->discard(draft);
+    QMetaObject::invokeMethod(_draft.get(), &EditorDraft::offer, Qt::QueuedConnection);
 }
 
 void CustomViewController::viewWillDisappear(bool)

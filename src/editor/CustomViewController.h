@@ -16,6 +16,7 @@
 
 #include "editor/ChooserPresentation.h"
 #include "editor/EditorColors.h"
+#include "editor/EditorDraft.h"
 #include "editor/EditorFindings.h"
 #include "editor/EditorGenerator.h"
 #include "editor/EditorLayout.h"
@@ -27,7 +28,6 @@
 #include "platform/UITableView.h"
 #include "platform/UIViewController.h"
 #include "theme/ThemeDocument.h"
-#include "theme/ThemeDraft.h"
 #include "theme/ThemePackageWriter.h"
 #include "views/Action.h"
 #include "views/ScreenOverlays.h"
@@ -145,10 +145,6 @@ public:
 
     /// Brings the first of these elements that has a row into sight, where it flashes.
     void reveal(const std::vector<int> &indexes);
-    /// Whether a draft is on offer; and the answers to that.
-    bool isDraftOffered() const { return _abandonedDraft != nullptr; }
-    void bringBackDraft();
-    void discardDraft();
     /// Locks an element or unlocks it, and remembers that.
     void setLocked(int index, bool locked);
 
@@ -163,6 +159,7 @@ public:
     QString notice() const { return _overlays->notice(); }
     ScreenOverlays *overlays() const { return _overlays; }
     EditorPreview *preview() const { return _preview; }
+    EditorDraft *draft() const { return _draft.get(); }
     EditorFindings *findings() const { return _findings.get(); }
     EditorThemes *themes() { return &_themes; }
     EditorGenerator *generator() const { return _generator; }
@@ -199,15 +196,11 @@ private:
                 const std::optional<UIColor> &color);
     void repaint(const std::vector<int> &indexes);
     void markWindow();
-    /// Looks for a draft that an ended program has left, once the screen is up.
-    void offerDraft();
 
     const EditorFolders _folders;
     const bool _fromMainView;
     std::unique_ptr<ThemeDocument> _document;
-    std::unique_ptr<DraftKeeper> _draft;
-    std::shared_ptr<AbandonedDraft> _abandonedDraft; // while it is on offer
-    bool _wasDraftSought = false;
+    std::unique_ptr<EditorDraft> _draft;
     EditorLayout _layout;
     UITableView *_tableView = nullptr; // the view's
     std::shared_ptr<CustomViewDelegate> _delegate;

@@ -69,13 +69,14 @@ Actions EditorActions::forTheme(CustomViewController &editor)
         {tr("From a Photo\u2026"), [=] { generator->askForPhoto(); }, generator->isOffered()});
     std::ranges::move(editor.themes()->actions(), std::back_inserter(actions));
     // Its strip may have made room for another one.
-    actions.push_back({tr("Bring Back Unsaved Changes"), [&editor] { editor.bringBackDraft(); },
-                       editor.isDraftOffered()});
+    actions.push_back({tr("Bring Back Unsaved Changes"),
+                       [draft = editor.draft()] { draft->bringBack(); },
+                       editor.draft()->isOffered()});
     actions.push_back({tr("Save Theme"),
                        [&editor] { editor.save(); },
                        !editor.isLoading() && !editor.isChooserOpen(),
                        {Qt::CTRL | Qt::Key_S}});
-    actions.push_back({tr("Send to Phone…"), [&editor] { editor.sending()->showPage(); },
+    actions.push_back({tr("Send to Phone\u2026"), [&editor] { editor.sending()->showPage(); },
                        !editor.isLoading() && !editor.isChooserOpen()});
     return actions;
 }

@@ -13,6 +13,7 @@ struct SendCommandTest : ProgramFixture {
         PropertyDictionary info;
         info.setValue("ground", "#000");
         put(resources + "/Midnight/Info.plist", PropertyList::writeDictionary(info));
+        put(resources + "/Midnight/UIKit/Own.png", "its maker's");
     }
 
     static QString color(const QString &theme)
@@ -47,6 +48,7 @@ TEST_F(SendCommandTest, SendsTheChoicesOrAThemeAndPutsBack)
     const QString chosen = color(theme);
     EXPECT_EQ(run("send Midnight " + phone + options).exitCode, 0);
     EXPECT_NE(color(theme), chosen);
+    EXPECT_EQ(contents(theme + "/UIKit/Own.png"), "its maker's");
     EXPECT_EQ(run("send --back " + phone + options).exitCode, 0);
     EXPECT_EQ(color(theme), chosen);
     const auto phones = RememberedPhones(locations.documents).all();

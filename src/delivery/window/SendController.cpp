@@ -72,10 +72,11 @@ QString SendController::heading() const
 QString SendController::amount() const
 {
     const QLocale locale;
-    return _progress.total > 0 ? tr("%1 of %2")
-                                     .arg(locale.formattedDataSize(_progress.sent),
-                                          locale.formattedDataSize(_progress.total))
-                               : QString();
+    return _step == Step::Sending && _progress.total > 0
+               ? tr("%1 of %2")
+                     .arg(locale.formattedDataSize(_progress.sent),
+                          locale.formattedDataSize(_progress.total))
+               : QString();
 }
 
 double SendController::fraction() const

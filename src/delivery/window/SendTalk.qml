@@ -37,7 +37,7 @@ Flickable {
             width: talk.width - 32
             height: 8
             radius: 4
-            visible: talk.controller.amount !== "" && talk.controller.step === SendController.Sending
+            visible: talk.controller.amount !== ""
             color: "#C4CACF"
             Accessible.role: Accessible.ProgressBar
             Accessible.name: talk.controller.amount
@@ -52,7 +52,7 @@ Flickable {
         }
         Text {
             objectName: "amount"
-            visible: text !== "" && talk.controller.step === SendController.Sending
+            visible: text !== ""
             text: talk.controller.amount
             color: "#50565C"
             font.pixelSize: 14
