@@ -8,7 +8,11 @@
 #include <QFile>
 
 #include <algorithm>
+#include <future>
+#include <netdb.h>
 #include <poll.h>
+#include <string>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +77,8 @@ bool LibSshConnection::connect(const SshAddress &address, const Cancelled &cance
     _cancelled = cancelled;
     if (!setUp(address))
         return failByLibrary(u"cannot set up the connection"_s);
+    if (!findHost())
+        return false;
     ssh_set_blocking(_session, 0);
     const int answer = repeat(SSH_AGAIN, [this] { return ssh_connect(_session); });
     if (answer == SSH_OK)
@@ -82,6 +88,36 @@ bool LibSshConnection::connect(const SshAddress &address, const Cancelled &cance
     const QString algorithms = explainAlgorithms(harmless(ssh_get_error(_session)), _host);
     return algorithms.isEmpty() ? failByLibrary(u"cannot connect to %1"_s.arg(_host))
                                 : fail(algorithms);
+}
+
+/// The library will look the host up once more, and then somebody near knows the answer.
+bool LibSshConnection::findHost()
+{
+    char *text = nullptr;
+    const bool isByProxy = ssh_options_get(_session, SSH_OPTIONS_PROXYCOMMAND, &text) == SSH_OK;
+    ssh_string_free_char(text);
+    if (isByProxy)
+        return true;
+    if (ssh_options_get(_session, SSH_OPTIONS_HOST, &text) != SSH_OK)
+        return failByLibrary(u"cannot set up the connection"_s);
+    const std::string host = text;
+    ssh_string_free_char(text);
+    // Nothing can interrupt it: after a cancel it goes on alone, and nobody waits.
+    std::packaged_task<int()> task([host] {
+        addrinfo *addresses = nullptr;
+        const int answer = ::getaddrinfo(host.c_str(), nullptr, nullptr, &addresses);
+        if (answer == 0)
+            ::freeaddrinfo(addresses);
+        return answer;
+    });
+    std::future<int> finding = task.get_future();
+    std::thread(std::move(task)).detach();
+    while (finding.wait_for(std::chrono::milliseconds(moment)) != std::future_status::ready)
+        if (_cancelled && _cancelled())
+            return fail({});
+    const int answer = finding.get();
+    return answer == 0 ||
+           fail(u"cannot find %1: %2"_s.arg(_host, QString::fromLocal8Bit(::gai_strerror(answer))));
 }
 
 int LibSshConnection::repeat(int again, const std::function<int()> &call)

@@ -1,7 +1,7 @@
 // A connection by libssh.
 //
 // The library is never left to wait by itself: it runs without blocking, and each wait is cut into
-// moments between which a cancel is noticed. (One wait is out of reach: for a host's address.)
+// moments between which a cancel is noticed.
 #pragma once
 
 #include "ssh/SshModule.h"
@@ -32,6 +32,8 @@ public:
 
 private:
     bool setUp(const SshAddress &address);
+    /// Waits for the host's address, which the library would do without hearing a cancel.
+    bool findHost();
     /// Calls until the answer is another than "again"; "again" after a cancel or a long silence.
     int repeat(int again, const std::function<int()> &call);
     /// At most that long, until something comes or can be sent.

@@ -152,6 +152,29 @@ TEST_F(SshDeliveryTest, LetsInByConfigurationAndAgent)
     EXPECT_TRUE(holds("Sea", newOne));
 }
 
+TEST_F(SshDeliveryTest, AsksForTheWordsThatAKeyIsLockedWith)
+{
+    const QString key = server->userKey();
+    const auto relock = [&](const QString &from, const QString &to) {
+        return QProcess::execute("ssh-keygen", {"-q", "-p", "-P", from, "-N", to, "-f", key});
+    };
+    ASSERT_EQ(relock({}, "open sesame"), 0);
+    QString prompt;
+    std::string_view words = "open sesame";
+    questions.password = [&](const QString &shown) {
+        prompt = shown;
+        return std::optional<Secret>(std::in_place, words);
+    };
+    EXPECT_EQ(send(oldOne).status, Status::Done);
+    EXPECT_TRUE(prompt.contains("key")) << prompt.toStdString();
+    words = "wrong";
+    const DeliveryResult refused = send(newOne);
+    EXPECT_EQ(refused.status, Status::NotLetIn);
+    EXPECT_FALSE(refused.text.contains("wrong"));
+    ASSERT_EQ(relock("open sesame", {}), 0);
+    EXPECT_TRUE(holds("Sea", oldOne));
+}
+
 TEST_F(SshDeliveryTest, SaysWhyItCannotSend)
 {
     const auto told = [this](const QString &part) {
