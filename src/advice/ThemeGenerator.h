@@ -67,6 +67,7 @@ private:
     struct Faults {
         int fresh = 0;
         int all = 0;
+        // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it compares with 0
         auto operator<=>(const Faults &) const = default;
     };
     Faults faultsIn(const ThemeColors &colors) const;
