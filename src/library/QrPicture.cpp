@@ -22,7 +22,7 @@ QrPicture::Drawn QrPicture::of(const QString &text, int size)
     image.fill(0);
     for (int y = 0; y < code.size; ++y)
         for (int x = 0; x < code.size; ++x)
-            if (code.dark[size_t(y * code.size + x)])
+            if (code.dark[size_t(y) * size_t(code.size) + size_t(x)])
                 image.setPixel(margin + x, margin + y, 1);
     return {image.scaled(side * pixels, side * pixels), {}};
 }
