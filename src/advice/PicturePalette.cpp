@@ -21,7 +21,7 @@ constexpr int hueReach = 15; // degrees; within it a hue counts as the same
 constexpr int farApart = 90;
 constexpr double leastDifference = 0.08; // in OKLab; of two tones of one hue
 
-struct Tone {
+struct Shade {
     OKLCh place;
     Candidate candidate;
 };
@@ -36,25 +36,25 @@ double liveliness(double chroma)
     return std::max(0.0, 1.0 - std::abs(chroma - livelyChroma) / livelyChroma);
 }
 
-bool differs(const Tone &one, const Tone &other)
+bool differs(const Shade &one, const Shade &other)
 {
     return distanceBetween(oklabFromOklch(one.place), oklabFromOklch(other.place)) >=
            leastDifference;
 }
 
 /// The coloured ones, the best first.
-std::vector<Tone> scored(std::span<const ColorCluster> clusters)
+std::vector<Shade> scored(std::span<const ColorCluster> clusters)
 {
-    std::vector<Tone> tones;
+    std::vector<Shade> tones;
     for (const ColorCluster &cluster : clusters) {
         const OKLCh place = oklchFromOklab(oklabFromRgb(cluster.color));
         if (place.chroma >= leastChroma)
             tones.push_back({place, {cluster.color, cluster.share, 0.0}});
     }
-    std::vector<Tone> kept;
-    for (const Tone &tone : tones) {
+    std::vector<Shade> kept;
+    for (const Shade &tone : tones) {
         double share = 0.0;
-        for (const Tone &other : tones)
+        for (const Shade &other : tones)
             if (degreesBetween(tone.place.hue, other.place.hue) <= hueReach)
                 share += other.candidate.share;
         if (share >= leastShare)
@@ -63,37 +63,37 @@ std::vector<Tone> scored(std::span<const ColorCluster> clusters)
                              shareWeight * share + chromaWeight * liveliness(tone.place.chroma)}});
     }
     std::ranges::stable_sort(kept, std::greater(),
-                             [](const Tone &tone) { return tone.candidate.score; });
+                             [](const Shade &tone) { return tone.candidate.score; });
     return kept;
 }
 
 /// Those of them, in their order, that are different from each one taken before.
 template <typename Different>
-std::vector<Tone> selected(std::span<const Tone> tones, std::vector<Tone> taken,
-                           Different different)
+std::vector<Shade> selected(std::span<const Shade> tones, std::vector<Shade> taken,
+                            Different different)
 {
-    for (const Tone &tone : tones) {
+    for (const Shade &tone : tones) {
         if (int(taken.size()) == PicturePalette::mostCandidates)
             break;
-        if (std::ranges::all_of(taken, [&](const Tone &other) { return different(tone, other); }))
+        if (std::ranges::all_of(taken, [&](const Shade &other) { return different(tone, other); }))
             taken.push_back(tone);
     }
     return taken;
 }
 
-std::vector<Tone> farApartFirst(std::span<const Tone> tones)
+std::vector<Shade> farApartFirst(std::span<const Shade> tones)
 {
-    std::vector<Tone> taken;
+    std::vector<Shade> taken;
     for (int apart = farApart; apart >= hueReach; --apart)
-        taken = selected(tones, std::move(taken), [apart](const Tone &one, const Tone &other) {
+        taken = selected(tones, std::move(taken), [apart](const Shade &one, const Shade &other) {
             return degreesBetween(one.place.hue, other.place.hue) >= apart;
         });
     return selected(tones, std::move(taken), differs);
 }
 
-std::vector<Tone> greys(std::span<const ColorCluster> clusters)
+std::vector<Shade> greys(std::span<const ColorCluster> clusters)
 {
-    std::vector<Tone> tones;
+    std::vector<Shade> tones;
     for (const auto &[color, share] : clusters)
         tones.push_back({oklchFromOklab(oklabFromRgb(color)), {color, share, shareWeight * share}});
     return selected(tones, {}, differs);
@@ -103,12 +103,12 @@ std::vector<Tone> greys(std::span<const ColorCluster> clusters)
 PicturePalette paletteOf(std::span<const QRgb> pixels)
 {
     const std::vector<ColorCluster> clusters = quantized(pixels, clusterCount);
-    std::vector<Tone> tones = farApartFirst(scored(clusters));
+    std::vector<Shade> tones = farApartFirst(scored(clusters));
     PicturePalette palette;
     palette.isGrey = tones.empty() && !clusters.empty();
     if (palette.isGrey)
         tones = greys(clusters);
-    for (const Tone &tone : tones)
+    for (const Shade &tone : tones)
         palette.candidates.push_back(tone.candidate);
     return palette;
 }

@@ -1,5 +1,6 @@
 #include "app/CatalogueCommands.h"
 
+#include "app/ExitStatus.h"
 #include "app/NearestNames.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
@@ -21,8 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 /// Calls `take(record)` for each row of the table.
 template <typename Take>
@@ -83,7 +82,7 @@ int refusal(const CommandLine::Options &options, const QStringList &kept)
     const ThemeList list = ThemeList::load(options.resources);
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
-        return failed;
+        return ExitStatus::failed;
     }
     const QStringList names = list.installableNames();
     if (!names.contains(options.theme)) {
@@ -93,7 +92,7 @@ int refusal(const CommandLine::Options &options, const QStringList &kept)
                                     ? u"'%1' is made in the editor, not installed"_s
                                     : u"'%1' is coming soon, not there yet"_s;
         complain(problem.arg(options.theme) + "; "_L1 + nearestThemes(options.theme, kept + names));
-        return wrongUsage;
+        return ExitStatus::wrongUsage;
     }
     const auto folder = themeResourceFolder(options.resources, options.theme);
     const auto error = folder ? NSFileManager::enumeratorAtPath(*folder).error
@@ -101,7 +100,7 @@ int refusal(const CommandLine::Options &options, const QStringList &kept)
     if (error) {
         complain(u"the folder of '%1' cannot be read: %2"_s.arg(
             options.theme, NSFileManager::withReason(folder.value_or(options.theme), error)));
-        return failed;
+        return ExitStatus::failed;
     }
     return 0;
 }
@@ -111,7 +110,7 @@ Choice choiceOf(const CommandLine::Options &options)
     const auto library = ThemeLibrary::open(options.documents);
     if (!library->refusal().isEmpty()) {
         complain(library->refusal());
-        return {false, failed};
+        return {false, ExitStatus::failed};
     }
     if (library->find(options.theme))
         return {true};
@@ -125,7 +124,7 @@ int finish(const CommandLine::Options &options, const ThemeInstallation &install
     SaveReport report = copyTheme(installation);
     if (!report.refusal.isEmpty()) {
         complain(report.refusal + "; nothing installed"_L1);
-        return failed;
+        return ExitStatus::failed;
     }
     const QString name = installation.kept ? installation.kept->name : options.theme;
     SelectedTheme selected(locations.preferences());
@@ -136,7 +135,7 @@ int finish(const CommandLine::Options &options, const ThemeInstallation &install
     for (const auto &failure : report.failures)
         complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
     if (!report.failures.empty())
-        return failed;
+        return ExitStatus::failed;
     QString text = u"%1 has been installed in %2\n"_s.arg(name, locations.packageFolder());
     if (installation.asWorkingCopy)
         text +=
@@ -148,16 +147,16 @@ int finish(const CommandLine::Options &options, const ThemeInstallation &install
 int runThemes(const CommandLine::Options &options)
 {
     if (!openKeeper(options))
-        return failed;
+        return ExitStatus::failed;
     const auto library = ThemeLibrary::open(options.documents);
     if (!library->refusal().isEmpty()) {
         complain(library->refusal());
-        return failed;
+        return ExitStatus::failed;
     }
     const ThemeList list = ThemeList::load(options.resources, library->themes());
     if (!list.problem().isEmpty()) {
         complain(u"no catalogue: %1"_s.arg(list.problem()));
-        return failed;
+        return ExitStatus::failed;
     }
     const SelectedTheme selected(locationsOf(options).preferences());
     const auto isInstalled = [&selected](const ThemeRecord &record) {

@@ -2,6 +2,7 @@
 
 #include "advice/FindingText.h"
 #include "advice/FixAll.h"
+#include "app/ExitStatus.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "app/ThemeSubject.h"
@@ -17,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int found = 3;
 
 QString nameOf(Eyes eyes)
 {
@@ -43,7 +42,7 @@ public:
         addText(finding, remedies, left);
     }
 
-    int status() const { return _json.isEmpty() ? 0 : found; }
+    int status() const { return _json.isEmpty() ? 0 : ExitStatus::found; }
     QByteArray json() const { return QJsonDocument(_json).toJson(); }
     const QString &text() const { return _text; }
 
@@ -112,11 +111,11 @@ int fixChoices(const CommandLine::Options &options)
     // What another Tintloom saves between load and save would be undone by this save.
     const auto keeper = openKeeper(options);
     if (!keeper)
-        return failed;
+        return ExitStatus::failed;
     ThemeDocument document(ElementDataSource::load(options.resources, options.documents));
     if (document.elements().status() != ElementDataSource::Status::Loaded) {
         complain(u"nothing to mend: %1"_s.arg(document.elements().problem()));
-        return failed;
+        return ExitStatus::failed;
     }
     for (const int index : ElementLocks::load(locationsOf(options), document.elements()))
         document.setLocked(index, true);
@@ -124,7 +123,7 @@ int fixChoices(const CommandLine::Options &options)
     const QString changes = describe(fixed.changes, document.elements());
     if (document.changeUnlocked(fixed.changes, u"Fix All"_s) &&
         !writeChoices(options, *keeper, document.elements()))
-        return failed;
+        return ExitStatus::failed;
     Report report(document.elements());
     for (const auto &[finding, reason] : fixed.left)
         report.add(finding, reason);

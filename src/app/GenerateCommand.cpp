@@ -2,6 +2,7 @@
 
 #include "advice/ThemeGenerator.h"
 #include "app/ElementEdits.h"
+#include "app/ExitStatus.h"
 #include "app/HeadlessCommands.h"
 #include "app/OpenKeeper.h"
 #include "app/PaletteOfPicture.h"
@@ -15,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int done = 0;
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 int lockElements(ThemeDocument &document, const CommandLine::Options &options)
 {
@@ -26,7 +25,7 @@ int lockElements(ThemeDocument &document, const CommandLine::Options &options)
         const std::vector<int> indexes = document.elements().indexesOfKey(key);
         if (indexes.empty()) {
             complain(unknownKey(document.elements(), key));
-            return wrongUsage;
+            return ExitStatus::wrongUsage;
         }
         for (const int index : indexes)
             document.setLocked(index, true);
@@ -90,12 +89,12 @@ int runGenerate(const CommandLine::Options &options)
     // What another Tintloom saves between load and save would be undone by this save.
     const auto keeper = openKeeper(options);
     if (!keeper)
-        return failed;
+        return ExitStatus::failed;
     ThemeDocument document(ElementDataSource::load(options.resources, options.documents));
     const ElementDataSource before = document.elements();
     if (before.status() != ElementDataSource::Status::Loaded) {
         complain(u"nothing to change: %1"_s.arg(before.problem()));
-        return failed;
+        return ExitStatus::failed;
     }
     if (const int status = lockElements(document, options))
         return status;
@@ -103,7 +102,7 @@ int runGenerate(const CommandLine::Options &options)
         return status;
     const auto lead = leadOf(options, document.elements());
     if (!lead)
-        return failed;
+        return ExitStatus::failed;
     const ThemeGenerator generator(document.elements(), document.lockedElements(), lead->tone);
     GeneratedTheme theme =
         generator.generate({lead->color, ThemeGenerator::usualElement(document.elements()),
@@ -113,6 +112,6 @@ int runGenerate(const CommandLine::Options &options)
     if (options.generate.dryRun)
         return print(jsonList(document.elements()));
     if (document.hasUnsavedChanges() && !writeChoices(options, *keeper, document.elements()))
-        return failed;
+        return ExitStatus::failed;
     return print(describe(document.unsavedChanges(), before).toUtf8());
 }

@@ -1,6 +1,7 @@
 #include "app/HeadlessCommands.h"
 
 #include "app/ElementEdits.h"
+#include "app/ExitStatus.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "app/WriteChoices.h"
@@ -20,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 QJsonValue jsonFromMap(const QVariantMap &map);
 
@@ -127,11 +126,11 @@ int runList(const CommandLine::Options &options)
 {
     auto keeper = openKeeper(options);
     if (!keeper)
-        return failed;
+        return ExitStatus::failed;
     const auto source = ElementDataSource::load(options.resources, options.documents);
     keeper.reset(); // whoever reads our output slowly keeps nobody waiting
     if (source.status() == ElementDataSource::Status::Unusable)
-        return failed; // the log has named the reason
+        return ExitStatus::failed; // the log has named the reason
     if (source.status() == ElementDataSource::Status::Malformed)
         complain(u"warning: malformed data source, nothing to list: %1"_s.arg(source.problem()));
     return print(options.json ? jsonList(source) : readableList(source));
@@ -143,13 +142,13 @@ namespace
 struct Edited {
     std::shared_ptr<WorkingCopyKeeper> keeper; // held from the load on, see below
     std::optional<ElementDataSource> elements;
-    int status = failed;
+    int status = ExitStatus::failed;
 };
 
 Edited edited(const CommandLine::Options &options)
 {
     // What another Tintloom saves between load and save would be undone by this save.
-    Edited result{openKeeper(options), {}, failed};
+    Edited result{openKeeper(options), {}, ExitStatus::failed};
     if (!result.keeper)
         return result;
     ThemeDocument document(ElementDataSource::load(options.resources, options.documents));
@@ -161,10 +160,10 @@ Edited edited(const CommandLine::Options &options)
         complain(u"malformed data source, nothing saved: %1"_s.arg(source.problem()));
     } else if (const auto problem = applyEdits(document, options.edits)) {
         complain(*problem + "; nothing saved"_L1);
-        result.status = wrongUsage;
+        result.status = ExitStatus::wrongUsage;
     } else if (const auto fault = applyPictures(document, options.pictures)) {
         complain(fault->text + "; nothing saved"_L1);
-        result.status = fault->isUsage ? wrongUsage : failed;
+        result.status = fault->isUsage ? ExitStatus::wrongUsage : ExitStatus::failed;
     } else {
         result.elements = source;
     }
@@ -178,7 +177,7 @@ int runSet(const CommandLine::Options &options)
     if (!elements)
         return status;
     if (!writeChoices(options, *keeper, *elements))
-        return failed;
+        return ExitStatus::failed;
     return print(locationsOf(options).workingCopy().toUtf8() + '\n');
 }
 
@@ -192,7 +191,7 @@ int runSave(const CommandLine::Options &options)
         writeTheme(buildTheme(*elements, locationsOf(options), options.scale, std::move(keeper)));
     if (!report.refusal.isEmpty()) {
         complain(report.refusal + "; nothing saved"_L1);
-        return failed;
+        return ExitStatus::failed;
     }
     for (const auto &failure : report.failures)
         complain(u"cannot write %1: %2"_s.arg(failure.path, failure.reason));
@@ -200,18 +199,18 @@ int runSave(const CommandLine::Options &options)
     for (const QString &path : report.written)
         written += path + u'\n';
     const int printed = print(written.toUtf8());
-    return report.failures.empty() ? printed : failed;
+    return report.failures.empty() ? printed : ExitStatus::failed;
 }
 
 int runRestore(const CommandLine::Options &options)
 {
     const auto keeper = openKeeper(options);
     if (!keeper)
-        return failed;
+        return ExitStatus::failed;
     const auto [outcome, problem] = keeper->restore();
     if (outcome != WorkingCopyKeeper::Restored::Done) {
         complain(problem);
-        return failed;
+        return ExitStatus::failed;
     }
     // Nobody has noted what those were made from.
     const QString preferences = locationsOf(options).preferences();

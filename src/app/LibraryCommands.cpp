@@ -1,5 +1,6 @@
 #include "app/LibraryCommands.h"
 
+#include "app/ExitStatus.h"
 #include "app/NearestNames.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
@@ -9,12 +10,9 @@
 #include "platform/foundation/NSFileManager.h"
 
 using namespace Qt::StringLiterals;
-using Outcome = LibraryResult::Outcome;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 /// Null: refused, which standard error says.
 std::unique_ptr<KeptThemeChanges> opened(const CommandLine::Options &options)
@@ -29,13 +27,14 @@ std::unique_ptr<KeptThemeChanges> opened(const CommandLine::Options &options)
 int refused(const LibraryResult &result, const QString &hint = {})
 {
     complain(hint.isEmpty() ? result.sentence : result.sentence + "; "_L1 + hint);
-    return result.outcome == Outcome::Failed ? failed : wrongUsage;
+    return result.outcome == LibraryResult::Outcome::Failed ? ExitStatus::failed
+                                                            : ExitStatus::wrongUsage;
 }
 
 /// Told with the names that may have been meant, where there is no such theme.
 int refusedOf(const LibraryResult &result, const QString &name, const ThemeLibrary &library)
 {
-    return refused(result, result.outcome == Outcome::NoSuchTheme
+    return refused(result, result.outcome == LibraryResult::Outcome::NoSuchTheme
                                ? nearestThemes(name, library.names())
                                : QString());
 }
@@ -47,7 +46,7 @@ int told(const CommandLine::Options &options, const LibraryResult &result,
         const QString preferences = locationsOf(options).preferences();
         complain(u"%1; but cannot write %2"_s.arg(result.sentence,
                                                   NSFileManager::withReason(preferences, error)));
-        return failed;
+        return ExitStatus::failed;
     }
     return print((result.sentence + u'\n' + hint).toUtf8());
 }
@@ -57,7 +56,7 @@ int runKeep(const CommandLine::Options &options)
 {
     const auto changes = opened(options);
     if (!changes)
-        return failed;
+        return ExitStatus::failed;
     const auto [elements, status] = currentChoices(options);
     if (!elements)
         return status;
@@ -65,7 +64,7 @@ int runKeep(const CommandLine::Options &options)
         {*elements, options.resources, locationsOf(options), options.scale}, options.theme,
         options.replace ? ThemeLibrary::IfTaken::Replace : ThemeLibrary::IfTaken::Refuse,
         changes->library());
-    if (result.outcome == Outcome::NameTaken)
+    if (result.outcome == LibraryResult::Outcome::NameTaken)
         return refused(result, u"--replace puts the choices in its place"_s);
     if (!result.isDone())
         return refused(result);
@@ -76,7 +75,7 @@ int runRename(const CommandLine::Options &options)
 {
     const auto changes = opened(options);
     if (!changes)
-        return failed;
+        return ExitStatus::failed;
     const auto [result, unnoted] = changes->rename(options.theme, options.newName);
     return result.isDone() ? told(options, result, unnoted)
                            : refusedOf(result, options.theme, changes->library());
@@ -86,7 +85,7 @@ int runDuplicate(const CommandLine::Options &options)
 {
     const auto changes = opened(options);
     if (!changes)
-        return failed;
+        return ExitStatus::failed;
     const auto result = changes->library().duplicate(options.theme, options.newName);
     return result.isDone() ? told(options, result, {})
                            : refusedOf(result, options.theme, changes->library());
@@ -96,7 +95,7 @@ int runRemove(const CommandLine::Options &options)
 {
     const auto changes = opened(options);
     if (!changes)
-        return failed;
+        return ExitStatus::failed;
     if (options.undo) {
         const auto result = changes->library().putBack(options.theme);
         return result.isDone() ? told(options, result, {}) : refused(result);

@@ -1,5 +1,6 @@
 #include "app/PreviewCommand.h"
 
+#include "app/ExitStatus.h"
 #include "app/StandardStreams.h"
 #include "app/ThemeSubject.h"
 #include "platform/foundation/NSFileManager.h"
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
 
 /// PNG; empty when there is no memory for the picture.
 QByteArray drawn(const PreviewPalette &palette, const CommandLine::Options &options)
@@ -39,13 +39,13 @@ int runPreview(const CommandLine::Options &options)
     const QByteArray png = drawn(PreviewPalette::fromElements(*elements), options);
     if (png.isEmpty()) {
         complain(u"not enough memory for the picture"_s);
-        return failed;
+        return ExitStatus::failed;
     }
     if (options.out == "-"_L1)
         return print(png);
     if (const auto error = NSFileManager::writeToFile(options.out, png)) {
         complain(u"cannot write %1"_s.arg(NSFileManager::withReason(options.out, error)));
-        return failed;
+        return ExitStatus::failed;
     }
     return print(options.out.toUtf8() + '\n');
 }

@@ -1,5 +1,6 @@
 #include "app/SendCommand.h"
 
+#include "app/ExitStatus.h"
 #include "app/PackageSubject.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalQuestions.h"
@@ -19,10 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
-constexpr int hostRefused = 4;
-constexpr int notLetIn = 5;
 volatile std::sig_atomic_t interrupted = 0;
 
 /// The first interrupt lets the phone be tidied up; the next one ends the program as ever.
@@ -131,7 +128,7 @@ int runSend(const CommandLine::Options &options)
     DeliveryRequest request{options.phone, options.folder, nameOf(options), {}};
     if (const QString problem = problemOfFolderName(request.name); !problem.isEmpty()) {
         complain(problem);
-        return wrongUsage;
+        return ExitStatus::wrongUsage;
     }
     int status = 0;
     if (!options.back && !(request.files = filesToSend(options, status)))
@@ -139,7 +136,7 @@ int runSend(const CommandLine::Options &options)
     const SshModules::Loading ssh = SshModules::load();
     if (!ssh.module) {
         complain(ssh.problem);
-        return failed;
+        return ExitStatus::failed;
     }
     const auto connection = ssh.module->connection();
     const DeliveryResult result = send(request, options, *connection);
@@ -149,12 +146,12 @@ int runSend(const CommandLine::Options &options)
         return print((result.text + u'\n' + result.next + u'\n').toUtf8());
     case DeliveryResult::Status::HostRefused:
         complain(result.text);
-        return hostRefused;
+        return ExitStatus::hostRefused;
     case DeliveryResult::Status::NotLetIn:
         complain(result.text);
-        return notLetIn;
+        return ExitStatus::notLetIn;
     default:
         complain(result.text);
-        return failed;
+        return ExitStatus::failed;
     }
 }

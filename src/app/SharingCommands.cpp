@@ -1,5 +1,6 @@
 #include "app/SharingCommands.h"
 
+#include "app/ExitStatus.h"
 #include "app/PackageSubject.h"
 #include "app/StandardStreams.h"
 #include "library/KeepChoices.h"
@@ -12,12 +13,9 @@
 #include <QBuffer>
 
 using namespace Qt::StringLiterals;
-using Outcome = LibraryResult::Outcome;
 
 namespace
 {
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 /// What is typed is a path where something stands there, or where it cannot be a text.
 ThemeOpening openTyped(const ThemeOpener &opener, const QString &typed)
@@ -36,7 +34,8 @@ LibraryResult keep(const OpenedTheme &opened, const CommandLine::Options &option
         return keepOpened(opened, name, ifTaken, options.resources, options.scale, *library);
     };
     const auto result = keepAs(isAsked ? options.newName : opened.name);
-    return result.outcome == Outcome::NameTaken && !isAsked ? keepAs(result.name) : result;
+    return result.outcome == LibraryResult::Outcome::NameTaken && !isAsked ? keepAs(result.name)
+                                                                           : result;
 }
 
 /// PNG.
@@ -55,19 +54,20 @@ int runImport(const CommandLine::Options &options)
     const auto list = ElementDataSource::loadWith(options.resources, nullptr);
     if (list.status() != ElementDataSource::Status::Loaded) {
         complain(u"nothing imported: %1"_s.arg(list.problem()));
-        return failed;
+        return ExitStatus::failed;
     }
     const auto [opened, problem] = openTyped(ThemeOpener(list), options.theme);
     if (!opened) {
         complain(u"nothing imported: %1"_s.arg(problem));
-        return failed;
+        return ExitStatus::failed;
     }
     const LibraryResult result = keep(*opened, options);
     if (!result.isDone()) {
-        const bool isTaken = result.outcome == Outcome::NameTaken;
+        const bool isTaken = result.outcome == LibraryResult::Outcome::NameTaken;
         complain(isTaken ? result.sentence + u"; --replace puts the new one in its place"_s
                          : result.sentence);
-        return result.outcome == Outcome::Failed ? failed : wrongUsage;
+        return result.outcome == LibraryResult::Outcome::Failed ? ExitStatus::failed
+                                                                : ExitStatus::wrongUsage;
     }
     for (const QString &remark : opened->remarks())
         complain(remark);
@@ -85,7 +85,7 @@ int runExport(const CommandLine::Options &options)
     if (problem.isEmpty())
         return print(options.out.toUtf8() + '\n');
     complain(exists ? problem + u"; --replace overwrites it"_s : problem);
-    return exists ? wrongUsage : failed;
+    return exists ? ExitStatus::wrongUsage : ExitStatus::failed;
 }
 
 int runShare(const CommandLine::Options &options)
@@ -100,11 +100,11 @@ int runShare(const CommandLine::Options &options)
         const auto [image, problem] = QrPicture::of(text, 600);
         if (!problem.isEmpty()) {
             complain(problem);
-            return failed;
+            return ExitStatus::failed;
         }
         if (const auto error = writePicture(image, options.qr)) {
             complain(u"cannot write %1"_s.arg(NSFileManager::withReason(options.qr, error)));
-            return failed;
+            return ExitStatus::failed;
         }
     }
     return print(text.toUtf8() + '\n');

@@ -1,5 +1,6 @@
 #include "app/ThemeSubject.h"
 
+#include "app/ExitStatus.h"
 #include "app/NearestNames.h"
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
@@ -14,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int wrongUsage = 2;
 
 ThemeSubject checked(ElementDataSource elements)
 {
@@ -77,7 +77,7 @@ ThemeFolder themeFolder(const CommandLine::Options &options)
     }
     complain(u"there is no theme '%1', nor a folder; %2"_s.arg(
         options.theme, nearestThemes(options.theme, folders.keys() + library->names())));
-    return {{}, {}, wrongUsage};
+    return {{}, {}, ExitStatus::wrongUsage};
 }
 
 ThemeSubject currentChoices(const CommandLine::Options &options)

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr std::size_t most = 12;
+constexpr std::size_t mostPhones = 12;
 const QString key = u"phones"_s;
 
 QVariantMap mapOf(const RememberedPhone &phone)
@@ -44,7 +44,7 @@ std::vector<RememberedPhone> RememberedPhones::all() const
         return phones;
     for (const QVariant &item : list->toList()) {
         RememberedPhone phone = phoneOf(item.toMap());
-        if (!phone.name.isEmpty() && !phone.address.host.isEmpty() && phones.size() < most)
+        if (!phone.name.isEmpty() && !phone.address.host.isEmpty() && phones.size() < mostPhones)
             phones.push_back(std::move(phone));
     }
     return phones;
@@ -55,8 +55,8 @@ std::error_code RememberedPhones::remember(const RememberedPhone &phone) const
     std::vector<RememberedPhone> phones = all();
     std::erase_if(phones, [&](auto &other) { return other.name == phone.name; });
     phones.insert(phones.begin(), phone);
-    if (phones.size() > most)
-        phones.resize(most);
+    if (phones.size() > mostPhones)
+        phones.resize(mostPhones);
     return write(phones);
 }
 

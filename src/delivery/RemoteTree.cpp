@@ -5,7 +5,7 @@
 namespace
 {
 constexpr int deepest = 16;
-constexpr qsizetype most = 10'000;
+constexpr qsizetype mostItems = 10'000;
 
 struct Reading {
     int underWay = 0;
@@ -57,7 +57,7 @@ void RemoteTree::read(SftpSession &session, const QByteArray &root, const QByteA
                       int level, const QByteArray &handle)
 {
     RemoteFolder::read(session, handle, [this, &session, root, folder, level](auto &found) {
-        if (_files.size() + _folders.size() >= most)
+        if (_files.size() + _folders.size() >= mostItems)
             return;
         const QByteArray path = folder + '/' + found.name;
         if (found.attributes.kind() != SftpAttributes::Kind::Folder)

@@ -12,7 +12,7 @@
 
 namespace
 {
-enum Kind : quint8 { False, True, Whole, LargeWhole, Real, Text, Data, Date, List, Map, Color };
+enum Tag : quint8 { False, True, Whole, LargeWhole, Real, Text, Data, Date, List, Map, Color };
 
 quint64 zigzag(qint64 value)
 {

@@ -2,7 +2,6 @@
 // the corner style.
 #include "preview/PreviewSketch.h"
 
-#include <QCoreApplication>
 #include <QTransform>
 
 #include <algorithm>
@@ -138,11 +137,6 @@ private:
     double _y;
 };
 
-/// What a person writes and reads here says nothing of anybody, and is easy to translate.
-struct Words {
-    Q_DECLARE_TR_FUNCTIONS(PreviewScene)
-};
-
 void talk(Column &column)
 {
     using enum Column::Side;
@@ -153,25 +147,25 @@ void talk(Column &column)
     const auto time = [&column](const QString &text) {
         column.caption(PreviewInk::Timestamp, PreviewElement::Timestamp, text, true);
     };
-    time(Words::tr("Today 10:24"));
+    time(PreviewWords::tr("Today 10:24"));
     column.gap(4.0);
-    sender(Words::tr("Robin"));
-    column.balloon(Left, gray, Words::tr("Lunch in the park?"), false);
+    sender(PreviewWords::tr("Robin"));
+    column.balloon(Left, gray, PreviewWords::tr("Lunch in the park?"), false);
     column.gap(3.0);
-    column.balloon(Left, gray, Words::tr("I have a big blanket for all of us."), true);
+    column.balloon(Left, gray, PreviewWords::tr("I have a big blanket for all of us."), true);
     column.gap(8.0);
-    column.balloon(Right, green,
-                   Words::tr("Great idea! I will bring lemonade, and the cake is in the oven."),
-                   true);
+    column.balloon(
+        Right, green,
+        PreviewWords::tr("Great idea! I will bring lemonade, and the cake is in the oven."), true);
     column.gap(8.0);
-    sender(Words::tr("Jamie"));
-    column.balloon(Left, gray, Words::tr("See you at noon!"), true);
+    sender(PreviewWords::tr("Jamie"));
+    column.balloon(Left, gray, PreviewWords::tr("See you at noon!"), true);
     column.gap(8.0);
-    time(Words::tr("10:43"));
+    time(PreviewWords::tr("10:43"));
     column.gap(6.0);
-    column.balloon(Right, blue, Words::tr("Cups are packed"), false);
+    column.balloon(Right, blue, PreviewWords::tr("Cups are packed"), false);
     column.gap(3.0);
-    column.balloon(Right, blue, Words::tr("On my way"), true);
+    column.balloon(Right, blue, PreviewWords::tr("On my way"), true);
 }
 
 void sketchComposer(PreviewSketch &sketch)
@@ -189,7 +183,7 @@ void sketchComposer(PreviewSketch &sketch)
     sketch.fill(PreviewInk::Field, rim);
     sketch.stroke(PreviewInk::FieldEdge, rim, 0.75);
     const auto text =
-        PreviewText::laidOut(Words::tr("Save me a seat"), 16, Weight::Normal, 220.0, 1);
+        PreviewText::laidOut(PreviewWords::tr("Save me a seat"), 16, Weight::Normal, 220.0, 1);
     const QPointF topLeft(field.left() + 14.0, middle - text.size.height() / 2.0);
     sketch.text(PreviewInk::ComposerText, text, topLeft);
     const QRectF caret(topLeft.x() + text.size.width() + 3.0, middle - 9.0, 1.5, 18.0);
@@ -229,7 +223,7 @@ PreviewSketch sketchedConversation(const PreviewPalette &layout)
 
     sketch.setViewport({0.0, 0.0, PreviewSketch::width, PreviewSketch::height});
     sketchComposer(sketch);
-    sketch.bar(Words::tr("Picnic"));
+    sketch.bar(PreviewWords::tr("Picnic"));
     const QPointF tip(13.0, (PreviewSketch::statusHeight + PreviewSketch::barBottom) / 2.0);
     QPainterPath back(tip + QPointF(8.0, -8.5));
     back.lineTo(tip);

@@ -1,8 +1,6 @@
 // The list of conversations: six rows below the bar, with photos or closed up without them.
 #include "preview/PreviewSketch.h"
 
-#include <QCoreApplication>
-
 using Weight = PreviewText::Weight;
 
 namespace
@@ -16,10 +14,6 @@ constexpr double markRadius = 5.5;
 constexpr double nameTop = 12.0; // in a row
 constexpr double previewTop = 35.0;
 
-struct Words {
-    Q_DECLARE_TR_FUNCTIONS(PreviewScene)
-};
-
 struct Row {
     QString name, preview, time;
     bool unread = false;
@@ -28,18 +22,21 @@ struct Row {
 std::vector<Row> rows()
 {
     return {
-        {Words::tr("Picnic"), Words::tr("On my way"), Words::tr("10:43")},
-        {Words::tr("Sam"), Words::tr("Did you see the rainbow over the river this morning?"),
-         Words::tr("10:31"), true},
-        {Words::tr("Book Club"), Words::tr("Chapter five is the best so far. Tuesday at seven?"),
-         Words::tr("9:58")},
-        {Words::tr("Robin"), Words::tr("Thank you for the flowers! They look lovely."),
-         Words::tr("9:12"), true},
-        {Words::tr("Casey"), Words::tr("The seeds have come up, all of them."),
-         Words::tr("Friday")},
-        {Words::tr("Garden"),
-         Words::tr("The gate is mended, and the roses are out. Come and look!"),
-         Words::tr("Friday")},
+        {PreviewWords::tr("Picnic"), PreviewWords::tr("On my way"), PreviewWords::tr("10:43")},
+        {PreviewWords::tr("Sam"),
+         PreviewWords::tr("Did you see the rainbow over the river this morning?"),
+         PreviewWords::tr("10:31"), true},
+        {PreviewWords::tr("Book Club"),
+         PreviewWords::tr("Chapter five is the best so far. Tuesday at seven?"),
+         PreviewWords::tr("9:58")},
+        {PreviewWords::tr("Robin"),
+         PreviewWords::tr("Thank you for the flowers! They look lovely."), PreviewWords::tr("9:12"),
+         true},
+        {PreviewWords::tr("Casey"), PreviewWords::tr("The seeds have come up, all of them."),
+         PreviewWords::tr("Friday")},
+        {PreviewWords::tr("Garden"),
+         PreviewWords::tr("The gate is mended, and the roses are out. Come and look!"),
+         PreviewWords::tr("Friday")},
     };
 }
 
@@ -92,7 +89,7 @@ void sketchRow(PreviewSketch &sketch, const Row &row, double textLeft, double to
 void sketchBarButtons(PreviewSketch &sketch)
 {
     const double middle = (PreviewSketch::statusHeight + PreviewSketch::barBottom) / 2.0;
-    const auto edit = PreviewText::laidOut(Words::tr("Edit"), 16, Weight::Normal, 60.0, 1);
+    const auto edit = PreviewText::laidOut(PreviewWords::tr("Edit"), 16, Weight::Normal, 60.0, 1);
     sketch.text(PreviewInk::BarText, PreviewElement::NavigationTitle, edit,
                 {14.0, middle - edit.size.height() / 2.0});
     // A sheet with an open corner, and a pen across it.
@@ -137,7 +134,7 @@ PreviewSketch sketchedMessageList(const PreviewPalette &layout)
             sketch.area(PreviewElement::ListSeparator, QRectF(textLeft, top - 3.0, length, 5.0));
         }
     }
-    sketch.bar(Words::tr("Messages"));
+    sketch.bar(PreviewWords::tr("Messages"));
     sketchBarButtons(sketch);
     return sketch;
 }

@@ -8,11 +8,17 @@
 #include "preview/PreviewInks.h"
 #include "preview/PreviewText.h"
 
+#include <QCoreApplication>
 #include <QPainterPath>
 
 #include <vector>
 
 class QPainter;
+
+/// What a person writes and reads here says nothing of anybody, and is easy to translate.
+struct PreviewWords {
+    Q_DECLARE_TR_FUNCTIONS(PreviewScene)
+};
 
 struct PreviewShape {
     PreviewInk ink;

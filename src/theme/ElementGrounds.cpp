@@ -15,14 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-using Kind = ElementGround::Kind;
 
-std::optional<Kind> kindOf(const QString &name)
+std::optional<ElementGround::Kind> kindOf(const QString &name)
 {
-    return name == "text"_L1     ? std::optional(Kind::Text)
-           : name == "large"_L1  ? std::optional(Kind::Large)
-           : name == "mark"_L1   ? std::optional(Kind::Mark)
-           : name == "behind"_L1 ? std::optional(Kind::Behind)
+    using enum ElementGround::Kind;
+    return name == "text"_L1     ? std::optional(Text)
+           : name == "large"_L1  ? std::optional(Large)
+           : name == "mark"_L1   ? std::optional(Mark)
+           : name == "behind"_L1 ? std::optional(Behind)
                                  : std::nullopt;
 }
 

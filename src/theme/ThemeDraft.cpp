@@ -14,6 +14,13 @@
 using namespace Qt::StringLiterals;
 using Kind = NSFileManager::Kind;
 
+/// An unsaved choice, by what names its element in the next program too.
+struct DraftEntry {
+    QString key;
+    int index;
+    ElementChoice choice;
+};
+
 namespace
 {
 QString draftsFolder(const QString &documents)
@@ -26,25 +33,18 @@ QString draftIn(const QString &folder)
     return folder + "/Draft.plist"_L1;
 }
 
-/// An unsaved choice, by what names its element in the next program too.
-struct Entry {
-    QString key;
-    int index;
-    ElementChoice choice;
-};
-
-std::vector<Entry> entriesOf(const ThemeDocument &document)
+std::vector<DraftEntry> entriesOf(const ThemeDocument &document)
 {
-    std::vector<Entry> entries;
+    std::vector<DraftEntry> entries;
     for (const auto &[index, choice] : document.unsavedChanges())
         entries.push_back({document.record(index).key, index, choice});
     return entries;
 }
 
-QByteArray bytesOf(const std::vector<Entry> &entries)
+QByteArray bytesOf(const std::vector<DraftEntry> &entries)
 {
     QVariantList changes;
-    for (const Entry &entry : entries) {
+    for (const DraftEntry &entry : entries) {
         QVariantMap change{{u"key"_s, entry.key}, {u"index"_s, qint64(entry.index)}};
         if (entry.choice.color.isValid())
             change.insert(u"color"_s, entry.choice.color);
@@ -141,7 +141,7 @@ class DraftKeeper::Desk
 public:
     explicit Desk(const QString &documents) : _documents(documents) {}
 
-    void leave(std::vector<Entry> entries)
+    void leave(std::vector<DraftEntry> entries)
     {
         const MutexLock lock(_mutex);
         _next = std::move(entries);
@@ -150,7 +150,7 @@ public:
     /// Brings the file in step with what was left last. True when it is.
     bool work()
     {
-        std::optional<std::vector<Entry>> entries;
+        std::optional<std::vector<DraftEntry>> entries;
         {
             const MutexLock lock(_mutex);
             entries.swap(_next);
@@ -194,7 +194,7 @@ private:
 
     const QString _documents;
     Mutex _mutex;
-    std::optional<std::vector<Entry>> _next GUARDED_BY(_mutex); // not taken yet
+    std::optional<std::vector<DraftEntry>> _next GUARDED_BY(_mutex); // not taken yet
     QString _folder;
     std::shared_ptr<const void> _lock; // while there is a folder
     bool _isInStep = true;
