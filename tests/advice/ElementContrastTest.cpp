@@ -6,11 +6,6 @@
 
 namespace
 {
-QByteArray on(const QByteArray &element, const QByteArray &grounds)
-{
-    return element.chopped(1) + ",\"on\":" + grounds + "}";
-}
-
 ElementDataSource parse(const QByteArrayList &elements)
 {
     return ElementDataSource::parse("[" + elements.join(",") + "]", "test", nullptr);

@@ -10,11 +10,6 @@ using Kind = Finding::Kind;
 
 namespace
 {
-QByteArray on(const QByteArray &element, const QByteArray &grounds)
-{
-    return element.chopped(1) + ",\"on\":" + grounds + "}";
-}
-
 struct FindingsTest : ThemeFixture {
     /// The element list that ships, with these choices.
     static ElementDataSource shipped(const QMap<QString, QString> &choices)

@@ -54,8 +54,7 @@ TEST_F(DraftInterruptionTest, LosesNothingAtAnyOperation)
     const auto runWith = [this](const QString &flow, const QString &fault) {
         QDir(locations.documents).removeRecursively();
         abandon(u"#1"_s);
-        return run("draft "_L1 + flow, {{u"TINTLOOM_TEST_FAULT"_s, fault}},
-                   QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE));
+        return run("draft "_L1 + flow, {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faultyProgram);
     };
     for (const auto &[flow, expected, isFirstKept] : flows) {
         SCOPED_TRACE(flow.toStdString());

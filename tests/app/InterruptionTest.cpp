@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QString faulty = QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE);
 const QString color = u"list-background-image"_s;
 
 /// The colours in the working copy, the earlier one and the one set aside; empty when missing.
@@ -53,9 +52,8 @@ struct InterruptionTest : ProgramFixture,
                           testing::WithParamInterface<std::tuple<size_t, std::string>> {
     void SetUp() override
     {
-        const QByteArray text = element(color.toUtf8(), "\"#FFF\"").chopped(1);
-        putElements({text + ",\"on\":{\"text\":[\"other\"]}}", element("other", "\"#EEE\""),
-                     element("unread-indicator-image", "\"#0A0\"")});
+        putElements({on(element(color.toUtf8(), "\"#FFF\""), R"({"text":["other"]})"),
+                     element("other", "\"#EEE\""), element("unread-indicator-image", "\"#0A0\"")});
         putThemes(resources, themeRecord("Quiet", "Sea"));
         putChoices(resources + "/Sea/Info.plist"_L1, "#C00");
         put(resources + "/Sea/UIKit/UnreadIndicator@2x.png"_L1, "a picture");
@@ -110,7 +108,7 @@ struct InterruptionTest : ProgramFixture,
     {
         prepare(flow.before);
         return run(QString(flow.arguments).replace("WHITE"_L1, whitePicture),
-                   {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faulty);
+                   {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faultyProgram);
     }
 
     int countOperations(const Flow &flow) const
@@ -227,14 +225,15 @@ TEST_F(TwoProgramsTest, TheSecondWaitsAndBuildsOnTheFirstOrTouchesNothing)
     const int middle = countOperations(flows[0]) / 2;
     prepare(saved);
     QProcess first, second;
-    start(first, faulty, flows[0].arguments, {{"TINTLOOM_TEST_FAULT", u"pause:%1"_s.arg(middle)}});
+    start(first, faultyProgram, flows[0].arguments,
+          {{"TINTLOOM_TEST_FAULT", u"pause:%1"_s.arg(middle)}});
     expectSoon(first, "paused\n");
     ASSERT_FALSE(found()[Aside].empty()); // the old choices are away, the new ones not yet there
 
     const QStringList before = tree(folder.path());
     for (const QString command : {"save --set other=DEF", "restore", "list"})
         expectRefused(command, 1, {"another Tintloom is busy"},
-                      {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faulty);
+                      {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faultyProgram);
     EXPECT_EQ(tree(folder.path()), before);
 
     start(second, TINTLOOM_EXECUTABLE, "save --set other=DEF");

@@ -1,5 +1,5 @@
 // A command on the kept themes is killed, or its disk fails, at each file operation in turn; then
-// the next program looks. A new command that changes kept themes needs one line in `flows`.
+// the next program looks. A new command that changes kept themes needs one line in `libraryFlows`.
 #include "library/ThemeLibrary.h"
 #include "support/ProgramFixture.h"
 #include "theme/WorkingCopyKeeper.h"
@@ -10,17 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QString faulty = QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE);
-const QString color = u"list-background-image"_s;
+const QString background = u"list-background-image"_s;
 
-struct Flow {
+struct LibraryFlow {
     const char *name;
     QString arguments;
     QStringList after; // kept themes with their colours when nothing has disturbed it
 };
 
 const QStringList before{u"Lake #00B"_s, u"Sea #0A0"_s};
-const std::vector<Flow> flows = {
+const std::vector<LibraryFlow> libraryFlows = {
     {"keep", u"keep --scale=1 New"_s, {u"Lake #00B"_s, u"New #C00"_s, u"Sea #0A0"_s}},
     {"replace", u"keep --scale=1 --replace sea"_s, {u"Lake #00B"_s, u"sea #C00"_s}},
     {"rename", u"rename Lake Zoo"_s, {u"Sea #0A0"_s, u"Zoo #00B"_s}},
@@ -36,14 +35,14 @@ struct LibraryInterruptionTest : ProgramFixture,
                                  testing::WithParamInterface<std::tuple<size_t, std::string>> {
     void SetUp() override
     {
-        putElements(
-            {element(color.toUtf8(), "\"#FFF\""), element("unread-indicator-image", "\"#0A0\"")});
+        putElements({element(background.toUtf8(), "\"#FFF\""),
+                     element("unread-indicator-image", "\"#0A0\"")});
     }
 
     static PropertyDictionary infoOf(const QString &text)
     {
         PropertyDictionary info = ElementDataSource().predefinedDict();
-        info.setValue(color, text);
+        info.setValue(background, text);
         return info;
     }
     void keep(const QString &name, const QString &text) const
@@ -59,7 +58,7 @@ struct LibraryInterruptionTest : ProgramFixture,
     }
 
     /// Made once, then copied: to flush all that to the disk each time would take long.
-    void prepare(const Flow &flow) const
+    void prepare(const LibraryFlow &flow) const
     {
         const QString ready = folder.filePath("ready");
         NSFileManager::removeItemAtPath(locations.documents);
@@ -70,7 +69,7 @@ struct LibraryInterruptionTest : ProgramFixture,
         ASSERT_FALSE(NSFileManager::copyItemAtPath(ready, locations.documents));
     }
 
-    void make(const Flow &flow) const
+    void make(const LibraryFlow &flow) const
     {
         put(locations.workingCopy(), PropertyList::writeDictionary(infoOf(u"#C00"_s)));
         keep(u"Sea"_s, u"#0A0"_s);
@@ -95,7 +94,7 @@ struct LibraryInterruptionTest : ProgramFixture,
         for (const KeptTheme &theme : library->themes()) {
             const auto package = library->read(theme.name).contents.value_or(PackageContents());
             EXPECT_GE(package.files.size(), 2U) << "not whole";
-            const QVariant *value = package.info.find(color);
+            const QVariant *value = package.info.find(background);
             list.append(theme.name + u' ' + (value ? value->toString() : u"not whole"_s));
         }
         testing::internal::GetCapturedStderr();
@@ -105,10 +104,10 @@ struct LibraryInterruptionTest : ProgramFixture,
         return list;
     }
 
-    Finished runWithFault(const Flow &flow, const QString &fault) const
+    Finished runWithFault(const LibraryFlow &flow, const QString &fault) const
     {
         prepare(flow);
-        return run(flow.arguments, {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faulty);
+        return run(flow.arguments, {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faultyProgram);
     }
 };
 } // namespace
@@ -116,7 +115,7 @@ struct LibraryInterruptionTest : ProgramFixture,
 TEST_P(LibraryInterruptionTest, LeavesTheOldStateOrTheNewOneWhole)
 {
     const auto &[number, kind] = GetParam();
-    const Flow &flow = flows[number];
+    const LibraryFlow &flow = libraryFlows[number];
     SCOPED_TRACE(flow.name);
     prepare(flow);
     const QStringList old = found();
@@ -147,19 +146,19 @@ TEST_P(LibraryInterruptionTest, LeavesTheOldStateOrTheNewOneWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(Flows, LibraryInterruptionTest,
-                         testing::Combine(testing::Range(size_t(0), flows.size()),
+                         testing::Combine(testing::Range(size_t(0), libraryFlows.size()),
                                           testing::Values("kill", "full", "denied")));
 
 using TwoLibrariesTest = LibraryInterruptionTest;
 
 TEST_F(TwoLibrariesTest, TheSecondWaitsAndBothResultsStand)
 {
-    const Flow &flow = flows[1];
+    const LibraryFlow &flow = libraryFlows[1];
     const Finished counted = runWithFault(flow, u"count"_s);
     const int operations = counted.err.sliced(counted.err.lastIndexOf(' ')).trimmed().toInt();
     prepare(flow);
     QProcess first, second;
-    start(first, faulty, flow.arguments,
+    start(first, faultyProgram, flow.arguments,
           {{u"TINTLOOM_TEST_FAULT"_s, u"pause:%1"_s.arg(operations * 3 / 4)}});
     const auto expectSoon = [](QProcess &process, const QByteArray &text) {
         process.setReadChannel(QProcess::StandardError);
@@ -172,7 +171,7 @@ TEST_F(TwoLibrariesTest, TheSecondWaitsAndBothResultsStand)
     expectSoon(first, "paused\n");
     for (const QString command : {"keep Third", "remove Lake", "themes", "check Lake"})
         expectRefused(command, 1, {"another Tintloom is busy"},
-                      {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faulty);
+                      {{u"TINTLOOM_TEST_PATIENCE"_s, u"0"_s}}, faultyProgram);
     start(second, TINTLOOM_EXECUTABLE, "rename Lake Pond");
     expectSoon(second, "Waiting for another Tintloom");
     first.write("\n");

@@ -128,7 +128,7 @@ TEST_F(PreviewCommandTest, AFaultAnywhereLeavesTheOldPictureOrTheWholeNewOne)
     const QStringList files = tree(folder.path());
     const auto withFault = [&](const QString &fault) {
         put(out, "an old picture");
-        return run(arguments, {{"TINTLOOM_TEST_FAULT", fault}}, TINTLOOM_FAULTY_EXECUTABLE);
+        return run(arguments, {{"TINTLOOM_TEST_FAULT", fault}}, faultyProgram);
     };
     const int count = withFault("count").err.split(' ').last().trimmed().toInt();
     ASSERT_GE(count, 5);

@@ -157,8 +157,7 @@ TEST_F(SharingCommandsTest, AKilledImportLeavesTheThemeWholeOrNotThereAtAll)
 {
     const auto withFault = [&](const QString &fault) {
         QDir(locations.documents).removeRecursively();
-        return run("import " + quoted(package), {{"TINTLOOM_TEST_FAULT", fault}},
-                   TINTLOOM_FAULTY_EXECUTABLE);
+        return run("import " + quoted(package), {{"TINTLOOM_TEST_FAULT", fault}}, faultyProgram);
     };
     const int count = withFault("count").err.split(' ').last().trimmed().toInt();
     ASSERT_GE(count, 10);

@@ -29,19 +29,6 @@ struct ContrastBadgeTest : EditorFixture {
             on(element("between", "All", "#FF0000FF"), {{"text", QJsonArray{"white", "dark"}}})});
         start();
     }
-    void open(int row)
-    {
-        tap(cell({0, row}));
-        ASSERT_TRUE(chooser());
-    }
-    void leave(const char *button)
-    {
-        tap(chooser()->view()->findChild<QQuickItem *>(button));
-        auto *fade = editor().findChild<QAbstractAnimation *>("fade");
-        fade->setCurrentTime(fade->duration());
-        settle();
-    }
-    ColorPickerViewController *chooser() { return editor().colorPickerView(); }
     const ContrastBadge &badge() { return *chooser()->contrast(); }
     QQuickItem *mark() { return chooser()->view()->findChild<QQuickItem *>("contrastMark"); }
     QString spoken(QAccessible::Text text)

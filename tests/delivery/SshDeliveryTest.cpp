@@ -10,12 +10,12 @@ namespace
 using Status = DeliveryResult::Status;
 using Files = std::map<QString, QByteArray>;
 
-Files package(const QByteArray &mark)
+Files threeFiles(const QByteArray &mark)
 {
     return {{"Info.plist", mark}, {"Back.jpg", mark.repeated(200'000)}, {"UIKit/Dot.png", mark}};
 }
 
-const Files oldOne = package("o"), newOne = package("n"), newest = package("x");
+const Files oldTheme = threeFiles("o"), newTheme = threeFiles("n"), newestTheme = threeFiles("x");
 
 struct SshDeliveryTest : testing::Test {
     static void SetUpTestSuite() { server = new SshServer; }
@@ -85,17 +85,17 @@ SshServer *SshDeliveryTest::server = nullptr;
 
 TEST_F(SshDeliveryTest, SendsReplacesAndPutsBack)
 {
-    const DeliveryResult first = send(oldOne);
+    const DeliveryResult first = send(oldTheme);
     ASSERT_EQ(first.status, Status::Done) << first.text.toStdString();
-    EXPECT_TRUE(holds("Sea", oldOne));
+    EXPECT_TRUE(holds("Sea", oldTheme));
     EXPECT_EQ(asked, QStringList());
     for (const char *path : {"/Sea", "/Sea/UIKit", "/Sea/Info.plist", "/Sea/UIKit/Dot.png"})
         EXPECT_EQ(int(QFileInfo(server->themes() + path).permissions()) & 0x777, 0x777) << path;
-    ASSERT_EQ(send(newOne).status, Status::Done);
-    ASSERT_EQ(send(newest).status, Status::Done);
-    EXPECT_TRUE(holds("Sea", newest) && holds(".Sea.previous", newOne));
+    ASSERT_EQ(send(newTheme).status, Status::Done);
+    ASSERT_EQ(send(newestTheme).status, Status::Done);
+    EXPECT_TRUE(holds("Sea", newestTheme) && holds(".Sea.previous", newTheme));
     ASSERT_EQ(send(std::nullopt).status, Status::Done);
-    EXPECT_TRUE(holds("Sea", newOne) && holds(".Sea.previous", newest));
+    EXPECT_TRUE(holds("Sea", newTheme) && holds(".Sea.previous", newestTheme));
     EXPECT_EQ(names().size(), 2);
 }
 
@@ -103,11 +103,11 @@ TEST_F(SshDeliveryTest, AsksAboutAnUnknownHostOnceAndRefusesAChangedOne)
 {
     put(server->knownHosts(), "elsewhere ssh-ed25519 AAAA"); // its last line has no end
     accepts = false;
-    EXPECT_EQ(send(oldOne).status, Status::HostRefused);
+    EXPECT_EQ(send(oldTheme).status, Status::HostRefused);
     EXPECT_EQ(asked, QStringList{fingerprint(server->hostKey() + ".pub")});
     accepts = true;
-    EXPECT_EQ(send(oldOne).status, Status::Done);
-    EXPECT_EQ(send(oldOne).status, Status::Done);
+    EXPECT_EQ(send(oldTheme).status, Status::Done);
+    EXPECT_EQ(send(oldTheme).status, Status::Done);
     EXPECT_EQ(asked.size(), 2) << contents(server->knownHosts()).toStdString();
 
     // Somebody else's key stands for it on the third line.
@@ -116,10 +116,10 @@ TEST_F(SshDeliveryTest, AsksAboutAnUnknownHostOnceAndRefusesAChangedOne)
     put(server->knownHosts(), "# known\nelsewhere " + other +
                                   QString("\n[127.0.0.1]:%1 ").arg(server->port()).toUtf8() +
                                   other + "\n");
-    const DeliveryResult changed = send(newOne);
+    const DeliveryResult changed = send(newTheme);
     EXPECT_EQ(changed.status, Status::HostRefused);
     EXPECT_EQ(asked.size(), 2);
-    EXPECT_TRUE(holds("Sea", oldOne));
+    EXPECT_TRUE(holds("Sea", oldTheme));
     for (const QString &part :
          {fingerprint(server->hostKey() + ".pub"), fingerprint(server->userKey() + ".pub"),
           "line 3 of " + server->knownHosts()})
@@ -132,9 +132,9 @@ TEST_F(SshDeliveryTest, LetsInByConfigurationAndAgent)
                                      .arg(server->port())
                                      .arg(SshServer::user())
                                      .toUtf8());
-    EXPECT_EQ(send(oldOne, {"phone", 0, {}}).status, Status::Done);
-    EXPECT_EQ(send(newOne, {"phone", 0, "somebody-else"}).status, Status::NotLetIn);
-    EXPECT_NE(send(newOne, {"phone", freePort(), {}}).status, Status::Done);
+    EXPECT_EQ(send(oldTheme, {"phone", 0, {}}).status, Status::Done);
+    EXPECT_EQ(send(newTheme, {"phone", 0, "somebody-else"}).status, Status::NotLetIn);
+    EXPECT_NE(send(newTheme, {"phone", freePort(), {}}).status, Status::Done);
 
     const QString socket = server->home() + "/agent", hidden = server->home() + "/key";
     QProcess agent;
@@ -143,13 +143,13 @@ TEST_F(SshDeliveryTest, LetsInByConfigurationAndAgent)
     const Variable variable("SSH_AUTH_SOCK", socket.toUtf8());
     ASSERT_EQ(QProcess::execute("ssh-add", {"-q", server->userKey()}), 0);
     ASSERT_TRUE(QFile::rename(server->userKey(), hidden));
-    EXPECT_EQ(send(newOne).status, Status::Done);
+    EXPECT_EQ(send(newTheme).status, Status::Done);
     EXPECT_EQ(QProcess::execute("ssh-add", {"-q", "-D"}), 0);
-    EXPECT_EQ(send(newest).status, Status::NotLetIn);
+    EXPECT_EQ(send(newestTheme).status, Status::NotLetIn);
     ASSERT_TRUE(QFile::rename(hidden, server->userKey()));
     agent.kill();
     agent.waitForFinished();
-    EXPECT_TRUE(holds("Sea", newOne));
+    EXPECT_TRUE(holds("Sea", newTheme));
 }
 
 TEST_F(SshDeliveryTest, AsksForTheWordsThatAKeyIsLockedWith)
@@ -165,20 +165,20 @@ TEST_F(SshDeliveryTest, AsksForTheWordsThatAKeyIsLockedWith)
         prompt = shown;
         return std::optional<Secret>(std::in_place, words);
     };
-    EXPECT_EQ(send(oldOne).status, Status::Done);
+    EXPECT_EQ(send(oldTheme).status, Status::Done);
     EXPECT_TRUE(prompt.contains("key")) << prompt.toStdString();
     words = "wrong";
-    const DeliveryResult refused = send(newOne);
+    const DeliveryResult refused = send(newTheme);
     EXPECT_EQ(refused.status, Status::NotLetIn);
     EXPECT_FALSE(refused.text.contains("wrong"));
     ASSERT_EQ(relock("open sesame", {}), 0);
-    EXPECT_TRUE(holds("Sea", oldOne));
+    EXPECT_TRUE(holds("Sea", oldTheme));
 }
 
 TEST_F(SshDeliveryTest, SaysWhyItCannotSend)
 {
     const auto told = [this](const QString &part) {
-        const DeliveryResult result = send(newOne);
+        const DeliveryResult result = send(newTheme);
         EXPECT_EQ(result.status, Status::Failed);
         EXPECT_TRUE(result.text.contains(part)) << result.text.toStdString();
     };
@@ -191,60 +191,60 @@ TEST_F(SshDeliveryTest, SaysWhyItCannotSend)
     ASSERT_TRUE(QFile::link("/etc", server->themes() + "/Sea"));
     told("is a link");
     EXPECT_EQ(names(), QStringList{"Sea"});
-    EXPECT_TRUE(send(newOne, {"127.0.0.1", freePort(), {}}).text.contains("refused"));
-    EXPECT_TRUE(send(newOne, {"no-such-host.invalid", 0, {}}).text.contains("no-such-host"));
+    EXPECT_TRUE(send(newTheme, {"127.0.0.1", freePort(), {}}).text.contains("refused"));
+    EXPECT_TRUE(send(newTheme, {"no-such-host.invalid", 0, {}}).text.contains("no-such-host"));
 }
 
 TEST_F(SshDeliveryTest, AfterACutAnywhereThePhoneHoldsOneThemeWhole)
 {
-    ASSERT_EQ(send(oldOne).status, Status::Done);
+    ASSERT_EQ(send(oldTheme).status, Status::Done);
     put(server->configuration(), QString("Host phone\n HostName 127.0.0.1\n User %1\n"
                                          " StrictHostKeyChecking no\n")
                                      .arg(SshServer::user())
                                      .toUtf8());
     for (int pieces = 1;; ++pieces) {
         const CuttingProxy proxy(server->port(), {}, pieces);
-        const DeliveryResult result = send(newOne, {"phone", proxy.port(), {}});
+        const DeliveryResult result = send(newTheme, {"phone", proxy.port(), {}});
         proxy.waitUntilIdle();
-        ASSERT_TRUE(holds("Sea", oldOne) || holds("Sea", newOne)) << pieces;
+        ASSERT_TRUE(holds("Sea", oldTheme) || holds("Sea", newTheme)) << pieces;
         if (!proxy.wasCut())
             break;
-        EXPECT_TRUE(result.status != Status::Done || holds("Sea", newOne)) << pieces;
+        EXPECT_TRUE(result.status != Status::Done || holds("Sea", newTheme)) << pieces;
     }
-    ASSERT_EQ(send(newest).status, Status::Done);
-    EXPECT_TRUE(holds("Sea", newest) && holds(".Sea.previous", newOne));
+    ASSERT_EQ(send(newestTheme).status, Status::Done);
+    EXPECT_TRUE(holds("Sea", newestTheme) && holds(".Sea.previous", newTheme));
     EXPECT_EQ(names(), (QStringList{".Sea.previous", "Sea"})) << "the next one tidies up";
 }
 
 TEST_F(SshDeliveryTest, ACancelInAnyPhaseLeavesNothingBehind)
 {
-    ASSERT_EQ(send(oldOne).status, Status::Done);
+    ASSERT_EQ(send(oldTheme).status, Status::Done);
     for (int phase = 0;; ++phase) {
         int count = 0;
         questions.progress = [&](const DeliveryProgress &) { ++count; };
         questions.cancelled = [&] { return count > phase; };
-        const DeliveryResult result = send(newOne);
+        const DeliveryResult result = send(newTheme);
         if (result.status == Status::Done)
             break;
         ASSERT_EQ(result.status, Status::Cancelled) << result.text.toStdString();
-        EXPECT_TRUE(holds("Sea", oldOne) && names().size() == 1) << phase;
+        EXPECT_TRUE(holds("Sea", oldTheme) && names().size() == 1) << phase;
     }
-    EXPECT_TRUE(holds("Sea", newOne));
+    EXPECT_TRUE(holds("Sea", newTheme));
 }
 
 TEST_F(SshDeliveryTest, OfTwoSendersOnesThemeArrivesWhole)
 {
-    ASSERT_EQ(send(oldOne).status, Status::Done);
+    ASSERT_EQ(send(oldTheme).status, Status::Done);
     for (int round = 0; round < 3; ++round) {
         DeliveryResult first, second;
-        std::thread one([&] { first = send(newOne); });
-        second = send(newest);
+        std::thread one([&] { first = send(newTheme); });
+        second = send(newestTheme);
         one.join();
         EXPECT_TRUE(first.status == Status::Done || second.status == Status::Done)
             << first.text.toStdString() << second.text.toStdString();
-        EXPECT_TRUE(holds("Sea", newOne) || holds("Sea", newest));
+        EXPECT_TRUE(holds("Sea", newTheme) || holds("Sea", newestTheme));
     }
-    ASSERT_EQ(send(oldOne).status, Status::Done);
+    ASSERT_EQ(send(oldTheme).status, Status::Done);
     EXPECT_EQ(names(), (QStringList{".Sea.previous", "Sea"}));
 }
 
@@ -255,13 +255,13 @@ TEST_F(SshDeliveryTest, SaysHowToAllowWhatIsOld)
     old.trust();
     const SshAddress address{"127.0.0.1", old.port(), SshServer::user()};
     folder = old.themes();
-    const DeliveryResult refused = send(newOne, address);
+    const DeliveryResult refused = send(newTheme, address);
     EXPECT_EQ(refused.status, Status::Failed);
     EXPECT_TRUE(refused.text.contains("offers only diffie-hellman-group14-sha1"))
         << refused.text.toStdString();
     const QString advice = refused.text.section("config:\n", 1);
     put(old.configuration(), advice.toUtf8());
-    const DeliveryResult allowed = send(newOne, address);
+    const DeliveryResult allowed = send(newTheme, address);
     EXPECT_EQ(allowed.status, Status::Done) << allowed.text.toStdString();
 }
 
@@ -276,9 +276,9 @@ TEST_F(SshDeliveryTest, AFullPhoneKeepsTheOldThemeAndItsRoom)
     small.trust();
     folder = small.themes();
     const SshAddress address{"127.0.0.1", small.port(), SshServer::user()};
-    ASSERT_EQ(send(oldOne, address).status, Status::Done);
+    ASSERT_EQ(send(oldTheme, address).status, Status::Done);
     for (int round = 0; round < 2; ++round) {
-        const DeliveryResult full = send(newOne, address);
+        const DeliveryResult full = send(newTheme, address);
         EXPECT_TRUE(full.text.contains("no room")) << full.text.toStdString();
     }
     EXPECT_EQ(send(Files{{"Info.plist", "n"}}, address).status, Status::Done);

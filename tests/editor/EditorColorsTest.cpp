@@ -16,19 +16,6 @@ struct EditorColorsTest : EditorFixture {
                                  element("third", "All", "#FF0000FF")});
         start();
     }
-    ColorPickerViewController *chooser() { return editor().colorPickerView(); }
-    void open(int row)
-    {
-        tap(cell({0, row}));
-        ASSERT_TRUE(chooser());
-    }
-    void leave(const char *button)
-    {
-        tap(chooser()->view()->findChild<QQuickItem *>(button));
-        auto *fade = editor().findChild<QAbstractAnimation *>("fade");
-        fade->setCurrentTime(fade->duration());
-        settle();
-    }
     UIViewController *page() { return window().presentedViewController(); }
     UITableView &list() { return *page()->view()->findChild<UITableView *>(); }
     void openPage()

@@ -64,10 +64,9 @@ struct PickFromScreenTest : EditorFixture {
         daemon.kill();
         daemon.waitForFinished();
     }
-    ColorPickerViewController &chooser() { return *editor().colorPickerView(); }
     UIViewController *page() { return window().presentedViewController(); }
     QQuickItem *button() { return page()->view()->findChild<QQuickItem *>("pickFromScreen"); }
-    void openPage() { tap(chooser().view()->findChild<QQuickItem *>("themeColors")); }
+    void openPage() { tap(chooser()->view()->findChild<QQuickItem *>("themeColors")); }
     bool isOfferedSoon()
     {
         return QTest::qWaitFor([this] { return button()->isVisible(); });
@@ -96,7 +95,7 @@ TEST_F(PickFromScreenTest, ChoosesWhatTheDesktopPicked)
         return !page();
     }));
     EXPECT_EQ(portal.picks, 2);
-    EXPECT_EQ(chooser().hexTextField()->text(), "#FF8000FF");
+    EXPECT_EQ(chooser()->hexTextField()->text(), "#FF8000FF");
 }
 
 TEST_F(PickFromScreenTest, IsAbsentWhereTheDesktopCannot)
@@ -107,7 +106,7 @@ TEST_F(PickFromScreenTest, IsAbsentWhereTheDesktopCannot)
     tap(button());
     EXPECT_TRUE(QTest::qWaitFor([this] { return !button()->isVisible(); }));
     key(Qt::Key_Escape);
-    EXPECT_EQ(chooser().hexTextField()->text(), "#00FF00FF");
+    EXPECT_EQ(chooser()->hexTextField()->text(), "#00FF00FF");
 
     portal.version = 1;
     const int asked = portal.questions;

@@ -21,7 +21,6 @@ protected:
         start();
     }
     void tapRow(NSIndexPath indexPath) { tap(cell(indexPath)); }
-    ColorPickerViewController *chooser() { return editor().colorPickerView(); }
     void tapInChooser(const char *name) { tap(chooser()->view()->findChild<QQuickItem *>(name)); }
     QAbstractAnimation *fade() { return editor().findChild<QAbstractAnimation *>("fade"); }
     void endFade()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/window/AppDelegate.h"
+#include "chooser/ColorPickerViewController.h"
 #include "editor/CustomViewController.h"
 #include "platform/UINavigationController.h"
 #include "platform/foundation/UIScreen.h"
@@ -9,6 +10,7 @@
 #include "support/WindowFixture.h"
 #include "views/CustomTableCell.h"
 
+#include <QAbstractAnimation>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -84,6 +86,21 @@ protected:
         return qobject_cast<CustomTableCell *>(table().cellForRowAtIndexPath(indexPath));
     }
     QQuickItem *item(const char *name) { return screen().findChild<QQuickItem *>(name); }
+
+    ColorPickerViewController *chooser() { return editor().colorPickerView(); }
+    /// Opens the chooser of a row in the first section; leaves it by one of its buttons.
+    void open(int row)
+    {
+        tap(cell({0, row}));
+        ASSERT_TRUE(chooser());
+    }
+    void leave(const char *button)
+    {
+        tap(chooser()->view()->findChild<QQuickItem *>(button));
+        auto *fade = editor().findChild<QAbstractAnimation *>("fade");
+        fade->setCurrentTime(fade->duration());
+        settle();
+    }
 
     void tapSave() { tap(item("_saveButton")); }
     void scrollTo(double offset)

@@ -17,6 +17,9 @@ struct Finished {
 struct ProgramFixture : ThemeFixture {
     using Variables = QMap<QString, QString>;
 
+    /// The same program, which can be told to fail or to stop at a file operation.
+    const QString faultyProgram = QStringLiteral(TINTLOOM_FAULTY_EXECUTABLE);
+
     /// Starts a program with the folders, and more, in its environment. Blanks separate its
     /// arguments, quotes hold one together.
     void start(QProcess &process, const QString &program, const QString &arguments,

@@ -19,6 +19,12 @@ inline QByteArray element(const QByteArray &key, const QByteArray &color,
            ",\"value\":" + value + ",\"section\":" + section + "}";
 }
 
+/// The same one standing on what the key "on" names.
+inline QByteArray on(const QByteArray &element, const QByteArray &grounds)
+{
+    return element.chopped(1) + ",\"on\":" + grounds + "}";
+}
+
 struct ThemeFixture : testing::Test {
     QTemporaryDir folder;
     const QString resources = folder.filePath("resources");

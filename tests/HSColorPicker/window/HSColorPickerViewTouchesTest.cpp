@@ -10,7 +10,7 @@ namespace
 {
 using Touches = QList<QEventPoint>;
 
-class Recorder : public HSColorPickerViewDelegate
+class TouchRecorder : public HSColorPickerViewDelegate
 {
 public:
     void colorPickerDidChangeSelection(HSColorPickerView &) override { log += "changed"; }
@@ -52,7 +52,7 @@ protected:
     BGHSLoupeLayer *loupe() { return view->findChild<BGHSLoupeLayer *>(); }
     void endPopUp() { view->findChild<QAbstractAnimation *>("cp_l_appear")->setCurrentTime(350); }
 
-    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+    std::shared_ptr<TouchRecorder> recorder = std::make_shared<TouchRecorder>();
     QQmlEngine engine;
     std::unique_ptr<QQuickItem> page;
     HSColorPickerView *view = nullptr;
