@@ -2,7 +2,9 @@
 
 #include "catalogue/ThemeList.h"
 #include "library/EditedTheme.h"
+#include "library/KeptPackage.h"
 #include "platform/foundation/NSFileManager.h"
+#include "theme/PictureEntry.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <vector>
@@ -148,6 +150,19 @@ private:
     std::vector<Copy> _copies;
 };
 
+/// The whole picture behind the list, to lie beside the working copy before that leads to it.
+void copyPicture(const ThemeInstallation &installation, Copying &copying)
+{
+    const auto info = installation.kept ? KeptPackage::readInfo(installation.source) : std::nullopt;
+    const auto file = info ? PictureEntry::fileIn(*info) : std::nullopt;
+    if (!file)
+        return;
+    const QString source = installation.source + u'/' + *file;
+    const QString target = installation.locations.workingCopyFolder() + u'/' + *file;
+    const auto [bytes, error] = NSFileManager::contentsAtPath(source);
+    copying.note(source, target, error ? error : NSFileManager::writeToFile(target, bytes));
+}
+
 SaveReport copyEntries(const ThemeInstallation &installation)
 {
     SaveReport report = installation.report;
@@ -161,9 +176,11 @@ SaveReport copyEntries(const ThemeInstallation &installation)
     Copying copying(report);
     for (const QString &entry : entries) {
         const QString source = installation.source + u'/' + entry;
-        if (installation.asWorkingCopy && entry == "Info.plist"_L1)
+        if (installation.asWorkingCopy && entry == "Info.plist"_L1) {
+            copyPicture(installation, copying);
             copying.note(source, installation.locations.workingCopy(),
                          installation.keeper->copy(source));
+        }
         copying.copy(source, folder + u'/' + entry);
         copying.openLastToEverybody();
     }

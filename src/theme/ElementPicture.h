@@ -5,21 +5,13 @@
 // the colour, by any way, takes the picture away with it. The bytes are in the choice itself and
 // shared by all copies, so that snapshots have them on every thread and no step of the history can
 // lose them.
-//
-// On the disk a theme has the picture only as it is shown, in its own file. The working copy leads
-// to the whole one, so that it can be placed anew:
-//
-//   <documents>/Tintloom/Info.plist                the entry "<key>.picture", a dictionary: "file",
-//                                                  "x", "y", "zoom", and "color", its mean
-//   <documents>/Tintloom/Picture-<SHA-256>.jpg     written before what leads to it
 #pragma once
 
 #include "theme/ElementDataSource.h"
-#include "theme/ThemeLocations.h"
 
 #include <QImage>
 
-#include <system_error>
+#include <optional>
 
 struct ElementPicture {
     /// Larger pictures are kept smaller: pixels of the longer side.
@@ -63,21 +55,6 @@ struct ElementPicture {
     /// Its zoom times that, as far as it goes.
     ElementPicture closer(QSize whole, double factor) const;
 
-    // The working copy.
-    QString fileName() const;
-    /// Adds the entry.
-    void addTo(PropertyDictionary &workingCopy, const QString &key, const QString &color) const;
-    static QString entryKey(const QString &key) { return key + QLatin1String(".picture"); }
-    /// Puts the files' bytes, from beside the working copy, into its entries; one whose file is
-    /// missing or another goes, with a log line.
-    static void readFiles(PropertyDictionary &workingCopy, const QString &folder);
-    /// What the entry makes of the record's value; nothing where there is no such picture.
-    static std::optional<QVariant> valueIn(const PropertyDictionary &workingCopy,
-                                           const ElementRecord &record);
-    /// Removes the files that none of the working copies, the one set aside and the earlier one
-    /// among them, leads to; none of them while one of these cannot be read.
-    static void removeUnused(const ThemeLocations &locations);
-
 private:
     static std::optional<ElementPicture> fromMap(const QVariantMap &map);
     QSizeF partOf(QSizeF picture) const;
@@ -88,6 +65,3 @@ struct ElementPicture::Reading {
     std::optional<ElementPicture> picture;
     QString problem; // why there is none, for people, with the file's name; else empty
 };
-
-/// The working copy of these elements: their theme, and where its picture is.
-PropertyDictionary workingCopyOf(const ElementDataSource &elements, PropertyDictionary theme);

@@ -4,6 +4,7 @@
 #include "preview/PreviewPicture.h"
 #include "support/Jpeg.h"
 #include "support/ThemeFixture.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemeDocument.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -118,7 +119,8 @@ TEST_F(ElementPictureTest, IsSavedRestoredUndoneAndRemovedWithItsColor)
     EXPECT_FALSE(ElementPicture::of(restarted.record(0)));
     save(restarted);
     expectSolid(writtenBackground(), QColor(0xC0, 0, 0), 3);
-    EXPECT_EQ(files(), QStringList{picture.fileName()}) << "the earlier choices lead to it";
+    EXPECT_EQ(files(), QStringList{PictureEntry::fileName(picture.jpeg)})
+        << "the earlier choices lead to it";
     restarted.undo();
     EXPECT_EQ(ElementPicture::of(restarted.record(0)), picture);
 
@@ -144,14 +146,14 @@ TEST_F(ElementPictureTest, AMissingOrForeignFileLeavesTheColor)
         EXPECT_FALSE(ElementPicture::behindList(loaded));
         EXPECT_EQ(loaded.tableSource()[0].choice(),
                   (ElementChoice{document.record(0).color, QVariant()}));
-        EXPECT_TRUE(log.contains("picture of the saved choices is missing"));
+        EXPECT_TRUE(log.contains("picture of a theme is missing"));
     };
     put(file, bytes + "more");
     expectColorAlone();
     QFile::remove(file);
     expectColorAlone();
     auto saved = *PropertyList::readDictionary(contents(locations.workingCopy()));
-    const QString key = ElementPicture::entryKey("list-background-image");
+    const QString key = PictureEntry::key();
     QVariantMap entry = saved.find(key)->toMap();
     entry["file"] = "../../picture.jpg";
     put(folder.filePath("picture.jpg"), bytes);
