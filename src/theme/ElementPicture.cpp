@@ -1,7 +1,9 @@
 #include "theme/ElementPicture.h"
 
+#include "bitmap/UIImage+ANImageBitmapRep.h"
 #include "color/LinearLight.h"
 #include "pictures/ReducedPicture.h"
+#include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
 #include "theme/ThemePictures.h"
@@ -45,7 +47,18 @@ QRgb meanColor(const QImage &image)
 
 ElementPicture::Reading ElementPicture::read(const QString &path)
 {
-    const ReducedPicture read = ReducedPicture::read(path, longestSide);
+    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
+    if (error)
+        return {{}, NSFileManager::withReason(path, error)};
+    Reading reading = parse(bytes);
+    if (!reading.problem.isEmpty())
+        reading.problem = path + ": "_L1 + reading.problem;
+    return reading;
+}
+
+ElementPicture::Reading ElementPicture::parse(const QByteArray &bytes)
+{
+    const ReducedPicture read = ReducedPicture::parse(bytes, longestSide);
     if (!read.problem.isEmpty())
         return {{}, read.problem};
     // A JPEG has no transparency.
@@ -54,7 +67,7 @@ ElementPicture::Reading ElementPicture::read(const QString &path)
     QPainter(&image).drawImage(0, 0, read.image);
     const QByteArray jpeg = UIImageJPEGRepresentation(image, keptQuality);
     if (jpeg.isEmpty())
-        return {{}, path + ": there is no memory for it"_L1};
+        return {{}, u"there is no memory for it"_s};
     return {ElementPicture{jpeg}, {}};
 }
 
@@ -138,9 +151,14 @@ QImage ElementPicture::whole(int longerSide) const
 
 QImage ElementPicture::shownOf(const QImage &whole, QSize pixels) const
 {
+    // Whole pixels are cut out as they are; between them, they would be blurred.
     const QRect part = placeIn(whole.size()).toRect();
-    return whole.copy(QRect(part.topLeft(), part.size().expandedTo({1, 1})) & whole.rect())
-        .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const auto rep = imageBitmapRep(whole);
+    rep->cropTopFrame(QRect(part.topLeft(), part.size().expandedTo({1, 1})) & whole.rect());
+    rep->setSize({pixels.width(), pixels.height()});
+    QImage shown = rep->image();
+    shown.reinterpretAsFormat(QImage::Format_RGB32); // nothing of it is transparent
+    return shown;
 }
 
 QImage ElementPicture::shown(QSize pixels) const

@@ -29,8 +29,10 @@ struct ElementPicture {
     bool operator==(const ElementPicture &) const = default;
 
     struct Reading;
-    /// Of any file that is a picture.
+    /// Of any file that is a picture. The problem names the file.
     static Reading read(const QString &path);
+    /// The same from a file's bytes.
+    static Reading parse(const QByteArray &bytes);
 
     /// That which a record shows, if it does.
     static std::optional<ElementPicture> of(const ElementRecord &record);
@@ -63,5 +65,5 @@ private:
 
 struct ElementPicture::Reading {
     std::optional<ElementPicture> picture;
-    QString problem; // why there is none, for people, with the file's name; else empty
+    QString problem; // why there is none, for people; else empty
 };
