@@ -1,6 +1,6 @@
 #include "theme/ElementPicture.h"
 
-#include "bitmap/UIImage+ANImageBitmapRep.h"
+#include "bitmap/CGContextCreator.h"
 #include "color/LinearLight.h"
 #include "pictures/ReducedPicture.h"
 #include "platform/foundation/NSFileManager.h"
@@ -151,12 +151,14 @@ QImage ElementPicture::whole(int longerSide) const
 
 QImage ElementPicture::shownOf(const QImage &whole, QSize pixels) const
 {
-    // Whole pixels are cut out as they are; between them, they would be blurred.
-    const QRect part = placeIn(whole.size()).toRect();
-    const auto rep = imageBitmapRep(whole);
-    rep->cropTopFrame(QRect(part.topLeft(), part.size().expandedTo({1, 1})) & whole.rect());
-    rep->setSize({pixels.width(), pixels.height()});
-    QImage shown = rep->image();
+    // Whole pixels of it, seen through its own memory: it is large, and often only a part is shown.
+    const QRect placed = placeIn(whole.size()).toRect();
+    const QRect part = QRect(placed.topLeft(), placed.size().expandedTo({1, 1})) & whole.rect();
+    const QImage seen(whole.constScanLine(part.y()) + qsizetype(part.x()) * 4, part.width(),
+                      part.height(), whole.bytesPerLine(), QImage::Format_ARGB32_Premultiplied);
+    CGContext canvas = CGContextCreator::newARGBBitmapContextWithSize(pixels);
+    canvas.drawFirst(seen, QRectF(QPointF(), pixels), {});
+    QImage shown = canvas.releaseAsImage();
     shown.reinterpretAsFormat(QImage::Format_RGB32); // nothing of it is transparent
     return shown;
 }

@@ -41,8 +41,17 @@ QString PictureEntry::key()
 
 QString PictureEntry::fileName(const QByteArray &picture)
 {
-    const QByteArray hash = QCryptographicHash::hash(picture, QCryptographicHash::Sha256).toHex();
-    return u"Picture-%1.jpg"_s.arg(QLatin1StringView(hash));
+    // Each save asks for the same bytes' name again, and theirs are many.
+    thread_local struct {
+        QByteArray picture;
+        QString name;
+    } latest;
+    if (latest.name.isEmpty() || !latest.picture.isSharedWith(picture)) {
+        const QByteArray hash =
+            QCryptographicHash::hash(picture, QCryptographicHash::Sha256).toHex();
+        latest = {picture, u"Picture-%1.jpg"_s.arg(QLatin1StringView(hash))};
+    }
+    return latest.name;
 }
 
 PropertyDictionary PictureEntry::addedTo(PropertyDictionary theme,
