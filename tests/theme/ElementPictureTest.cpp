@@ -95,6 +95,34 @@ TEST_F(ElementPictureTest, FillsTheScreenWithThePartThatIsChosen)
     EXPECT_TRUE(ElementPicture::read(folder.filePath("text.png")).problem.contains("no picture"));
 }
 
+TEST_F(ElementPictureTest, ShowsEachPixelWhereItIsPlaced)
+{
+    QImage image(256, 256, QImage::Format_RGB32); // a pixel says where it is
+    for (int y = 0; y < 256; ++y)
+        for (int x = 0; x < 256; ++x)
+            image.setPixel(x, y, qRgb(x, y, 128));
+    const QString path = folder.filePath("places.png");
+    ASSERT_TRUE(image.save(path));
+    ElementPicture picture = taken(path);
+    picture.x = 0.3;
+    picture.y = 0.6;
+    picture.zoom = 2.0;
+    const QSizeF part(128.0 * 640.0 / 1136.0, 128.0);
+    const QPointF corner(0.3 * 256.0 - part.width() / 2.0, 0.6 * 256.0 - 64.0);
+    for (const double scale : {0.25, 1.0, 5.0}) {
+        const QSize pixels = (part * scale).toSize();
+        const QImage shown = picture.shown(pixels);
+        ASSERT_EQ(shown.size(), pixels);
+        for (const double across : {0.1, 0.5, 0.9})
+            for (const double down : {0.1, 0.5, 0.9}) {
+                const QRgb pixel =
+                    shown.pixel(int(across * pixels.width()), int(down * pixels.height()));
+                EXPECT_NEAR(qRed(pixel), corner.x() + across * part.width(), 4.0) << scale;
+                EXPECT_NEAR(qGreen(pixel), corner.y() + down * part.height(), 4.0) << scale;
+            }
+    }
+}
+
 TEST_F(ElementPictureTest, IsSavedRestoredUndoneAndRemovedWithItsColor)
 {
     ElementPicture picture = taken(paint("two.png", Qt::green, Qt::yellow));
