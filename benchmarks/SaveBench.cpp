@@ -1,10 +1,13 @@
 // A whole save, beside the least that any save must do: encode the two pictures, keep the old
 // working copy and bring the same bytes to the disk. Each save changes a colour, so that there is
-// something to keep.
+// something to keep. With a picture behind the list, the least is to decode the part of it that is
+// shown, to scale and to encode that, and to bring it to the disk; the whole picture is there.
+#include "Photograph.h"
 #include "QuietLog.h"
 #include "bitmap/UIImage+JTColor.h"
 #include "platform/foundation/NSFileManager.h"
 #include "theme/ColorText.h"
+#include "theme/ElementPicture.h"
 #include "theme/ThemeDocument.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -101,4 +104,104 @@ void saveBare(benchmark::State &state)
         state.SkipWithError("the two sides encode different pictures");
 }
 BENCHMARK(saveBare)->Name("save_bare/scale2")->Unit(benchmark::kMillisecond);
+
+/// Placed somewhere else each time, so that nothing of it is at hand. More places than are kept.
+ElementPicture placed(const ElementPicture &picture, int save)
+{
+    ElementPicture moved = picture;
+    moved.x = 0.3 + 0.05 * (save % 8);
+    return moved;
+}
+
+struct PictureFixture : Fixture {
+    ElementPicture picture;
+    int index = *document.elements().shownIndexOfKey(QStringLiteral("list-background-image"));
+
+    PictureFixture()
+    {
+        const QString path = folder.filePath(QStringLiteral("photograph.jpg"));
+        photograph().save(path, "JPG", 90);
+        picture = ElementPicture::read(path).picture.value();
+    }
+    BuiltTheme build(int save)
+    {
+        document.changeAll({{index, *placed(picture, save).choice()}}, {});
+        return buildTheme(document.elements(), locations, scale);
+    }
+};
+
+void savePicture(benchmark::State &state)
+{
+    PictureFixture fixture;
+    writeTheme(fixture.build(0)); // from here on the whole picture is there
+    int save = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const auto choice = placed(fixture.picture, ++save).choice();
+        fixture.document.changeAll({{fixture.index, *choice}}, {});
+        state.ResumeTiming();
+        const auto report =
+            writeTheme(buildTheme(fixture.document.elements(), fixture.locations, scale));
+        if (!report.failures.empty() || report.written.size() < 4)
+            state.SkipWithError("the save failed");
+    }
+}
+// Both sides scale on threads of Qt's own, which count as well; to wait for the disk does not: that
+// is the same as of any save.
+BENCHMARK(savePicture)
+    ->Name("save_picture/scale2")
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
+
+/// All of a JPEG, by the encoder's own library.
+QImage decoded(const QByteArray &jpeg)
+{
+    const tjhandle handle = tjInitDecompress();
+    const auto *const bytes = reinterpret_cast<const unsigned char *>(jpeg.constData());
+    int width = 0, height = 0, sampling = 0, space = 0;
+    tjDecompressHeader3(handle, bytes, jpeg.size(), &width, &height, &sampling, &space);
+    QImage image(width, height, QImage::Format_RGB32);
+    tjDecompress2(handle, bytes, jpeg.size(), image.bits(), width, int(image.bytesPerLine()),
+                  height, TJPF_BGRX, 0);
+    tjDestroy(handle);
+    return image;
+}
+
+void savePictureBare(benchmark::State &state)
+{
+    PictureFixture fixture;
+    const auto theme = fixture.build(0);
+    writeTheme(theme);
+    const QByteArray info = PropertyList::writeDictionary(theme.workingCopy);
+    const QSize screen = QSizeF(640.0 * scale, 1136.0 * scale).toSize();
+    Encoder encoder;
+    const auto &locations = fixture.locations;
+    const auto write = [&](const QString &path, const QByteArray &bytes) {
+        if (NSFileManager::writeToFile(path, bytes))
+            state.SkipWithError("a write failed");
+    };
+    const auto move = [&](const QString &from, const QString &to) {
+        if (NSFileManager::moveItemAtPath(from, to))
+            state.SkipWithError("a move failed");
+    };
+    int save = 0;
+    for (auto _ : state) {
+        const QImage whole = decoded(fixture.picture.jpeg);
+        const QSize part = screen.scaled(whole.size(), Qt::KeepAspectRatio);
+        const int left = int((whole.width() - part.width()) * 0.1 * (++save % 8));
+        const QImage shown = whole.copy(QRect(QPoint(left, 0), part))
+                                 .scaled(screen, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        move(locations.workingCopy(), locations.workingCopyAside());
+        write(locations.packageInfo(), info);
+        write(locations.listBackground(),
+              encoder.encode(shown.convertToFormat(QImage::Format_RGB32)));
+        write(locations.unreadIndicator(), theme.unreadIndicator);
+        write(locations.workingCopy(), info);
+        move(locations.workingCopyAside(), locations.earlierWorkingCopy());
+    }
+}
+BENCHMARK(savePictureBare)
+    ->Name("save_picture_bare/scale2")
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
 } // namespace

@@ -14,6 +14,7 @@ const std::vector<Ratio> ratios = {
     // Mostly the price of fonts, which a window without a single text does not pay.
     {"startup", "startup_empty", {}, Clock::Passing},
     {"save/scale2", "save_bare/scale2", 1.2, Clock::Passing},
+    {"save_picture/scale2", "save_picture_bare/scale2", 1.25, Clock::Processor},
     {"load/100000", "load_parse/100000", 4.0, Clock::Processor},
     {"load_fresh/100000", "load_fresh/10000", 12.0, Clock::Processor},
     {"wheel/620", "wheel_opencv/620", 1.0 / 10.0, Clock::Processor},
@@ -37,6 +38,8 @@ const std::vector<Ratio> ratios = {
     {"send_far", "send_far_sftp", 1.0, Clock::Passing},
     {"palette", "palette_decode", 1.3, Clock::Processor},
     {"quantize", "quantize_opencv", 1.0 / 5.0, Clock::Processor},
+    // All that is painted is painted anew; the theme itself is a small part of it.
+    {"generate_follow", "preview_full", 1.25, Clock::Passing},
     // A theme of one colour, and what the least part of it takes: a look at what is hard to see.
     {"generate", "findings_shipped", {}, Clock::Processor},
 };

@@ -5,6 +5,7 @@
 #include "library/OpenedTheme.h"
 #include "library/PackageLimits.h"
 #include "library/ShareText.h"
+#include "theme/PictureEntry.h"
 
 #include <algorithm>
 
@@ -41,6 +42,11 @@ void requireHarmless(const OpenedTheme &theme)
     require(theme.elements <= theme.listed, "no more elements than there are");
     for (const QString &key : theme.strangeKeys)
         require(!theme.contents.info.find(key), "what is strange is left out");
+    const auto picture = PictureEntry::fileIn(theme.contents.info);
+    require(theme.contents.info.find(PictureEntry::key())
+                ? picture && theme.contents.files.contains(*picture)
+                : !picture,
+            "what leads to a picture does");
     for (const QString &key : theme.unknownKeys)
         require(theme.contents.info.find(key), "what is unknown is kept");
 }

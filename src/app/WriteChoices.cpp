@@ -3,6 +3,7 @@
 #include "app/OpenKeeper.h"
 #include "app/StandardStreams.h"
 #include "platform/foundation/NSFileManager.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemePackageWriter.h"
 
 using namespace Qt::StringLiterals;
@@ -19,10 +20,11 @@ bool writeChoices(const CommandLine::Options &options, WorkingCopyKeeper &keeper
     PropertyDictionary choices = themeDictionary(elements);
     std::error_code pictureError;
     if (const auto picture = ElementPicture::behindList(elements); picture && !error)
-        pictureError = NSFileManager::writeToFile(
-            locations.workingCopyFolder() + u'/' + picture->fileName(), picture->jpeg);
+        pictureError = NSFileManager::writeToFile(locations.workingCopyFolder() + u'/' +
+                                                      PictureEntry::fileName(picture->jpeg),
+                                                  picture->jpeg);
     if (!pictureError) // choices never lead to a picture that is not there
-        choices = workingCopyOf(elements, std::move(choices));
+        choices = PictureEntry::addedTo(std::move(choices), elements);
     if (!error)
         error = keeper.write(PropertyList::writeDictionary(choices));
     if (!error)

@@ -3,6 +3,7 @@
 #include "catalogue/ThemeList.h"
 #include "library/EditedTheme.h"
 #include "platform/foundation/NSFileManager.h"
+#include "theme/PictureEntry.h"
 #include "theme/WorkingCopyKeeper.h"
 
 #include <vector>
@@ -148,6 +149,32 @@ private:
     std::vector<Copy> _copies;
 };
 
+/// The whole picture behind the list, to lie beside the working copy. False for a fault.
+bool copyPicture(const ThemeInstallation &installation, const QString &name, Copying &copying)
+{
+    const QString source = installation.source + u'/' + name;
+    const QString target = installation.locations.workingCopyFolder() + u'/' + name;
+    auto [bytes, error] = NSFileManager::contentsAtPath(source);
+    if (!error)
+        error = NSFileManager::writeToFile(target, bytes);
+    copying.note(source, target, error);
+    return !error;
+}
+
+void copyAsWorkingCopy(const ThemeInstallation &installation, const QString &source,
+                       Copying &copying)
+{
+    const QString target = installation.locations.workingCopy();
+    const auto [bytes, error] = NSFileManager::contentsAtPath(source);
+    auto info = installation.kept ? PropertyList::readDictionary(bytes) : std::nullopt;
+    const auto picture = info ? PictureEntry::fileIn(*info) : std::nullopt;
+    // Choices never lead to a picture that is not there.
+    if (!picture || copyPicture(installation, *picture, copying))
+        return copying.note(source, target, installation.keeper->write(bytes, error));
+    info->setValue(PictureEntry::key(), {});
+    copying.note(target, target, installation.keeper->write(PropertyList::writeDictionary(*info)));
+}
+
 SaveReport copyEntries(const ThemeInstallation &installation)
 {
     SaveReport report = installation.report;
@@ -162,8 +189,7 @@ SaveReport copyEntries(const ThemeInstallation &installation)
     for (const QString &entry : entries) {
         const QString source = installation.source + u'/' + entry;
         if (installation.asWorkingCopy && entry == "Info.plist"_L1)
-            copying.note(source, installation.locations.workingCopy(),
-                         installation.keeper->copy(source));
+            copyAsWorkingCopy(installation, source, copying);
         copying.copy(source, folder + u'/' + entry);
         copying.openLastToEverybody();
     }

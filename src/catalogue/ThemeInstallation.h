@@ -19,7 +19,7 @@
 struct ThemeInstallation {
     ThemeLocations locations;
     QString source;             // the package's folder; a ready-made theme's may be missing
-    bool asWorkingCopy = false; // its Info.plist becomes the editor's working copy too
+    bool asWorkingCopy = false; // its Info.plist, with its picture, becomes the working copy too
     SaveReport report;          // what the first step could not do
     std::shared_ptr<WorkingCopyKeeper> keeper; // shuts other programs out until the last copy dies
     std::optional<KeptTheme> kept;             // the source, if it is a kept theme

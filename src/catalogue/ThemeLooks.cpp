@@ -6,8 +6,9 @@
 
 namespace
 {
-// A picture takes some 20 KB. A list that is longer makes again what was seen long ago.
-constexpr qsizetype mostLooks = 400;
+// Some 20 KB each, and a picture behind the list much more. A list that is longer makes again what
+// was seen long ago.
+constexpr qsizetype mostBytes = 64 << 20;
 
 ThemeLook lookOf(const QString &resources, const QString &folder, double scale)
 {
@@ -19,12 +20,15 @@ ThemeLook lookOf(const QString &resources, const QString &folder, double scale)
     }
     if (package.elements->status() != ElementDataSource::Status::Loaded)
         return {};
-    const PreviewPalette palette = PreviewPalette::fromElements(*package.elements);
+    PreviewPalette palette = PreviewPalette::fromElements(*package.elements);
+    if (!palette.listPicture.isNull()) // to look at, not to keep
+        palette.listPicture = palette.listPicture.scaled(
+            PreviewPalette::listPictureSize / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return {palette, previewThumbnail(palette, scale)};
 }
 } // namespace
 
-ThemeLooks::ThemeLooks(QString resources) : _resources(std::move(resources)), _looks(mostLooks)
+ThemeLooks::ThemeLooks(QString resources) : _resources(std::move(resources)), _looks(mostBytes)
 {
 }
 
@@ -69,7 +73,9 @@ void ThemeLooks::make(const Key &key)
 void ThemeLooks::take(const Key &key, const ThemeLook &look)
 {
     _beingMade.remove(key);
-    _looks.insert(key, new ThemeLook(look));
+    const qsizetype bytes =
+        look.picture.sizeInBytes() + (look.palette ? look.palette->listPicture.sizeInBytes() : 0);
+    _looks.insert(key, new ThemeLook(look), bytes);
     if (look.palette)
         emit ready(key.first);
 }

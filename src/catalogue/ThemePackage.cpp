@@ -1,6 +1,7 @@
 #include "catalogue/ThemePackage.h"
 
 #include "platform/foundation/NSFileManager.h"
+#include "theme/PictureEntry.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,8 +11,9 @@ ThemePackage ThemePackage::read(const QString &resources, const QString &folder)
     const auto [bytes, error] = NSFileManager::contentsAtPath(path);
     if (error)
         return {{}, NSFileManager::withReason(path, error), NSFileManager::isMissing(error)};
-    const auto dictionary = PropertyList::readDictionary(bytes);
+    auto dictionary = PropertyList::readDictionary(bytes);
     if (!dictionary)
         return {{}, path + ": no property list"_L1, false};
+    PictureEntry::readFile(*dictionary, PictureEntry::filesIn(folder));
     return {ElementDataSource::loadWith(resources, &*dictionary), {}, false};
 }

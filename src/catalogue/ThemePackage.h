@@ -14,6 +14,6 @@ struct ThemePackage {
     /// There is nothing at the place, which need not be a fault.
     bool isMissing = false;
 
-    /// From the Info.plist in that folder. Any thread.
+    /// From the Info.plist in that folder, and the picture to which it leads. Any thread.
     static ThemePackage read(const QString &resources, const QString &folder);
 };

@@ -22,11 +22,13 @@ struct EditorGenerator::Picture {
     std::optional<ElementPicture> wholePicture;
     QString problem;
 
-    static Picture of(const ReducedPicture &read)
+    static Picture of(const ReducedPicture &read, const ElementPicture::Reading &behind)
     {
         Picture picture{paletteOf(read.visiblePixels()), {}, {}, read.problem};
         if (picture.problem.isEmpty() && picture.palette.candidates.empty())
             picture.problem = tr("nothing of it can be seen");
+        if (picture.problem.isEmpty() && behind.picture)
+            picture.background = behind.picture->choice();
         return picture;
     }
 
@@ -41,11 +43,12 @@ struct EditorGenerator::Picture {
 
     static Picture ofFile(const QString &path)
     {
-        Picture picture = of(ReducedPicture::read(path));
-        const auto behind = ElementPicture::read(path).picture;
-        if (picture.problem.isEmpty() && behind)
-            picture.background = behind->choice();
-        return picture;
+        return of(ReducedPicture::read(path), ElementPicture::read(path));
+    }
+
+    static Picture ofBytes(const QByteArray &bytes)
+    {
+        return of(ReducedPicture::parse(bytes), ElementPicture::parse(bytes));
     }
 };
 
@@ -62,9 +65,11 @@ QString pictureFileIn(const QMimeData &data)
     return isPicture ? path : QString();
 }
 
-/// The name under which a picture itself is dragged.
+/// The name under which a picture itself is dragged; out of a browser, its address comes with it.
 QString pictureFormatIn(const QMimeData &data)
 {
+    if (std::ranges::any_of(data.urls(), &QUrl::isLocalFile))
+        return {};
     const QStringList formats = data.formats();
     const auto found = std::ranges::find_if(
         formats, [](const QString &format) { return format.startsWith("image/"); });
@@ -112,13 +117,13 @@ bool EditorGenerator::isOffered() const
 bool EditorGenerator::takeDrop(const QMimeData &data, bool isDropped)
 {
     const QString file = pictureFileIn(data);
-    const QString format = data.hasUrls() ? QString() : pictureFormatIn(data);
+    const QString format = pictureFormatIn(data);
     if (!isOffered() || (file.isEmpty() && format.isEmpty()))
         return false;
     if (isDropped && !file.isEmpty())
         openPicture(file);
     else if (isDropped)
-        read([bytes = data.data(format)] { return Picture::of(ReducedPicture::parse(bytes)); },
+        read([bytes = data.data(format)] { return Picture::ofBytes(bytes); },
              [this](const Picture &picture) { show(picture); });
     return true;
 }

@@ -1,5 +1,6 @@
 #include "library/ChosenPackage.h"
 
+#include "theme/ElementPicture.h"
 #include "theme/ThemePackageWriter.h"
 #include "theme/ThemePictures.h"
 
@@ -46,6 +47,10 @@ PackageContents packageContents(const ElementDataSource &source, const QString &
     const ThemePictures pictures = ThemePictures::of(source, package.info, scale);
     package.files[listBackgroundPath()] = pictures.listBackground;
     package.files[unreadIndicatorPath()] = pictures.unreadIndicator;
+    if (const auto picture = ElementPicture::behindList(source)) {
+        package.info = PictureEntry::addedTo(std::move(package.info), source);
+        package.files[PictureEntry::fileName(picture->jpeg)] = picture->jpeg;
+    }
     addMissing(source.foreignEntries(), package.info);
     return package;
 }
@@ -59,10 +64,28 @@ void addGuestsOf(const PackageContents &origin, const ElementDataSource &originE
     const QString colors[] = {ThemePictures::listBackgroundKey(originElements),
                               ThemePictures::unreadIndicatorKey()};
     const QString pictures[] = {listBackgroundPath(), unreadIndicatorPath()};
+    const auto wholePicture = PictureEntry::fileIn(origin.info);
+    const bool hasPicture = wholePicture || PictureEntry::fileIn(package.info);
     for (const auto &[path, bytes] : origin.files) {
         const auto *const picture = std::ranges::find(pictures, path);
-        if (picture == std::end(pictures) ||
-            hasSameValue(origin.info, package.info, colors[picture - pictures]))
+        const bool isChosen = path == wholePicture || (hasPicture && path == pictures[0]);
+        if (!isChosen && (picture == std::end(pictures) ||
+                          hasSameValue(origin.info, package.info, colors[picture - pictures])))
             package.files[path] = bytes;
     }
+}
+
+ElementDataSource elementsOf(const PackageContents &package, const QString &resources)
+{
+    PropertyDictionary info = package.info;
+    PictureEntry::readFile(info, filesIn(package));
+    return ElementDataSource::loadWith(resources, &info);
+}
+
+PictureEntry::FileReader filesIn(const PackageContents &package)
+{
+    return [&package](const QString &name) {
+        const auto file = package.files.find(name);
+        return file == package.files.end() ? QByteArray() : file->second;
+    };
 }

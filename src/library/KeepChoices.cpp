@@ -29,8 +29,7 @@ NamedPackage packageWithGuests(const CurrentChoices &choices, const QString &nam
     const auto [contents, result] = library.read(origin->name);
     if (!contents)
         return {{}, name, result.sentence};
-    addGuestsOf(*contents, ElementDataSource::loadWith(choices.resources, &contents->info),
-                *package.contents);
+    addGuestsOf(*contents, elementsOf(*contents, choices.resources), *package.contents);
     return package;
 }
 } // namespace
@@ -74,7 +73,7 @@ LibraryResult keepOpened(const OpenedTheme &opened, const QString &name,
                          ThemeLibrary::IfTaken ifTaken, const QString &resources, double scale,
                          ThemeLibrary &library)
 {
-    const auto elements = ElementDataSource::loadWith(resources, &opened.contents.info);
+    const auto elements = elementsOf(opened.contents, resources);
     return library.keep(completedPackage(opened, packageContents(elements, opened.name, scale)),
                         name, ifTaken);
 }

@@ -23,8 +23,11 @@ KeptThemes KeptThemes::in(const QString &folder)
         const QString path = folder + u'/' + entry;
         if (entry.startsWith(u'.'))
             continue;
-        const bool isFolder = NSFileManager::itemAtPath(path).kind == NSFileManager::Kind::Folder;
-        if (!isFolder)
+        const auto [kind, fault] = NSFileManager::itemAtPath(path);
+        const bool isFolder = kind == NSFileManager::Kind::Folder;
+        if (fault)
+            NSLog("Skipped: %@", {NSFileManager::withReason(path, fault)});
+        else if (!isFolder)
             NSLog("Skipped, being no folder of its own: %@", {path});
         const auto info = isFolder ? KeptPackage::readInfo(path) : std::nullopt;
         if (!info) {

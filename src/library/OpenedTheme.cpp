@@ -2,6 +2,7 @@
 
 #include "archives/EntryPath.h"
 #include "library/Archives.h"
+#include "library/ChosenPackage.h"
 #include "library/FolderReader.h"
 #include "library/PackageLimits.h"
 #include "library/ShareText.h"
@@ -234,7 +235,7 @@ ThemeOpening ThemeOpener::fromEntries(std::vector<ArchiveEntry> entries, const Q
             u"%1 is no property list of a theme"_s.arg(shownPath(folder + packageInfoName())));
     judge(*info, theme);
     for (const auto &[path, bytes] : theme.contents.files)
-        if (!isMadePicture(path))
+        if (!isMadePicture(path) && path != PictureEntry::fileIn(theme.contents.info))
             theme.unknownFiles.append(path);
 
     const QVariant *own = theme.contents.info.find(u"name"_s);
@@ -250,9 +251,15 @@ ThemeOpening ThemeOpener::fromEntries(std::vector<ArchiveEntry> entries, const Q
 
 void ThemeOpener::judge(const PropertyDictionary &info, OpenedTheme &theme) const
 {
-    for (const auto &[key, value] : info.entries())
-        judgeEntry(key, value, theme);
     PropertyDictionary &kept = theme.contents.info;
+    for (const auto &[key, value] : info.entries()) {
+        if (key != PictureEntry::key())
+            judgeEntry(key, value, theme);
+        else if (const auto entry = PictureEntry::checked(info, filesIn(theme.contents)))
+            kept.setValue(key, *entry);
+        else
+            theme.strangeKeys.append(key);
+    }
     for (qsizetype first = 0; first < _balloons.size(); first += 2) {
         const QVariant *array = kept.find(_balloons[first].chopped(2));
         if (!array || kept.find(_balloons[first]) || kept.find(_balloons[first + 1]))

@@ -4,7 +4,7 @@
 #include "library/PackageLimits.h"
 #include "library/ShareText.h"
 #include "theme/ColorText.h"
-#include "theme/ElementDataSource.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemePictures.h"
 
 #include <QBuffer>
@@ -50,6 +50,8 @@ QStringList lostInShareText(const PackageContents &contents)
 {
     QStringList lost;
     for (const auto &[path, bytes] : contents.files) {
+        if (path == PictureEntry::fileIn(contents.info))
+            continue;                           // told by what is shown of it
         const QString key = path.contains(u'/') // of the two pictures
                                 ? ThemePictures::unreadIndicatorKey()
                                 : ThemePictures::listBackgroundKey(ElementDataSource());

@@ -2,6 +2,7 @@
 
 #include "library/CompactBytes.h"
 #include "theme/ElementDataSource.h"
+#include "theme/PictureEntry.h"
 
 #include <QCryptographicHash>
 #include <QRegularExpression>
@@ -106,11 +107,13 @@ bool nestsTooDeep(const QVariant &value, int depth = 0)
     return false;
 }
 
-/// Whether the entry has a place of its own in the text, or follows from others.
+/// Whether the entry has a place of its own in the text, follows from others, or leads to a file,
+/// which no text holds.
 bool isImplied(const QString &key, const QVariant &value)
 {
     static const ElementDataSource none;
-    if (key == "name"_L1 || none.arrayObjects().contains(key + "_1"_L1))
+    if (key == "name"_L1 || key == PictureEntry::key() ||
+        none.arrayObjects().contains(key + "_1"_L1))
         return true;
     const QVariant *head = none.predefinedDict().find(key);
     return head && head->typeId() == value.typeId() && *head == value;

@@ -29,7 +29,7 @@ namespace ShareText
 struct Theme {
     QString name; // as it was given; anything
     /// What the package's Info.plist holds beside the name, the fixed head where it is as always,
-    /// and the balloons' arrays. Elements that ship come first.
+    /// the balloons' arrays, and what leads to a picture. Elements that ship come first.
     PropertyDictionary info;
 };
 

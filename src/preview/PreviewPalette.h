@@ -21,8 +21,8 @@ struct PreviewPalette {
     int textSize = 16; // points
     bool showsPhotos = true;
     static constexpr QSize listPictureSize{640, 1136};
-    QImage listPicture; // of that size, behind the message list, in place of its colour; null where
-                        // there is none
+    QImage listPicture; // at most of that size, behind the message list, in place of its colour;
+                        // null where there is none
 
     /// A colour that is being picked for an element and is shown in place of its choice.
     struct Passing {

@@ -3,7 +3,7 @@
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/XmlText.h"
-#include "theme/ElementPicture.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemeLocations.h"
 
 #include <QHash>
@@ -164,7 +164,7 @@ ElementDataSource ElementDataSource::load(const QString &resources, const QStrin
     const ThemeLocations locations{{}, documents};
     auto saved = savedDictionary(locations.workingCopy());
     if (saved)
-        ElementPicture::readFiles(*saved, locations.workingCopyFolder());
+        PictureEntry::readFile(*saved, PictureEntry::filesIn(locations.workingCopyFolder()));
     return loadWith(resources, saved ? &*saved : nullptr);
 }
 
@@ -229,7 +229,7 @@ void ElementDataSource::readDocument(const QByteArray &text, const QString &path
         if (saved) {
             const ElementChoice own = record->choice();
             overlay(*record, *saved);
-            if (const auto picture = ElementPicture::valueIn(*saved, *record))
+            if (const auto picture = PictureEntry::valueIn(*saved, *record))
                 record->value = *picture;
             if (!(record->choice() == own))
                 _overlaid.insert(int(index), own);
@@ -247,8 +247,7 @@ void ElementDataSource::keepForeignEntries(const PropertyDictionary &saved)
         own.insert(record.key);
     for (const QString &key : std::as_const(_arrayObjects))
         own.insert(key.chopped(2)); // the pair's array
-    for (const QString &key : std::as_const(_imageObjects))
-        own.insert(ElementPicture::entryKey(key));
+    own.insert(PictureEntry::key());
     for (const auto &[key, value] : saved.entries())
         if (!own.contains(key) && !_predefinedDict.find(key))
             _foreignEntries.setValue(key, value);

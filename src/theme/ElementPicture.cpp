@@ -1,16 +1,14 @@
 #include "theme/ElementPicture.h"
 
+#include "bitmap/CGContextCreator.h"
 #include "color/LinearLight.h"
 #include "pictures/ReducedPicture.h"
 #include "platform/foundation/NSFileManager.h"
-#include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
 #include "theme/ThemePictures.h"
 
-#include <QCryptographicHash>
 #include <QPainter>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -45,17 +43,22 @@ QRgb meanColor(const QImage &image)
     return qRgb(srgbFromLinear(float(red / count)), srgbFromLinear(float(green / count)),
                 srgbFromLinear(float(blue / count)));
 }
-
-bool isFileName(const QString &name)
-{
-    static const QRegularExpression form(u"^Picture-[0-9a-f]{64}\\.jpg\\z"_s);
-    return form.match(name).hasMatch();
-}
 } // namespace
 
 ElementPicture::Reading ElementPicture::read(const QString &path)
 {
-    const ReducedPicture read = ReducedPicture::read(path, longestSide);
+    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
+    if (error)
+        return {{}, NSFileManager::withReason(path, error)};
+    Reading reading = parse(bytes);
+    if (!reading.problem.isEmpty())
+        reading.problem = path + ": "_L1 + reading.problem;
+    return reading;
+}
+
+ElementPicture::Reading ElementPicture::parse(const QByteArray &bytes)
+{
+    const ReducedPicture read = ReducedPicture::parse(bytes, longestSide);
     if (!read.problem.isEmpty())
         return {{}, read.problem};
     // A JPEG has no transparency.
@@ -64,7 +67,7 @@ ElementPicture::Reading ElementPicture::read(const QString &path)
     QPainter(&image).drawImage(0, 0, read.image);
     const QByteArray jpeg = UIImageJPEGRepresentation(image, keptQuality);
     if (jpeg.isEmpty())
-        return {{}, path + ": there is no memory for it"_L1};
+        return {{}, u"there is no memory for it"_s};
     return {ElementPicture{jpeg}, {}};
 }
 
@@ -148,9 +151,16 @@ QImage ElementPicture::whole(int longerSide) const
 
 QImage ElementPicture::shownOf(const QImage &whole, QSize pixels) const
 {
-    const QRect part = placeIn(whole.size()).toRect();
-    return whole.copy(QRect(part.topLeft(), part.size().expandedTo({1, 1})) & whole.rect())
-        .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // Whole pixels of it, seen through its own memory: it is large, and often only a part is shown.
+    const QRect placed = placeIn(whole.size()).toRect();
+    const QRect part = QRect(placed.topLeft(), placed.size().expandedTo({1, 1})) & whole.rect();
+    const QImage seen(whole.constScanLine(part.y()) + qsizetype(part.x()) * 4, part.width(),
+                      part.height(), whole.bytesPerLine(), QImage::Format_ARGB32_Premultiplied);
+    CGContext canvas = CGContextCreator::newARGBBitmapContextWithSize(pixels);
+    canvas.drawFirst(seen, QRectF(QPointF(), pixels), {});
+    QImage shown = canvas.releaseAsImage();
+    shown.reinterpretAsFormat(QImage::Format_RGB32); // nothing of it is transparent
+    return shown;
 }
 
 QImage ElementPicture::shown(QSize pixels) const
@@ -173,78 +183,4 @@ QImage ElementPicture::shown(QSize pixels) const
     if (latest.size() > 3) // as many sizes as are asked for
         latest.pop_back();
     return latest.front().image;
-}
-
-QString ElementPicture::fileName() const
-{
-    const QByteArray hash = QCryptographicHash::hash(jpeg, QCryptographicHash::Sha256).toHex();
-    return u"Picture-%1.jpg"_s.arg(QLatin1StringView(hash));
-}
-
-void ElementPicture::addTo(PropertyDictionary &workingCopy, const QString &key,
-                           const QString &color) const
-{
-    workingCopy.setValue(entryKey(key), QVariantMap{{u"file"_s, fileName()},
-                                                    {u"x"_s, x},
-                                                    {u"y"_s, y},
-                                                    {u"zoom"_s, zoom},
-                                                    {u"color"_s, color}});
-}
-
-void ElementPicture::readFiles(PropertyDictionary &workingCopy, const QString &folder)
-{
-    const QString key = entryKey(ThemePictures::listBackgroundKey({}));
-    const QVariant *entry = workingCopy.find(key);
-    if (!entry)
-        return;
-    QVariantMap map = entry->toMap();
-    map.remove(u"jpeg"_s);
-    const QString name = map.value(u"file"_s).toString();
-    if (isFileName(name)) {
-        const auto [bytes, error] = NSFileManager::contentsAtPath(folder + u'/' + name);
-        if (!error && ElementPicture{bytes}.fileName() == name)
-            map.insert(u"jpeg"_s, bytes);
-    }
-    if (!map.contains(u"jpeg"_s))
-        NSLog("The picture of the saved choices is missing: %@", {name});
-    workingCopy.setValue(key, map);
-}
-
-std::optional<QVariant> ElementPicture::valueIn(const PropertyDictionary &workingCopy,
-                                                const ElementRecord &record)
-{
-    const QVariant *entry = workingCopy.find(entryKey(record.key));
-    if (!entry || record.isChoice() || record.value.isValid())
-        return std::nullopt;
-    QVariantMap map = entry->toMap();
-    map.remove(u"file"_s);
-    ElementRecord shown = record;
-    shown.value = map;
-    return of(shown) ? std::optional(shown.value) : std::nullopt;
-}
-
-void ElementPicture::removeUnused(const ThemeLocations &locations)
-{
-    const QString folder = locations.workingCopyFolder();
-    QStringList names = NSFileManager::contentsOfDirectoryAtPath(folder).names;
-    names.removeIf([](const QString &name) { return !isFileName(name); });
-    if (names.isEmpty())
-        return;
-    for (const QString &path :
-         {locations.workingCopy(), locations.workingCopyAside(), locations.earlierWorkingCopy()}) {
-        const auto file = NSFileManager::contentsAtPath(path);
-        if (file.error && !NSFileManager::isMissing(file.error))
-            return;
-        names.removeIf([&](const QString &name) { return file.bytes.contains(name.toLatin1()); });
-    }
-    for (const QString &name : std::as_const(names))
-        NSFileManager::removeItemAtPath(folder + u'/' + name);
-}
-
-PropertyDictionary workingCopyOf(const ElementDataSource &elements, PropertyDictionary theme)
-{
-    const QString key = ThemePictures::listBackgroundKey(elements);
-    if (const auto picture = ElementPicture::behindList(elements))
-        picture->addTo(theme, key, PropertyList::textOf(*theme.find(key)));
-    return theme;
 }

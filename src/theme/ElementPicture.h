@@ -5,21 +5,13 @@
 // the colour, by any way, takes the picture away with it. The bytes are in the choice itself and
 // shared by all copies, so that snapshots have them on every thread and no step of the history can
 // lose them.
-//
-// On the disk a theme has the picture only as it is shown, in its own file. The working copy leads
-// to the whole one, so that it can be placed anew:
-//
-//   <documents>/Tintloom/Info.plist                the entry "<key>.picture", a dictionary: "file",
-//                                                  "x", "y", "zoom", and "color", its mean
-//   <documents>/Tintloom/Picture-<SHA-256>.jpg     written before what leads to it
 #pragma once
 
 #include "theme/ElementDataSource.h"
-#include "theme/ThemeLocations.h"
 
 #include <QImage>
 
-#include <system_error>
+#include <optional>
 
 struct ElementPicture {
     /// Larger pictures are kept smaller: pixels of the longer side.
@@ -37,8 +29,10 @@ struct ElementPicture {
     bool operator==(const ElementPicture &) const = default;
 
     struct Reading;
-    /// Of any file that is a picture.
+    /// Of any file that is a picture. The problem names the file.
     static Reading read(const QString &path);
+    /// The same from a file's bytes.
+    static Reading parse(const QByteArray &bytes);
 
     /// That which a record shows, if it does.
     static std::optional<ElementPicture> of(const ElementRecord &record);
@@ -53,7 +47,7 @@ struct ElementPicture {
     QImage shown(QSize pixels) const;
 
     // For whoever places it by hand, many times a second.
-    /// All of it, at most that many pixels on the longer side.
+    /// All of it, at most that many pixels on the longer side, in 32 bits each and opaque.
     QImage whole(int longerSide = longestSide) const;
     /// The same as shown() of a picture that has been made already.
     QImage shownOf(const QImage &whole, QSize pixels) const;
@@ -63,21 +57,6 @@ struct ElementPicture {
     /// Its zoom times that, as far as it goes.
     ElementPicture closer(QSize whole, double factor) const;
 
-    // The working copy.
-    QString fileName() const;
-    /// Adds the entry.
-    void addTo(PropertyDictionary &workingCopy, const QString &key, const QString &color) const;
-    static QString entryKey(const QString &key) { return key + QLatin1String(".picture"); }
-    /// Puts the files' bytes, from beside the working copy, into its entries; one whose file is
-    /// missing or another goes, with a log line.
-    static void readFiles(PropertyDictionary &workingCopy, const QString &folder);
-    /// What the entry makes of the record's value; nothing where there is no such picture.
-    static std::optional<QVariant> valueIn(const PropertyDictionary &workingCopy,
-                                           const ElementRecord &record);
-    /// Removes the files that none of the working copies, the one set aside and the earlier one
-    /// among them, leads to; none of them while one of these cannot be read.
-    static void removeUnused(const ThemeLocations &locations);
-
 private:
     static std::optional<ElementPicture> fromMap(const QVariantMap &map);
     QSizeF partOf(QSizeF picture) const;
@@ -86,8 +65,5 @@ private:
 
 struct ElementPicture::Reading {
     std::optional<ElementPicture> picture;
-    QString problem; // why there is none, for people, with the file's name; else empty
+    QString problem; // why there is none, for people; else empty
 };
-
-/// The working copy of these elements: their theme, and where its picture is.
-PropertyDictionary workingCopyOf(const ElementDataSource &elements, PropertyDictionary theme);

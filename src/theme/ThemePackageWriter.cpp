@@ -2,6 +2,7 @@
 
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemePictures.h"
 #include "theme/WorkingCopyKeeper.h"
 
@@ -138,6 +139,14 @@ private:
     QStringList _links;
     QString _fault;
 };
+
+/// The whole one, beside the working copy, where it most often is already. False for a fault.
+bool writePicture(const BuiltTheme &theme, Writing &writing)
+{
+    const QByteArray &jpeg = theme.picture->jpeg;
+    const QString path = theme.locations.workingCopyFolder() + u'/' + PictureEntry::fileName(jpeg);
+    return NSFileManager::contentsAtPath(path).bytes == jpeg || writing.write(path, jpeg);
+}
 } // namespace
 
 void SaveReport::addFailure(const QString &path, const std::error_code &error)
@@ -199,7 +208,7 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
     theme.dictionary = themeDictionary(source);
     theme.picture = ElementPicture::behindList(source);
     if (theme.picture)
-        theme.workingCopy = workingCopyOf(source, theme.dictionary);
+        theme.workingCopy = PictureEntry::addedTo(theme.dictionary, source);
     const ThemePictures pictures = ThemePictures::of(source, theme.dictionary, scale);
     theme.listBackground = pictures.listBackground;
     theme.unreadIndicator = pictures.unreadIndicator;
@@ -224,9 +233,7 @@ SaveReport writeTheme(const BuiltTheme &theme)
     writing.openToEverybody(locations.unreadIndicator());
     writing.logFault();
     // Choices never lead to a picture that is not there.
-    const bool hasPicture = theme.picture && writing.write(locations.workingCopyFolder() + u'/' +
-                                                               theme.picture->fileName(),
-                                                           theme.picture->jpeg);
+    const bool hasPicture = theme.picture && writePicture(theme, writing);
     writing.writeWorkingCopy(locations.workingCopy(),
                              hasPicture ? PropertyList::writeDictionary(theme.workingCopy) : info);
     writing.openToEverybody(locations.workingCopy());

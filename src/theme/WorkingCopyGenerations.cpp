@@ -88,13 +88,7 @@ std::error_code WorkingCopyGenerations::keepAsEarlier(IfUnreadable choice)
     return NSFileManager::moveItemAtPath(aside, _locations.earlierWorkingCopy());
 }
 
-std::error_code WorkingCopyGenerations::copy(const QString &file)
-{
-    const auto [bytes, error] = NSFileManager::contentsAtPath(file);
-    return replaceWith(bytes, error);
-}
-
-std::error_code WorkingCopyGenerations::replaceWith(const QByteArray &bytes, std::error_code error)
+std::error_code WorkingCopyGenerations::write(const QByteArray &bytes, std::error_code error)
 {
     Q_ASSERT(_state != State::Standing);
     if (!error)

@@ -39,11 +39,11 @@ public:
     std::error_code recover();
 
     /// Moves the old working copy aside. When it cannot be kept, it stays where it is, and write()
-    /// and copy() fail for that reason.
+    /// fails for that reason.
     void begin();
-    /// Writes the new working copy, or copies a file; atomically. Only after begin().
-    std::error_code write(const QByteArray &bytes) { return replaceWith(bytes, {}); }
-    std::error_code copy(const QString &file);
+    /// Writes the new working copy, atomically. Only after begin(). Where the bytes are of a file
+    /// that could not be read, that error is the write's.
+    std::error_code write(const QByteArray &bytes, std::error_code error = {});
     /// Ends the replacement. If the last write failed and no new working copy stands, the old one
     /// goes back; if none was asked for, there is no working copy then, only the earlier one.
     std::error_code end();
@@ -60,7 +60,6 @@ private:
     std::error_code moveAside();
     enum class IfUnreadable { LeaveAside, KeepAsEarlier };
     std::error_code keepAsEarlier(IfUnreadable choice);
-    std::error_code replaceWith(const QByteArray &bytes, std::error_code error);
 
     enum class State {
         Standing,   // nothing is being replaced

@@ -1,7 +1,7 @@
 #include "theme/WorkingCopyKeeper.h"
 
 #include "platform/foundation/NSFileManager.h"
-#include "theme/ElementPicture.h"
+#include "theme/PictureEntry.h"
 
 #include <QFileInfo>
 
@@ -121,7 +121,7 @@ std::error_code WorkingCopyKeeper::end()
 {
     const std::error_code error = _generations.end();
     if (!error)
-        ElementPicture::removeUnused(_locations);
+        PictureEntry::removeUnused(_locations);
     return error;
 }
 

@@ -36,9 +36,11 @@ public:
     /// working copy aside. Call it before anything is removed. False with a refusal() when nothing
     /// may be touched.
     bool begin(const std::function<void()> &willReplace = {});
-    // As of WorkingCopyGenerations; the first two only after begin() has agreed.
-    std::error_code write(const QByteArray &bytes) { return _generations.write(bytes); }
-    std::error_code copy(const QString &file) { return _generations.copy(file); }
+    /// As of WorkingCopyGenerations; only after begin() has agreed.
+    std::error_code write(const QByteArray &bytes, std::error_code error = {})
+    {
+        return _generations.write(bytes, error);
+    }
     /// Removes the pictures, too, to which nothing leads any more.
     std::error_code end();
 

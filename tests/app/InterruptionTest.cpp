@@ -44,6 +44,7 @@ const std::vector<Flow> flows = {
     {"restore", "restore", saved, {saved, {"#0A0", "#00B", ""}}},
     {"install", "install Sea", saved, {saved}},
     {"edit", "edit Sea", saved, {saved, {"#C00", "#00B", ""}}},
+    {"edit with a picture", "edit Beach", saved, {saved, {"#FFFFFFFF", "#00B", ""}}},
     {"recovery of the old choices", "list", {"", "#0A0", "#00B"}, {saved}},
     {"recovery of the new choices", "list", {"#C00", "#0A0", "#00B"}, {{"#C00", "#00B", ""}}},
 };
@@ -60,9 +61,15 @@ struct InterruptionTest : ProgramFixture,
         QImage white(64, 114, QImage::Format_RGB32);
         white.fill(Qt::white);
         ASSERT_TRUE(white.save(whitePicture));
+        prepare({"", "", ""});
+        const QString edits = "--picture list-background-image=" + whitePicture;
+        ASSERT_EQ(run("save --scale=1 " + edits).exitCode, 0);
+        ASSERT_EQ(run("keep --scale=1 Beach").exitCode, 0);
+        ASSERT_FALSE(NSFileManager::moveItemAtPath(locations.documents + "/Themes"_L1, keptThemes));
     }
 
     const QString whitePicture = folder.filePath("white.png");
+    const QString keptThemes = folder.filePath("kept");
 
     /// The dictionary that the program itself would save.
     void putChoices(const QString &path, const std::string &text) const
@@ -107,6 +114,10 @@ struct InterruptionTest : ProgramFixture,
     Finished runWithFault(const Flow &flow, const QString &fault) const
     {
         prepare(flow.before);
+        if (flow.arguments.contains("Beach"_L1)) {
+            EXPECT_FALSE(
+                NSFileManager::copyItemAtPath(keptThemes, locations.documents + "/Themes"_L1));
+        }
         return run(QString(flow.arguments).replace("WHITE"_L1, whitePicture),
                    {{u"TINTLOOM_TEST_FAULT"_s, fault}}, faultyProgram);
     }

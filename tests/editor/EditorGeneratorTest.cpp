@@ -92,6 +92,10 @@ struct EditorGeneratorTest : EditorFixture {
     {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(file)});
+        return drop(data);
+    }
+    bool drop(const QMimeData &data)
+    {
         QDragEnterEvent enter({150, 200}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &enter);
         if (!enter.isAccepted()) {
@@ -256,4 +260,41 @@ TEST_F(EditorGeneratorTest, APictureBehindTheListIsChosenPlacedAndUndone)
     EXPECT_EQ(ElementPicture::of(document().record(list)), chosen);
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(isAsBefore(before));
+}
+
+TEST_F(EditorGeneratorTest, APictureWithoutAFileStandsBehindTheListAndComesBackAsADraft)
+{
+    // As browsers drag it.
+    QMimeData data;
+    data.setUrls({QUrl("https://example.org/sea.png")});
+    data.setText("https://example.org/sea.png");
+    data.setData("image/png", contents(picture("sea.png", {QColor(20, 60, 120), Qt::white})));
+    ASSERT_TRUE(drop(data));
+    ASSERT_TRUE(waitUntilRead());
+    ASSERT_TRUE(page());
+    EXPECT_TRUE(page()->hasBackground());
+    page()->useBackground(true);
+    tap(part("apply"));
+    const int list = index("list-background-image");
+    const auto chosen = ElementPicture::of(document().record(list));
+    ASSERT_TRUE(chosen);
+    QCoreApplication::processEvents(); // the draft is due
+
+    start(); // unsaved
+    EXPECT_FALSE(ElementPicture::of(document().record(list)));
+    editor().draft()->bringBack();
+    EXPECT_EQ(ElementPicture::of(document().record(list)), chosen);
+    EXPECT_FALSE(shown().listPicture.isNull());
+    editor().generator()->place(list, *ElementPicture::of(document().record(list)));
+    EXPECT_EQ(qobject_cast<PlaceController *>(window().presentedViewController())->picture(),
+              chosen);
+    key(Qt::Key_Escape);
+
+    data.setData("image/png", "no picture");
+    ASSERT_TRUE(drop(data));
+    ASSERT_TRUE(waitUntilRead());
+    EXPECT_FALSE(page());
+    EXPECT_TRUE(editor().notice().contains("it is no picture")) << editor().notice().toStdString();
+    data.removeFormat("image/png");
+    EXPECT_FALSE(drop(data)) << "an address alone is not fetched";
 }

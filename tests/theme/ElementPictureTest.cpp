@@ -4,6 +4,7 @@
 #include "preview/PreviewPicture.h"
 #include "support/Jpeg.h"
 #include "support/ThemeFixture.h"
+#include "theme/PictureEntry.h"
 #include "theme/ThemeDocument.h"
 #include "theme/ThemePackageWriter.h"
 
@@ -94,6 +95,34 @@ TEST_F(ElementPictureTest, FillsTheScreenWithThePartThatIsChosen)
     EXPECT_TRUE(ElementPicture::read(folder.filePath("text.png")).problem.contains("no picture"));
 }
 
+TEST_F(ElementPictureTest, ShowsEachPixelWhereItIsPlaced)
+{
+    QImage image(256, 256, QImage::Format_RGB32); // a pixel says where it is
+    for (int y = 0; y < 256; ++y)
+        for (int x = 0; x < 256; ++x)
+            image.setPixel(x, y, qRgb(x, y, 128));
+    const QString path = folder.filePath("places.png");
+    ASSERT_TRUE(image.save(path));
+    ElementPicture picture = taken(path);
+    picture.x = 0.3;
+    picture.y = 0.6;
+    picture.zoom = 2.0;
+    const QSizeF part(128.0 * 640.0 / 1136.0, 128.0);
+    const QPointF corner(0.3 * 256.0 - part.width() / 2.0, 0.6 * 256.0 - 64.0);
+    for (const double scale : {0.25, 1.0, 5.0}) {
+        const QSize pixels = (part * scale).toSize();
+        const QImage shown = picture.shown(pixels);
+        ASSERT_EQ(shown.size(), pixels);
+        for (const double across : {0.1, 0.5, 0.9})
+            for (const double down : {0.1, 0.5, 0.9}) {
+                const QRgb pixel =
+                    shown.pixel(int(across * pixels.width()), int(down * pixels.height()));
+                EXPECT_NEAR(qRed(pixel), corner.x() + across * part.width(), 4.0) << scale;
+                EXPECT_NEAR(qGreen(pixel), corner.y() + down * part.height(), 4.0) << scale;
+            }
+    }
+}
+
 TEST_F(ElementPictureTest, IsSavedRestoredUndoneAndRemovedWithItsColor)
 {
     ElementPicture picture = taken(paint("two.png", Qt::green, Qt::yellow));
@@ -118,7 +147,8 @@ TEST_F(ElementPictureTest, IsSavedRestoredUndoneAndRemovedWithItsColor)
     EXPECT_FALSE(ElementPicture::of(restarted.record(0)));
     save(restarted);
     expectSolid(writtenBackground(), QColor(0xC0, 0, 0), 3);
-    EXPECT_EQ(files(), QStringList{picture.fileName()}) << "the earlier choices lead to it";
+    EXPECT_EQ(files(), QStringList{PictureEntry::fileName(picture.jpeg)})
+        << "the earlier choices lead to it";
     restarted.undo();
     EXPECT_EQ(ElementPicture::of(restarted.record(0)), picture);
 
@@ -144,14 +174,14 @@ TEST_F(ElementPictureTest, AMissingOrForeignFileLeavesTheColor)
         EXPECT_FALSE(ElementPicture::behindList(loaded));
         EXPECT_EQ(loaded.tableSource()[0].choice(),
                   (ElementChoice{document.record(0).color, QVariant()}));
-        EXPECT_TRUE(log.contains("picture of the saved choices is missing"));
+        EXPECT_TRUE(log.contains("picture of a theme is missing"));
     };
     put(file, bytes + "more");
     expectColorAlone();
     QFile::remove(file);
     expectColorAlone();
     auto saved = *PropertyList::readDictionary(contents(locations.workingCopy()));
-    const QString key = ElementPicture::entryKey("list-background-image");
+    const QString key = PictureEntry::key();
     QVariantMap entry = saved.find(key)->toMap();
     entry["file"] = "../../picture.jpg";
     put(folder.filePath("picture.jpg"), bytes);

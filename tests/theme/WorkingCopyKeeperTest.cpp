@@ -57,15 +57,14 @@ TEST_F(WorkingCopyKeeperTest, TheEarlierChoicesAreTheLastThatDiffered)
         replace(bytes);
         expectStands(bytes, earlier);
     }
-    put(folder.filePath("theme"), first);
     auto keeper = open();
     ASSERT_TRUE(keeper->begin());
-    EXPECT_EQ(keeper->copy(folder.filePath("missing")), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(keeper->write({}, std::make_error_code(std::errc::io_error)), std::errc::io_error);
     keeper.reset(); // given up
     expectStands(third, strange);
     keeper = open();
     ASSERT_TRUE(keeper->begin());
-    EXPECT_FALSE(keeper->copy(folder.filePath("theme")));
+    EXPECT_FALSE(keeper->write(first));
     EXPECT_FALSE(keeper->end());
     expectStands(first, third);
     ASSERT_TRUE(keeper->begin()); // for a theme without choices of its own

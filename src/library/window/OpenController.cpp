@@ -1,5 +1,6 @@
 #include "library/window/OpenController.h"
 
+#include "library/ChosenPackage.h"
 #include "library/ThemeLibrary.h"
 #include "library/ThemeName.h"
 #include "library/window/NamePage.h"
@@ -14,7 +15,7 @@ OpenController::pending(const std::function<ThemeOpening(const ThemeOpener &)> &
     auto [theme, problem] = open(ThemeOpener(list));
     if (!theme)
         return {{}, {}, {}, problem};
-    const auto elements = ElementDataSource::loadWith(resources, &theme->contents.info);
+    const auto elements = elementsOf(theme->contents, resources);
     QSet<QString> taken;
     for (const QString &name : ThemeLibrary::open(documents)->names())
         taken.insert(ThemeName::key(name));
