@@ -1,11 +1,13 @@
-// A finger on the colour wheel, each of its moves drawn at once, beside the least that a magnifier
-// could cost: two ready pictures that move over a third; and the same finger with the preview in
-// the window, both its screens, one of which shows the passing colour.
+// A finger on the colour wheel, each of its moves drawn at once, with the sign that says how well
+// the colour can be read, beside the least that a magnifier could cost: two ready pictures that
+// move over a third; and the same finger with the preview in the window, both its screens, one of
+// which shows the passing colour.
 
 #include "BenchApplication.h"
 #include "HSColorPicker/window/BGHSLoupeLayer.h"
 #include "HSColorPicker/window/HSColorPickerView.h"
 #include "HSColorPicker/window/HSSelectionLayer.h"
+#include "chooser/ContrastBadge.h"
 #include "platform/QMLViews.h"
 #include "preview/window/PreviewController.h"
 #include "support/Canvas.h"
@@ -71,31 +73,54 @@ void dragOn(HSColorPickerView *view, Canvas &canvas, benchmark::State &state, Af
     state.SetItemsProcessed(state.iterations() * moves);
 }
 
-void drag(benchmark::State &state)
-{
-    prepareBenchApplication();
-    Canvas canvas({320, 568}, scale);
-    dragOn(HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem()), canvas, state,
-           [] {});
-}
-
-// Does what the editor does while its chooser is up: tells the passing colour.
+// Does what the chooser and its editor do: the sign follows the colour, and whoever looks at the
+// document is told of it in passing.
 class Chooser : public HSColorPickerViewDelegate
 {
 public:
-    Chooser(ThemeDocument &document, PreviewElement element)
-        : _document(document), _index(document.elements().indexesOfKey(keyOf(element)).at(0))
+    Chooser(ThemeDocument &document, Canvas &canvas, QQmlEngine &engine)
+        : _document(document),
+          // On three balloons, both ends of each: no other element has as much to be read on.
+          _index(document.elements().indexesOfKey(keyOf(PreviewElement::BalloonText)).at(0)),
+          _sign(QMLViews::create(engine, "chooser/ContrastMark.qml",
+                                 {{"contrast", QVariant::fromValue(&_contrast)}}))
     {
+        _contrast.follow(document.elements(), _index);
+        _sign->setParentItem(canvas.contentItem());
+        _sign->setPosition({320.0 - _sign->width(), 70.0});
     }
     void colorPickerDidChangeSelection(HSColorPickerView &view) override
     {
-        _document.showPassingColor(_index, hexStringForColor(view.selectionColor()));
+        const QString text = hexStringForColor(view.selectionColor());
+        _contrast.setColorText(text);
+        _document.showPassingColor(_index, text);
     }
+    QString said() const { return _sign->property("title").toString(); }
 
 private:
     ThemeDocument &_document;
     const int _index;
+    ContrastBadge _contrast;
+    const std::unique_ptr<QQuickItem> _sign;
 };
+
+void drag(benchmark::State &state)
+{
+    prepareBenchApplication();
+    QQmlEngine engine;
+    QMLViews::prepareEngine(engine);
+    Canvas canvas({320, 568}, scale);
+    ThemeDocument document(ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, nullptr));
+    auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
+    const auto chooser = std::make_shared<Chooser>(document, canvas, engine);
+    view->setDelegate(chooser);
+    const QString before = chooser->said();
+    // The sign and the preview keep to a display's pace: what waits for the clock has its turn,
+    // too.
+    dragOn(view, canvas, state, [] { QCoreApplication::processEvents(); });
+    if (chooser->said() == before)
+        state.SkipWithError("the sign did not follow");
+}
 
 void dragWithPreview(benchmark::State &state)
 {
@@ -112,14 +137,14 @@ void dragWithPreview(benchmark::State &state)
     pane->view()->setPosition({320.0, 0.0});
     pane->view()->setSize({680.0, 660.0});
     auto *view = HSColorPickerView::initWithFrame(wheelFrame, canvas.contentItem());
-    const auto chooser = std::make_shared<Chooser>(document, PreviewElement::BlueBalloon1);
+    const auto chooser = std::make_shared<Chooser>(document, canvas, engine);
     view->setDelegate(chooser);
     const auto preview = [&] { return canvas.draw().copy(640, 0, 1360, 1320); };
     const QImage before = preview();
-    // The preview keeps to a display's pace: what waits for the clock has its turn, too.
+    const QString saidBefore = chooser->said();
     dragOn(view, canvas, state, [] { QCoreApplication::processEvents(); });
-    if (preview() == before)
-        state.SkipWithError("the preview did not follow");
+    if (preview() == before || chooser->said() == saidBefore)
+        state.SkipWithError("the preview or the sign did not follow");
 }
 
 CALayer *addPicture(Canvas &canvas, const QImage &picture, QPointF position)

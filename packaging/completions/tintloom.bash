@@ -32,6 +32,7 @@ _tintloom()
     # The word after an option is what the help calls its value.
     [[ $before == --* ]] &&
         kind=$(sed -n "s/^  $before \([A-Z][A-Za-z=]*\) .*/\1/p" <<<"$help")
+    [[ ${COMP_WORDS[1]} == set && -z $kind && $current != -* ]] && kind=KEY=VALUE
     case $kind in
         DIR)
             compopt -o filenames 2>/dev/null
@@ -46,6 +47,9 @@ _tintloom()
         FILE)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            ;;
+        THEME)
+            _tintloom_themes "$program" all "$current"
             ;;
         VIEW | EYES | HARMONY) # the usage lists them: [--view one|another]
             mapfile -t COMPREPLY < <(compgen -W \

@@ -65,37 +65,54 @@ bool ThemeMender::isMetAt(int demand, int index) const
     return true;
 }
 
+std::optional<QRgb> ThemeMender::nearestMeeting(std::vector<int> demands, int index)
+{
+    const auto isAccepted = [&] {
+        const auto refusing = std::ranges::find_if(
+            demands, [this, index](int demand) { return !isMetAt(demand, index); });
+        if (refusing == demands.end())
+            return true;
+        std::iter_swap(demands.begin(), refusing); // it will refuse the next colour as well
+        return false;
+    };
+    const QRgb color = _colors.color(index).value_or(_colors.seenColor(index).value_or(0));
+    return nearerOf(nearestColors(index, _colors, isAccepted), color);
+}
+
 bool ThemeMender::recolor(int index, int demand)
 {
     if (_locked.contains(index) || _tries[index]++ >= mostTries)
         return false;
-    const std::vector<int> &demands = _demands[size_t(index)];
     std::set<int> unmet; // beside the one to be met
-    for (const int other : demands)
+    for (const int other : _demands[size_t(index)])
         if (other != demand && !isMetAt(other, index))
             unmet.insert(other);
-    // First all at once; then what helps here and does no harm; at last, what only makes two things
-    // look alike that can be read each, which is the lesser evil and may be mended next.
-    enum class Aim { All, Better, Readable };
-    for (const Aim aim : {Aim::All, Aim::Better, Aim::Readable}) {
-        const auto isAccepted = [&] {
-            return std::ranges::all_of(demands, [&](int other) {
-                const bool isAsked =
-                    other == demand || ((aim == Aim::All || !unmet.contains(other)) &&
-                                        (aim != Aim::Readable || isRelation(other)));
-                return !isAsked || isMetAt(other, index);
-            });
-        };
+    // Best is all at once; else what helps here and does no harm; at last, what only makes two
+    // things look alike that can be read each, which is the lesser evil and may be mended next.
+    // Where the least is too much, so is the rest.
+    enum class Aim { Readable, Better, All };
+    std::optional<QRgb> found;
+    size_t askedBefore = 0;
+    for (const Aim aim : {Aim::Readable, Aim::Better, Aim::All}) {
         if (aim == Aim::Readable && !isRelation(demand))
+            continue;
+        std::vector<int> asked;
+        std::ranges::copy_if(_demands[size_t(index)], std::back_inserter(asked), [&](int other) {
+            return other == demand || ((aim == Aim::All || !unmet.contains(other)) &&
+                                       (aim != Aim::Readable || isRelation(other)));
+        });
+        if (asked.size() == std::exchange(askedBefore, asked.size()))
+            continue;
+        const auto nearest = nearestMeeting(std::move(asked), index);
+        if (!nearest)
             break;
-        const QRgb color = _colors.color(index).value_or(_colors.seenColor(index).value_or(0));
-        if (const auto nearest = nearerOf(nearestColors(index, _colors, isAccepted), color)) {
-            _before.try_emplace(index, _colors.color(index));
-            _colors.setColor(index, *nearest);
-            return true;
-        }
+        found = nearest;
     }
-    return false;
+    if (!found)
+        return false;
+    _before.try_emplace(index, _colors.color(index));
+    _colors.setColor(index, *found);
+    return true;
 }
 
 bool ThemeMender::mendElements()

@@ -36,7 +36,9 @@ private:
     /// which takes another one when the ground changes.
     bool mendBoth(int demand);
     bool mendLikenesses();
+    /// Gives the element the nearest colour that meets the demand, if there is one.
     bool recolor(int index, int demand);
+    std::optional<QRgb> nearestMeeting(std::vector<int> demands, int index);
     void dropNeedless();
 
     ThemeColors _colors;

@@ -97,8 +97,8 @@ int runRemove(const CommandLine::Options &options)
     if (!changes)
         return ExitStatus::failed;
     if (options.undo) {
-        const auto result = changes->library().putBack(options.theme);
-        return result.isDone() ? told(options, result, {}) : refused(result);
+        const auto [result, unnoted] = changes->putBack(options.theme);
+        return result.isDone() ? told(options, result, unnoted) : refused(result);
     }
     const auto [result, unnoted] = changes->remove(options.theme);
     return result.isDone()

@@ -51,7 +51,18 @@ KeptThemeChanges::Change KeptThemeChanges::remove(const QString &name)
     Change change{_library->remove(name), {}};
     if (!change.result.isDone())
         return change;
-    if (EditedTheme edited(_preferences); isSame(edited.name(), name))
-        change.unnoted = edited.set(std::nullopt);
+    EditedTheme edited(_preferences);
+    if (isSame(edited.name(), name))
+        change.unnoted = edited.setRemoved(change.result.name);
+    else if (isSame(edited.removed(), name)) // another one, which would be put back in its place
+        change.unnoted = edited.set(edited.name());
+    return change;
+}
+
+KeptThemeChanges::Change KeptThemeChanges::putBack(const QString &name)
+{
+    Change change{_library->putBack(name), {}};
+    if (EditedTheme edited(_preferences); change.result.isDone() && isSame(edited.removed(), name))
+        change.unnoted = edited.set(change.result.name);
     return change;
 }

@@ -29,6 +29,8 @@ public:
     /// Under its own name with a number.
     LibraryResult duplicate(const QString &name);
     Change remove(const QString &name);
+    /// Undoes that, whoever did it last.
+    Change putBack(const QString &name);
 
 private:
     const QString _preferences;

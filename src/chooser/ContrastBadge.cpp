@@ -11,6 +11,8 @@ namespace
 {
 using Level = ElementContrast::Level;
 
+constexpr int pace = 16; // milliseconds: a display shows hardly more frames
+
 /// What the wheel makes of a colour text: a last digit may fall by one.
 QString pickedText(const QString &colorText)
 {
@@ -23,6 +25,25 @@ QRgb picked(QRgb color)
     return rgbFromHexString(pickedText(hexStringForRgb(color)));
 }
 } // namespace
+
+ContrastBadge::ContrastBadge(QObject *parent) : QObject(parent)
+{
+    _pace.setSingleShot(true);
+    _pace.setInterval(pace);
+    connect(&_pace, &QTimer::timeout, this, [this] {
+        if (_isLate)
+            tellAtPace();
+    });
+}
+
+void ContrastBadge::tellAtPace()
+{
+    _isLate = _pace.isActive();
+    if (_isLate)
+        return;
+    _pace.start();
+    emit changed();
+}
 
 void ContrastBadge::follow(const ElementDataSource &elements, int index)
 {
@@ -38,7 +59,7 @@ void ContrastBadge::setColorText(const QString &colorText)
     if (!_contrast)
         return;
     _reading = _contrast->reading(rgbFromHexString(colorText));
-    emit changed();
+    tellAtPace();
 }
 
 QString ContrastBadge::ratio() const
@@ -100,6 +121,6 @@ std::optional<QString> ContrastBadge::nextColorText()
     _offer = _contrast->nearest(color, picked);
     const auto nearer = nearerOf(_offer, color);
     _isHopeless = !nearer;
-    emit changed();
+    tellAtPace();
     return nearer ? std::optional(hexStringForRgb(*nearer)) : std::nullopt;
 }

@@ -7,6 +7,7 @@
 #include "advice/ElementContrast.h"
 
 #include <QObject>
+#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 class ContrastBadge : public QObject
@@ -22,7 +23,7 @@ class ContrastBadge : public QObject
     Q_PROPERTY(QString remedy READ remedy NOTIFY changed FINAL)
 
 public:
-    using QObject::QObject;
+    explicit ContrastBadge(QObject *parent = nullptr);
 
     /// Speaks of that element from now on. The elements must outlive the badge.
     void follow(const ElementDataSource &elements, int index);
@@ -45,9 +46,12 @@ public:
     std::optional<QString> nextColorText();
 
 signals:
+    /// At a display's pace, however fast the finger is: to lay out and draw the text costs a third
+    /// of what the wheel does. What is said then is of now.
     void changed();
 
 private:
+    void tellAtPace();
     std::optional<QString> otherOffer() const;
 
     const ElementDataSource *_elements = nullptr;
@@ -56,4 +60,6 @@ private:
     QString _colorText;
     ReadableColors _offer;    // that one of was taken last
     bool _isHopeless = false; // no colour of this hue reads well here
+    QTimer _pace{this};       // runs after a telling
+    bool _isLate = false;     // something has changed since
 };

@@ -17,6 +17,13 @@ public:
     /// and set it after: who is killed in between leaves no wrong name. Any thread.
     std::error_code set(const std::optional<QString> &name);
 
+    /// That theme has been removed: the choices are made from none now, but should it be put back
+    /// while they are still the same, whoever does that sets it again. The next set() forgets it.
+    std::error_code setRemoved(const QString &name);
+    std::optional<QString> removed() const;
+
 private:
+    std::optional<QString> textFor(const QString &key) const;
+
     NSUserDefaults _defaults;
 };

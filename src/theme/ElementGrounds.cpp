@@ -69,13 +69,22 @@ void findGrounds(std::vector<ElementRecord> &records,
         ElementRecord &record = records[size_t(index)];
         if (shown.value(record.key, -1) != index)
             continue;
+        QHash<int, size_t> places; // in the record's list, by ground
         for (const auto &[key, kind] : grounds) {
             const int ground = shown.value(key, -1);
             const bool isColor = ground >= 0 && !records[size_t(ground)].isChoice();
-            if (isColor && ground != index && !record.isChoice())
-                record.on.push_back({ground, kind});
-            else
+            if (!isColor || ground == index || record.isChoice()) {
                 NSLog(u"%@ cannot stand on \"%@\": it takes two colors"_s, {record.key, key});
+                continue;
+            }
+            const auto place = places.constFind(ground);
+            if (place == places.cend()) {
+                places.insert(ground, record.on.size());
+                record.on.push_back({ground, kind});
+            } else {
+                ElementGround::Kind &known = record.on[*place].kind;
+                known = std::min(known, kind);
+            }
         }
     }
 }

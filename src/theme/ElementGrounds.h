@@ -16,7 +16,7 @@ struct ElementRecord;
 
 /// What an element stands on: another colour element, and how well it is to be seen there.
 struct ElementGround {
-    enum class Kind {
+    enum class Kind { // the strictest first
         Text,
         Large, // text from 18 points, or from 14 in bold
         Mark,  // what is no text, but has to be seen
@@ -33,8 +33,8 @@ using ElementGroundNames = std::vector<std::pair<QString, ElementGround::Kind>>;
 /// What stands under "on" of the element with that key.
 ElementGroundNames groundNamesFromJson(const QJsonValue &on, const QString &element);
 
-/// Gives the records their grounds; `names` are by the records' indexes. Of several elements with
-/// one key only the one that a theme shows stands on something, and is stood on: the last, or the
-/// last whose colour is not null.
+/// Gives the records their grounds, each once, by the strictest kind that names it; `names` are by
+/// the records' indexes. Of several elements with one key only the one that a theme shows stands on
+/// something, and is stood on: the last, or the last whose colour is not null.
 void findGrounds(std::vector<ElementRecord> &records,
                  const std::map<int, ElementGroundNames> &names);

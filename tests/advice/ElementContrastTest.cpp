@@ -39,7 +39,7 @@ TEST(ElementContrast, WhatItOffersReadsWellAfterWhateverPickingDoesToIt)
     };
     std::mt19937 random(7);
     int offered = 0;
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < 2000; ++round) {
         const auto any = [&random] {
             return "\"#" + QByteArray::number(random() & 0xFFFFFF, 16).rightJustified(6, '0') + '"';
         };
@@ -63,5 +63,5 @@ TEST(ElementContrast, WhatItOffersReadsWellAfterWhateverPickingDoesToIt)
             }
         }
     }
-    EXPECT_GT(offered, 500);
+    EXPECT_GT(offered, 1000);
 }

@@ -159,6 +159,13 @@ TEST_F(FindingsTest, OddGroundsAreNoneOrSaid)
                  on(element("b", "\"#00FF0040\""), R"({"mark":["c"],"behind":["a"]})"),
                  on(element("c", "\"#0000FF40\""), R"({"large":["a"],"behind":["b"]})")});
     EXPECT_EQ(findings(load()).size(), 3U);
+    // Named twice, under whatever kinds, is one finding, of the kind that asks most.
+    for (const QByteArray twice : {R"({"mark":["b"],"text":["b"]})", R"({"text":["b","b"]})",
+                                   R"({"behind":["b"],"text":["b"]})"}) {
+        putElements({on(element("a", "\"#888\""), twice), element("b", "\"#FFF\"")});
+        ASSERT_EQ(found(load()), "a/b") << twice.toStdString();
+        EXPECT_EQ(findings(load())[0].threshold, 4.5) << twice.toStdString();
+    }
     // Of two with one key the theme shows the later.
     putElements({on(element("a", "\"#FFF\""), R"({"text":["b"]})"), element("b", "\"#FFF\""),
                  on(element("a", "\"#000\""), R"({"text":["b"]})"), element("b", "\"#111\"")});

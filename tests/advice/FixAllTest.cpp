@@ -138,9 +138,10 @@ TEST(FixAll, LeavesNothingOfRandomDocumentsUnsaid)
         return list[qsizetype(random() % size_t(list.size()))];
     };
     int changes = 0, left = 0;
-    for (int round = 0; round < 250; ++round) {
+    for (int round = 0; round < 2000; ++round) {
         SCOPED_TRACE(round);
         const unsigned count = 2 + random() % 5;
+        const unsigned rare = round % 8 ? 9 : 3; // in few of them nearly all stands on all
         QByteArrayList keys, items;
         for (unsigned index = 0; index < count; ++index)
             keys += random() % 3 ? "key-" + QByteArray::number(index)
@@ -152,7 +153,7 @@ TEST(FixAll, LeavesNothingOfRandomDocumentsUnsaid)
             const QByteArray color = QByteArray::number(random() & 0xFFFFFF, 16);
             QByteArrayList grounds;
             for (const char *kind : {"text", "large", "mark", "behind"})
-                if (random() % 3 == 0) // itself and what stands on it among them
+                if (random() % rare == 0) // itself and what stands on it among them
                     grounds += QByteArray("\"") + kind + "\":[\"" + oneOf(keys) + "\",\"" +
                                oneOf(keys) + "\"]";
             items += element(keys[index], random() % 8 == 0 ? "\"\""
@@ -174,6 +175,6 @@ TEST(FixAll, LeavesNothingOfRandomDocumentsUnsaid)
         if (testing::Test::HasFailure())
             return;
     }
-    EXPECT_GT(changes, 150);
-    EXPECT_GT(left, 15) << "otherwise nothing has shown that reasons are given";
+    EXPECT_GT(changes, 1000);
+    EXPECT_GT(left, 100) << "otherwise nothing has shown that reasons are given";
 }

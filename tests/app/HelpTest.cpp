@@ -8,6 +8,7 @@
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <set>
@@ -45,6 +46,20 @@ std::set<std::string> completed(const QStringList &words, const QString &documen
     EXPECT_TRUE(bash.waitForFinished(60'000)) << bash.errorString().toStdString();
     EXPECT_EQ(bash.readAllStandardError(), "");
     return found(QString::fromUtf8(bash.readAllStandardOutput()), "^(.+)$");
+}
+
+/// The same of fish, for a line.
+std::set<std::string> completedByFish(const QString &line)
+{
+    QProcess fish;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PATH",
+                       QFileInfo(TINTLOOM_EXECUTABLE).path() + ":" + environment.value("PATH"));
+    fish.setProcessEnvironment(environment);
+    fish.start("fish", {"--no-config", "-c", "source $argv[1]; complete -C $argv[2]",
+                        root + "packaging/completions/tintloom.fish", line});
+    EXPECT_TRUE(fish.waitForFinished(60'000)) << fish.errorString().toStdString();
+    return found(QString::fromUtf8(fish.readAllStandardOutput()), "^([^\t\n]+)");
 }
 } // namespace
 
@@ -96,6 +111,8 @@ TEST(HelpTest, CompletionFitsTheWordsBefore)
     EXPECT_EQ(completed({"sa"}), Words{"save"});
     EXPECT_EQ(completed({"list", "--js"}), Words{"--json"});
     EXPECT_EQ(completed({"save", "--set", "balloon-c"}), Words{"balloon-corner-style="});
+    EXPECT_EQ(completed({"set", "balloon-c"}), Words{"balloon-corner-style="});
+    EXPECT_EQ(completed({"generate", "--base", "Mid"}), Words{"Midnight"});
     EXPECT_EQ(completed({"--resources", root + "resou"}),
               Words{(root + "resources").toStdString()});
     EXPECT_EQ(completed({"--scale", ""}), Words());
@@ -137,4 +154,17 @@ TEST(HelpTest, CompletionKnowsTheThemes)
     EXPECT_EQ(completed({"install", R"(Sea\ M)"}, folder.path()), Words{R"(Sea\ Mist)"});
     EXPECT_EQ(completed({"install", "First"}, folder.path()), Words()); // coming soon
     EXPECT_EQ(completed({"edit", "Build"}, folder.path()), Words());
+}
+
+TEST(HelpTest, FishOffersTheSame)
+{
+    if (QStandardPaths::findExecutable("fish").isEmpty())
+        GTEST_SKIP() << "there is no fish";
+    using Words = std::set<std::string>;
+    EXPECT_EQ(completedByFish("tintloom "), completed({""}));
+    EXPECT_EQ(completedByFish("tintloom --"), completed({"--"}));
+    EXPECT_EQ(completedByFish("tintloom preview --view "), completed({"preview", "--view", ""}));
+    EXPECT_EQ(completedByFish("tintloom set balloon-c"), completed({"set", "balloon-c"}));
+    EXPECT_EQ(completedByFish("tintloom generate --base Mid"), Words{"Midnight"});
+    EXPECT_EQ(completedByFish("tintloom list "), Words());
 }

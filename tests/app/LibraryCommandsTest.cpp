@@ -74,6 +74,9 @@ TEST_F(LibraryCommandsTest, KeptThemesAreListedInstalledAndEditedLikeReadyMadeOn
     EXPECT_TRUE(done("remove Copy").startsWith("\"Copy\" has been removed"));
     done("remove \"Red Sea\"");
     EXPECT_EQ(edited(), std::nullopt);
+    done("remove --undo \"red sea\"");
+    EXPECT_EQ(edited(), u"Red Sea"_s);
+    done("remove \"Red Sea\"");
     done("remove --undo Sea"); // the one that was replaced
     EXPECT_EQ(listed(), (QStringList{"Sea", "Lake", "Sea kept"}));
     const QJsonArray before = json(run("list --json"));
@@ -86,7 +89,9 @@ TEST_F(LibraryCommandsTest, KeptThemesAreListedInstalledAndEditedLikeReadyMadeOn
     EXPECT_EQ(json(run("list --json")), before);
     EXPECT_EQ(edited(), std::nullopt);
     done("edit Sea");
+    done("remove Sea");
     done("edit Lake");
+    done("remove --undo Sea");
     EXPECT_EQ(edited(), std::nullopt); // a ready-made one has no name to keep
     EXPECT_EQ(run("check Sea --json").exitCode, 0);
     done("preview sea --out " + folder.filePath("sea.png"));

@@ -31,8 +31,12 @@ struct ContrastBadgeTest : EditorFixture {
     }
     const ContrastBadge &badge() { return *chooser()->contrast(); }
     QQuickItem *mark() { return chooser()->view()->findChild<QQuickItem *>("contrastMark"); }
+    /// Once what the finger has left is told.
     QString spoken(QAccessible::Text text)
     {
+        const auto *pace = badge().findChild<QTimer *>();
+        while (pace->isActive())
+            settle();
         return QAccessible::queryAccessibleInterface(mark())->text(text);
     }
     QString text() { return chooser()->hexTextField()->text(); }

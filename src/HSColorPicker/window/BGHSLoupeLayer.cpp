@@ -129,6 +129,6 @@ void BGHSLoupeLayer::updatePolish()
         return;
     if (_rim.isNull())
         drawStaticParts();
-    setContents(pictureWithCells(colors));
+    setPixels(pictureWithCells(colors), _contentsScale);
     _shownColors = colors;
 }

@@ -6,7 +6,8 @@
 //
 // What never changes is drawn once per scale: the pane's checkerboard, and the rim with shadow,
 // highlights and the frame of the middle cell. The layer's picture is the one, the cells on it and
-// the other on top; it is put together again only when a cell has taken another colour.
+// the other on top. The pane is put together again only when a cell has taken another colour, in
+// one of two pictures: the window still reads the other.
 //
 //   detached ---> appearing ----- 0.35 s -----> shown
 //      ^              | disappear                 | disappear
@@ -94,7 +95,7 @@ private:
     QTransform pixelTransform() const;
     void dropStaticParts();
     void drawStaticParts();
-    QImage pictureWithCells(const CellColors &colors) const;
+    const QImage &pictureWithCells(const CellColors &colors);
     void prepareAnimation(QPropertyAnimation &animation, const QString &name, int milliseconds);
     void removeAllAnimations();
 
@@ -113,5 +114,6 @@ private:
     QImage _ground;     // the checkerboard within the circle
     QRegion _cellsClip; // the circle; the rim covers its rough edge
     QImage _rim;
+    std::array<QImage, 2> _pictures; // the last one shown, and the one before
     std::optional<CellColors> _shownColors;
 };

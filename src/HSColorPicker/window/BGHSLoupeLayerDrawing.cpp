@@ -224,21 +224,26 @@ void BGHSLoupeLayer::drawStaticParts()
     _cellsClip = QRegion(QBitmap::fromImage(_ground.createAlphaMask())); // what it half covers
     _rim = rimPicture(Qt::black); // as on the phone, where no wheel is known yet when it is drawn
     _rim.setDevicePixelRatio(1.0);
+    _pictures.fill(_ground);
+    for (QImage &picture : _pictures)
+        QPainter(&picture).drawImage(0, 0, _rim);
 }
 
-// This runs at every move of the finger: two copies of the size of the picture and 25 plain
-// rectangles, with a clip of whole pixels, which costs a quarter of an antialiased one.
-QImage BGHSLoupeLayer::pictureWithCells(const CellColors &colors) const
+// This runs at every move of the finger: 25 plain rectangles and what is over them, with a clip of
+// whole pixels, which costs a quarter of an antialiased one.
+const QImage &BGHSLoupeLayer::pictureWithCells(const CellColors &colors)
 {
-    QImage picture = _ground;
-    QPainter painter(&picture);
+    std::swap(_pictures[0], _pictures[1]);
+    QPainter painter(&_pictures[0]);
     painter.setClipRegion(_cellsClip);
+    if (std::ranges::any_of(colors, [](const QColor &color) { return color.alpha() < 255; })) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(0, 0, _ground);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
     painter.setTransform(pixelTransform());
     drawCells(painter, colors);
     painter.resetTransform();
-    painter.setClipping(false);
     painter.drawImage(0, 0, _rim);
-    painter.end();
-    picture.setDevicePixelRatio(_contentsScale);
-    return picture;
+    return _pictures[0];
 }

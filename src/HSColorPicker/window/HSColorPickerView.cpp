@@ -6,6 +6,7 @@
 #include "HSColorPicker/window/BGHSLoupeLayer.h"
 #include "HSColorPicker/window/HSSelectionLayer.h"
 
+#include <QPainter>
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -209,6 +210,8 @@ void HSColorPickerView::drawPictures()
         return;
     _drawnPictures = wanted;
     _drawnSelectionColor.reset();
+    _selectionDisc =
+        HSLayerPicture(QBrush(Qt::black), {markSide, markSide}, _scale, markSide * 0.5);
     const Pictures &pictures = picturesFor(wanted);
     _gradientLayer->setPixels(pictures.wheel, _scale);
     _brightnessLayer->setPixels(pictures.black, _scale);
@@ -234,9 +237,12 @@ void HSColorPickerView::drawSelectionColor()
     if (_scale == 0.0 || _drawnSelectionColor == color)
         return;
     _drawnSelectionColor = color;
-    _selectionColorLayer->setPixels(
-        HSLayerPicture(QBrush(color), _selectionColorLayer->size(), _scale, markSide * 0.5),
-        _scale);
+    QImage disc = _selectionDisc; // a round edge takes ten times as long to make as to colour
+    QPainter painter(&disc);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(disc.rect(), color);
+    painter.end();
+    _selectionColorLayer->setPixels(disc, _scale);
 }
 
 void HSColorPickerView::handleStateChanged()

@@ -208,6 +208,7 @@ private:
     };
     const Pictures &picturesFor(const PictureKey &key) const;
     std::optional<PictureKey> _drawnPictures;
+    QImage _selectionDisc; // black
     std::optional<QColor> _drawnSelectionColor;
 
     std::optional<int> _touchId; // of the finger that is on the wheel

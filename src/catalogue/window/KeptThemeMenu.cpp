@@ -88,7 +88,7 @@ void KeptThemeMenu::putBack(const QString &name)
     _work.run(
         [name, locations = _locations] {
             return cameOf(locations, [&](KeptThemeChanges &changes) {
-                return changes.library().putBack(name);
+                return told(changes.putBack(name), locations);
             });
         },
         [this](const LibraryResult &result) { tell(result, result.name); });

@@ -157,23 +157,28 @@ TEST_F(BGHSLoupeLayerTest, TheRimIsGlass)
     }
 }
 
-// The picture that the window gets is put together in a quicker way than the one to compare with.
+// The picture that the window gets is put together in a quicker way than the one to compare with:
+// on what it has shown before.
 TEST_F(BGHSLoupeLayerTest, TheWindowShowsPaneAndRim)
 {
-    for (const auto &[scale, opacity] : {std::pair(1.0, 1.0), {1.5, 0.4}, {2.0, 1.0}, {3.0, 0.4}}) {
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
         BGHSLoupeLayer layer;
         layer.setContentsScale(scale);
         const QImage rim = layer.loupeImage();
-        wheel.setOpacity(opacity);
         layer.appearInColorPicker(wheel);
-        canvas.draw();
-        const QImage expected = paneAtScale(scale, layer, rim), shown = layer.pixels();
-        ASSERT_EQ(shown.size(), expected.size());
-        const auto isNear = [](uchar a, uchar b) { return std::abs(a - b) <= 2; };
-        EXPECT_TRUE(std::equal(shown.constBits(), shown.constBits() + shown.sizeInBytes(),
-                               expected.constBits(), isNear))
-            << "at scale " << scale;
-        const qint64 before = shown.cacheKey();
+        for (const double opacity : {1.0, 0.4, 1.0, 0.0, 0.4}) {
+            wheel.setSelection({90.0 + 20.0 * opacity, 150.0});
+            wheel.setOpacity(opacity);
+            layer.setNeedsDisplay();
+            canvas.draw();
+            const QImage expected = paneAtScale(scale, layer, rim), shown = layer.pixels();
+            ASSERT_EQ(shown.size(), expected.size());
+            const auto isNear = [](uchar a, uchar b) { return std::abs(a - b) <= 2; };
+            EXPECT_TRUE(std::equal(shown.constBits(), shown.constBits() + shown.sizeInBytes(),
+                                   expected.constBits(), isNear))
+                << opacity << " at scale " << scale;
+        }
+        const qint64 before = layer.pixels().cacheKey();
         layer.setNeedsDisplay();
         canvas.draw();
         EXPECT_EQ(layer.pixels().cacheKey(), before) << "drawn again for nothing";
