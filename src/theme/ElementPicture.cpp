@@ -146,7 +146,8 @@ ElementPicture ElementPicture::closer(QSize whole, double factor) const
 
 QImage ElementPicture::whole(int longerSide) const
 {
-    return ReducedPicture::parse(jpeg, longerSide).image;
+    // Another kind of picture, which only somebody else can have put here, may be transparent.
+    return jpeg.startsWith("\xFF\xD8") ? ReducedPicture::parse(jpeg, longerSide).image : QImage();
 }
 
 QImage ElementPicture::shownOf(const QImage &whole, QSize pixels) const

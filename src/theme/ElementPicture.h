@@ -47,7 +47,8 @@ struct ElementPicture {
     QImage shown(QSize pixels) const;
 
     // For whoever places it by hand, many times a second.
-    /// All of it, at most that many pixels on the longer side, in 32 bits each and opaque.
+    /// All of it, at most that many pixels on the longer side, in 32 bits each and opaque. Null as
+    /// shown() is.
     QImage whole(int longerSide = longestSide) const;
     /// The same as shown() of a picture that has been made already.
     QImage shownOf(const QImage &whole, QSize pixels) const;

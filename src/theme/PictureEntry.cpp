@@ -1,6 +1,5 @@
 #include "theme/PictureEntry.h"
 
-#include "pictures/ReducedPicture.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSLog.h"
 #include "theme/ElementPicture.h"
@@ -13,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr int smallSide = 64; // pixels: enough to know that it can be read
+
 QString elementKey()
 {
     return ThemePictures::listBackgroundKey(ElementDataSource());
@@ -114,7 +115,7 @@ std::optional<QVariant> PictureEntry::checked(PropertyDictionary info, const Fil
         record.color = *color;
     record.value = valueIn(info, record).value_or(QVariant());
     const auto picture = ElementPicture::of(record);
-    if (!picture || !ReducedPicture::parse(picture->jpeg).problem.isEmpty())
+    if (!picture || picture->whole(smallSide).isNull())
         return std::nullopt;
     return entryOf(*picture, record.color);
 }

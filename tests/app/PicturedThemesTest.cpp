@@ -142,6 +142,8 @@ TEST_F(PicturedThemesTest, WhatLeadsToNoPictureOfTheThemeIsLeftOut)
     put(package + "/inside.jpg", picture.jpeg);
     const QByteArray text = "no picture at all";
     put(package + '/' + PictureEntry::fileName(text), text);
+    const QByteArray png = contents(folder.filePath("beach.png"));
+    put(package + '/' + PictureEntry::fileName(png), png);
     const QString missing = PictureEntry::fileName("nowhere");
     const auto with = [&entry](const QString &key, const QVariant &value) {
         QVariantMap changed = entry;
@@ -154,7 +156,8 @@ TEST_F(PicturedThemesTest, WhatLeadsToNoPictureOfTheThemeIsLeftOut)
          {QVariant(with("file", missing)), QVariant(with("file", "../outside.jpg")),
           QVariant(with("file", folder.filePath("outside.jpg"))),
           QVariant(with("file", "inside.jpg")),
-          QVariant(with("file", PictureEntry::fileName(text))), QVariant(inlined),
+          QVariant(with("file", PictureEntry::fileName(text))),
+          QVariant(with("file", PictureEntry::fileName(png))), QVariant(inlined),
           QVariant(with("color", "#000000FF")), QVariant("text"), QVariant(QVariantMap())}) {
         auto info = good;
         info.setValue(PictureEntry::key(), hostile);
