@@ -79,7 +79,7 @@ std::optional<std::map<QString, QByteArray>> filesToSend(const CommandLine::Opti
     status = subject.status;
     if (!subject.contents)
         return std::nullopt;
-    return filesOf(std::move(*subject.contents), nameOf(options));
+    return filesForPhone(std::move(*subject.contents), nameOf(options));
 }
 
 bool accepts(const UnknownHost &host, const QString &accepted)

@@ -15,7 +15,7 @@ DeliveryTask::Read readerOf(CustomViewController &editor)
     return [package](QString &problem) -> std::optional<DeliveryTask::Files> {
         NamedPackage made = package();
         problem = made.problem;
-        return made.contents ? std::optional(filesOf(std::move(*made.contents), name))
+        return made.contents ? std::optional(filesForPhone(std::move(*made.contents), name))
                              : std::nullopt;
     };
 }

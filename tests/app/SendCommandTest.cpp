@@ -3,12 +3,14 @@
 #include "support/SshServer.h"
 #include "support/ThemeRecords.h"
 
+#include <QImage>
+
 namespace
 {
 struct SendCommandTest : ProgramFixture {
     void SetUp() override
     {
-        putElements({element("ground", "\"#F00\"")});
+        putElements({element("ground", "\"#F00\""), element("list-background-image", "\"#FFF\"")});
         putThemes(resources, themeRecord("Dark", "Midnight"));
         PropertyDictionary info;
         info.setValue("ground", "#000");
@@ -33,6 +35,12 @@ TEST_F(SendCommandTest, SendsTheChoicesOrAThemeAndPutsBack)
     const QString options = " --folder " + server.themes() + " --name Mine";
     const QString theme = server.themes() + "/Mine";
 
+    QImage photo(8, 8, QImage::Format_RGB32);
+    photo.fill(Qt::red);
+    ASSERT_TRUE(photo.save(folder.filePath("photo.png")));
+    ASSERT_EQ(run("save --picture list-background-image=" + folder.filePath("photo.png")).exitCode,
+              0);
+    QFile::remove(locations.packageInfo());
     const Finished unknown = run("send " + phone + options);
     EXPECT_EQ(unknown.exitCode, 4) << unknown.err.toStdString();
     const QString shown = unknown.err.mid(unknown.err.indexOf("SHA256:")).left(50).trimmed();
@@ -44,6 +52,8 @@ TEST_F(SendCommandTest, SendsTheChoicesOrAThemeAndPutsBack)
     EXPECT_FALSE(sent.out.contains('\r')) << "there is no terminal";
     EXPECT_TRUE(tree(theme).contains("UIKit/UnreadIndicator@2x.png"));
     EXPECT_FALSE(QFile::exists(locations.packageInfo())) << "the theme here stays";
+    EXPECT_FALSE(tree(theme).join(' ').contains("Picture-")) << "what was drawn of it is enough";
+    EXPECT_FALSE(contents(theme + "/Info.plist").contains("Picture-"));
 
     const QString chosen = color(theme);
     EXPECT_EQ(run("send Midnight " + phone + options).exitCode, 0);

@@ -9,7 +9,7 @@ Action sendAction(const QString &documents, const QString &name, const ThemeDesk
         [name, package](QString &problem) -> std::optional<DeliveryTask::Files> {
         NamedPackage made = package();
         if (made.contents)
-            return filesOf(std::move(*made.contents), name);
+            return filesForPhone(std::move(*made.contents), name);
         problem = SendController::tr("The theme cannot be read: %1.").arg(made.problem);
         return std::nullopt;
     };
