@@ -12,6 +12,7 @@
 #include "support/LibraryFixture.h"
 
 #include <QClipboard>
+#include <QQmlContext>
 
 namespace
 {
@@ -88,6 +89,7 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
     EXPECT_EQ(keptNames(), (QStringList{"Mine", "Mine 2"}));
     EXPECT_EQ(colorOf("Mine 2"), "#040506FF");
 
+    root().document().setColor(0, "#0A0B0CFF");
     more("Keep Theme\u2026");
     tap(part("accept"));
     ASSERT_TRUE(waitForPart("replace"));
@@ -101,6 +103,8 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
     tap(part("replace"));
     ASSERT_TRUE(waitForNoPage());
     EXPECT_EQ(keptNames(), (QStringList{"Mine", "Mine 2"}));
+    EXPECT_EQ(colorOf("Mine"), "#010203FF");
+    EXPECT_EQ(colorOf("Mine 2"), "#0A0B0CFF");
 
     key(Qt::Key_K, Qt::ControlModifier);
     key(Qt::Key_Escape);
@@ -200,6 +204,42 @@ TEST_F(ThemeDeskTest, TheSharePageSaysFirstWhatDoesNotComeAlong)
     ASSERT_TRUE(waitForPage<ShareController>());
     EXPECT_TRUE(part("loss")->property("text").toString().contains("sounds/ping.caf"));
     EXPECT_LT(sceneFrame(part("loss")).bottom(), sceneFrame(part("text")).top());
+}
+
+// Where the desktop has none of its own; a stage is hardly wider than half of what Qt's is made
+// for.
+TEST_F(ThemeDeskTest, TheFileDialogFitsAPhoneAndTakesAPropertyList)
+{
+    const auto dialogPart = [this](const char *id) {
+        std::vector<QQuickItem *> items{window().contentItem()};
+        while (!items.empty()) {
+            QQuickItem *item = items.back();
+            items.pop_back();
+            if (item->objectName() == "fileDialogListView")
+                return qobject_cast<QQuickItem *>(qmlContext(item)->objectForName(id));
+            std::ranges::copy(item->childItems(), std::back_inserter(items));
+        }
+        return static_cast<QQuickItem *>(nullptr);
+    };
+    for (const QString title : {"Export\u2026", "Open\u2026"}) {
+        more(title);
+        settle();
+        ASSERT_TRUE(dialogPart("buttonBox")) << title.toStdString();
+        const QRectF filter = sceneFrame(dialogPart("nameFiltersComboBox"));
+        const QRectF buttons = sceneFrame(dialogPart("buttonBox"));
+        EXPECT_GT(filter.width(), window().width() / 2) << title.toStdString();
+        EXPECT_GE(buttons.top(), filter.bottom()) << title.toStdString();
+        EXPECT_TRUE(QRectF({}, window().size()).contains(buttons)) << title.toStdString();
+        if (title.startsWith("Export")) {
+            key(Qt::Key_Escape);
+            ASSERT_TRUE(QTest::qWaitFor(
+                [this] { return !root().themes()->desk().findChild<FilePanel *>(); }));
+        }
+    }
+    root().themes()->desk().findChild<FilePanel *>()->accept(
+        QUrl::fromLocalFile(foreignTheme() + "/Info.plist"), 0);
+    ASSERT_TRUE(waitForPage<OpenController>());
+    EXPECT_EQ(part("name")->property("text"), "Foreign");
 }
 
 TEST_F(ThemeDeskTest, AnExportIsWrittenWhereItWasAskedForAndOverwritesNothingUnasked)
