@@ -221,21 +221,13 @@ TEST_F(ThemeDeskTest, TheFileDialogFitsAPhoneAndTakesAPropertyList)
         }
         return static_cast<QQuickItem *>(nullptr);
     };
-    for (const QString title : {"Export\u2026", "Open\u2026"}) {
-        more(title);
-        settle();
-        ASSERT_TRUE(dialogPart("buttonBox")) << title.toStdString();
-        const QRectF filter = sceneFrame(dialogPart("nameFiltersComboBox"));
-        const QRectF buttons = sceneFrame(dialogPart("buttonBox"));
-        EXPECT_GT(filter.width(), window().width() / 2) << title.toStdString();
-        EXPECT_GE(buttons.top(), filter.bottom()) << title.toStdString();
-        EXPECT_TRUE(QRectF({}, window().size()).contains(buttons)) << title.toStdString();
-        if (title.startsWith("Export")) {
-            key(Qt::Key_Escape);
-            ASSERT_TRUE(QTest::qWaitFor(
-                [this] { return !root().themes()->desk().findChild<FilePanel *>(); }));
-        }
-    }
+    more("Open\u2026");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialogPart("buttonBox") != nullptr; }));
+    const QRectF filter = sceneFrame(dialogPart("nameFiltersComboBox"));
+    const QRectF buttons = sceneFrame(dialogPart("buttonBox"));
+    EXPECT_GT(filter.width(), window().width() / 2);
+    EXPECT_GE(buttons.top(), filter.bottom());
+    EXPECT_TRUE(QRectF({}, window().size()).contains(buttons));
     root().themes()->desk().findChild<FilePanel *>()->accept(
         QUrl::fromLocalFile(foreignTheme() + "/Info.plist"), 0);
     ASSERT_TRUE(waitForPage<OpenController>());
@@ -251,6 +243,8 @@ TEST_F(ThemeDeskTest, AnExportIsWrittenWhereItWasAskedForAndOverwritesNothingUna
         ASSERT_TRUE(panel);
         ASSERT_TRUE(panel->findChild<QObject *>()) << "no dialog";
         panel->accept(QUrl::fromLocalFile(path), filter);
+        ASSERT_TRUE(
+            QTest::qWaitFor([this] { return !root().themes()->desk().findChild<FilePanel *>(); }));
         settle();
     };
     exportTo(_folder.filePath("out"), 0);
