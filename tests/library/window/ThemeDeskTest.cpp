@@ -25,7 +25,12 @@ struct ThemeDeskTest : LibraryFixture {
     }
     void more(const QString &entry)
     {
-        tap(item("_moreButton"));
+        // What covers the screen, a dialog or the busy box, may take the first tap.
+        ASSERT_TRUE(QTest::qWaitFor([this] {
+            if (!window().actionSheet())
+                tap(item("_moreButton"));
+            return window().actionSheet() != nullptr;
+        }));
         choose(entry);
     }
     /// As a person who drags a file over the window and lets it go.
