@@ -7,9 +7,10 @@
 #include "library/ChosenPackage.h"
 #include "platform/QMLViews.h"
 #include "platform/UINavigationController.h"
-#include "platform/foundation/NSFileManager.h"
 #include "support/Canvas.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -64,7 +65,8 @@ private:
     std::shared_ptr<UINavigationController> _navigation;
 };
 
-/// Puts so many themes among the user's own. As files, because to keep them takes long.
+/// Puts so many themes among the user's own. As plain files: what is flushed to the disk takes half
+/// a minute, for each repetition.
 void putKept(const QString &documents, int count)
 {
     const auto elements = ElementDataSource::loadWith(TINTLOOM_SOURCE_RESOURCES, nullptr);
@@ -73,9 +75,10 @@ void putKept(const QString &documents, int count)
         const QString name = QStringLiteral("Theme %1").arg(number);
         package.info.setValue(QStringLiteral("name"), name);
         const QString kept = documents + QStringLiteral("/Themes/") + name;
-        NSFileManager::createDirectoryAtPath(kept);
-        NSFileManager::writeToFile(kept + QStringLiteral("/Info.plist"),
-                                   PropertyList::writeDictionary(package.info));
+        QDir().mkpath(kept);
+        QFile file(kept + QStringLiteral("/Info.plist"));
+        file.open(QFile::WriteOnly);
+        file.write(PropertyList::writeDictionary(package.info));
     }
 }
 

@@ -4,10 +4,51 @@
 #include "platform/UIWindow.h"
 #include "platform/foundation/NSLog.h"
 
+#include <QQmlContext>
 #include <QQmlEngine>
+#include <QQmlProperty>
+#include <QQuickItem>
 #include <QStandardPaths>
 
 #include <algorithm>
+
+namespace
+{
+QQuickItem *itemNamed(const QString &name, QQuickItem *in)
+{
+    if (in->objectName() == name)
+        return in;
+    for (QQuickItem *child : in->childItems())
+        if (QQuickItem *found = itemNamed(name, child))
+            return found;
+    return nullptr;
+}
+
+/// Qt's own dialog is made for 600 points in width: in less there is no room for the filter beside
+/// the buttons, and so much of it hides the files' dates. The buttons go below, and the dialog
+/// grows as high as it can. Does nothing to a desktop's dialog.
+void fitIntoNarrow(const UIWindow &window)
+{
+    constexpr int wideEnough = 600;
+    QQuickItem *files = itemNamed(QStringLiteral("fileDialogListView"), window.contentItem());
+    if (!files || window.width() >= wideEnough)
+        return;
+    QQmlContext *const dialog = qmlContext(files);
+    const auto set = [dialog](const char *id, const char *property, const QVariant &value) {
+        if (QObject *part = dialog->objectForName(QString::fromLatin1(id)))
+            QQmlProperty::write(part, QString::fromLatin1(property), value, dialog);
+    };
+    constexpr int margin = 20; // Qt's
+    set("nameFiltersComboBox", "Layout.columnSpan", 2);
+    set("nameFiltersComboBox", "Layout.rightMargin", margin);
+    set("buttonBox", "Layout.row", 2);
+    set("buttonBox", "Layout.column", 0);
+    set("buttonBox", "Layout.columnSpan", 3);
+    set("buttonBox", "Layout.leftMargin", margin);
+    set("buttonBox", "Layout.fillWidth", true);
+    set("control", "height", std::min(window.height() - margin, wideEnough));
+}
+} // namespace
 
 void FilePanel::open(QObject *owner, const QString &title, std::vector<Filter> filters,
                      Chosen chosen)
@@ -19,6 +60,12 @@ void FilePanel::save(QObject *owner, const QString &title, const QString &name,
                      std::vector<Filter> filters, Chosen chosen)
 {
     (new FilePanel(owner, std::move(filters), std::move(chosen)))->show(title, name, true);
+}
+
+FilePanel::~FilePanel()
+{
+    if (_dialog) // one that goes while it is up would leave the window dimmed
+        QMetaObject::invokeMethod(_dialog, "close");
 }
 
 void FilePanel::show(const QString &title, const QString &name, bool saves)
@@ -42,7 +89,9 @@ void FilePanel::show(const QString &title, const QString &name, bool saves)
         return;
     }
     dialog->setParent(this);
+    _dialog = dialog;
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    dialog->setProperty("currentFolder", QUrl::fromLocalFile(folder));
     if (saves) {
         dialog->setProperty("selectedFile",
                             QUrl::fromLocalFile(withEnding(folder + u'/' + name, 0)));
@@ -50,6 +99,7 @@ void FilePanel::show(const QString &title, const QString &name, bool saves)
         dialog->setProperty("options", dontConfirmOverwrite);
     }
     QMetaObject::invokeMethod(dialog, "open");
+    fitIntoNarrow(*window);
 }
 
 QString FilePanel::withEnding(const QString &path, int filter) const

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
@@ -36,6 +37,8 @@ public:
     static void save(QObject *owner, const QString &title, const QString &name,
                      std::vector<Filter> filters, Chosen chosen);
 
+    ~FilePanel() override;
+
     // The dialog's answers.
     Q_INVOKABLE void accept(const QUrl &file, int filter);
     Q_INVOKABLE void reject() { deleteLater(); }
@@ -50,4 +53,5 @@ private:
 
     const std::vector<Filter> _filters;
     const Chosen _chosen;
+    QPointer<QObject> _dialog;
 };

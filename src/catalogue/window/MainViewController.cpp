@@ -84,7 +84,9 @@ void MainViewController::viewWillAppear(bool)
 void MainViewController::viewDidAppear(bool)
 {
     _preview.viewDidAppear(document());
-    listKept();
+    // When the page is up: a thousand property lists would take the first frame's time.
+    QMetaObject::invokeMethod(
+        this, [this] { listKept(); }, Qt::QueuedConnection);
 }
 
 void MainViewController::listKept(const QString &shown)

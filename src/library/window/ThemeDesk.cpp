@@ -194,7 +194,7 @@ void ThemeDesk::writeExport(const Package &package, const QString &path, bool re
 void ThemeDesk::chooseFile()
 {
     FilePanel::open(
-        this, tr("Open Theme"),
+        this, tr("Open a Theme, or a Folder's Info.plist"),
         {{tr("Themes"), {u"*.tintloom"_s, u"*.zip"_s, u"*.tar.gz"_s, u"*.tgz"_s, u"Info.plist"_s}},
          {tr("All files"), {u"*"_s}}},
         [this](const QString &path) { openPath(path); });

@@ -12,6 +12,7 @@
 #include "support/LibraryFixture.h"
 
 #include <QClipboard>
+#include <QQmlContext>
 
 namespace
 {
@@ -24,7 +25,12 @@ struct ThemeDeskTest : LibraryFixture {
     }
     void more(const QString &entry)
     {
-        tap(item("_moreButton"));
+        // What covers the screen, a dialog or the busy box, may take the first tap.
+        ASSERT_TRUE(QTest::qWaitFor([this] {
+            if (!window().actionSheet())
+                tap(item("_moreButton"));
+            return window().actionSheet() != nullptr;
+        }));
         choose(entry);
     }
     /// As a person who drags a file over the window and lets it go.
@@ -88,6 +94,7 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
     EXPECT_EQ(keptNames(), (QStringList{"Mine", "Mine 2"}));
     EXPECT_EQ(colorOf("Mine 2"), "#040506FF");
 
+    root().document().setColor(0, "#0A0B0CFF");
     more("Keep Theme\u2026");
     tap(part("accept"));
     ASSERT_TRUE(waitForPart("replace"));
@@ -101,6 +108,8 @@ TEST_F(ThemeDeskTest, TheChoicesAreKeptUnderANameThatIsAskedFor)
     tap(part("replace"));
     ASSERT_TRUE(waitForNoPage());
     EXPECT_EQ(keptNames(), (QStringList{"Mine", "Mine 2"}));
+    EXPECT_EQ(colorOf("Mine"), "#010203FF");
+    EXPECT_EQ(colorOf("Mine 2"), "#0A0B0CFF");
 
     key(Qt::Key_K, Qt::ControlModifier);
     key(Qt::Key_Escape);
@@ -202,6 +211,34 @@ TEST_F(ThemeDeskTest, TheSharePageSaysFirstWhatDoesNotComeAlong)
     EXPECT_LT(sceneFrame(part("loss")).bottom(), sceneFrame(part("text")).top());
 }
 
+// Where the desktop has none of its own; a stage is hardly wider than half of what Qt's is made
+// for.
+TEST_F(ThemeDeskTest, TheFileDialogFitsAPhoneAndTakesAPropertyList)
+{
+    const auto dialogPart = [this](const char *id) {
+        std::vector<QQuickItem *> items{window().contentItem()};
+        while (!items.empty()) {
+            QQuickItem *item = items.back();
+            items.pop_back();
+            if (item->objectName() == "fileDialogListView")
+                return qobject_cast<QQuickItem *>(qmlContext(item)->objectForName(id));
+            std::ranges::copy(item->childItems(), std::back_inserter(items));
+        }
+        return static_cast<QQuickItem *>(nullptr);
+    };
+    more("Open\u2026");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialogPart("buttonBox") != nullptr; }));
+    const QRectF filter = sceneFrame(dialogPart("nameFiltersComboBox"));
+    const QRectF buttons = sceneFrame(dialogPart("buttonBox"));
+    EXPECT_GT(filter.width(), window().width() / 2);
+    EXPECT_GE(buttons.top(), filter.bottom());
+    EXPECT_TRUE(QRectF({}, window().size()).contains(buttons));
+    root().themes()->desk().findChild<FilePanel *>()->accept(
+        QUrl::fromLocalFile(foreignTheme() + "/Info.plist"), 0);
+    ASSERT_TRUE(waitForPage<OpenController>());
+    EXPECT_EQ(part("name")->property("text"), "Foreign");
+}
+
 TEST_F(ThemeDeskTest, AnExportIsWrittenWhereItWasAskedForAndOverwritesNothingUnasked)
 {
     const QString file = _folder.filePath("out.tintloom");
@@ -211,6 +248,8 @@ TEST_F(ThemeDeskTest, AnExportIsWrittenWhereItWasAskedForAndOverwritesNothingUna
         ASSERT_TRUE(panel);
         ASSERT_TRUE(panel->findChild<QObject *>()) << "no dialog";
         panel->accept(QUrl::fromLocalFile(path), filter);
+        ASSERT_TRUE(
+            QTest::qWaitFor([this] { return !root().themes()->desk().findChild<FilePanel *>(); }));
         settle();
     };
     exportTo(_folder.filePath("out"), 0);
