@@ -106,4 +106,70 @@ FocusScope {
             }
         }
     }
+    Item { // the contrast on the patch
+        x: 234
+        y: 70
+        width: 86
+        height: 40
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 4
+            radius: 8
+            color: "white"
+            border.color: "#80000000"
+        }
+        Rectangle {
+            id: sign
+
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+            width: 16
+            height: 16
+            radius: 8
+            color: "#1B7A34"
+        }
+        Text {
+            anchors.centerIn: sign
+            text: "\u2713"
+            color: "white"
+            font.pixelSize: 11
+            font.bold: true
+        }
+        Text {
+            x: 27
+            y: 5
+            text: "7.03:1"
+            color: "#1C1C1E"
+            font.pixelSize: 14
+            font.bold: true
+        }
+        Text {
+            x: 27
+            y: 22
+            width: 52
+            text: "Reads well"
+            color: "#1C1C1E"
+            font.pixelSize: 9
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 7
+        }
+        MouseArea {
+            anchors.fill: parent
+        }
+    }
+    Item {
+        width: 102
+        height: 20
+
+        Text {
+            anchors.centerIn: parent
+            text: "Theme Colors"
+            color: "#003CA8"
+            font.pixelSize: 13
+        }
+        MouseArea {
+            anchors.fill: parent
+        }
+    }
 }
