@@ -6,9 +6,9 @@
 //
 // A new theme is sent beside the old one, and looked at there. Then three renames follow one
 // another: the one before goes out of the way, the old one becomes the one before, the new one the
-// theme. They are sent together, so that a connection which is cut carries all of them or none. Was
-// the phone itself cut off between them, there is no theme but one before: whoever comes next makes
-// that the theme again.
+// theme. They are sent together, so that a connection which is cut carries all of them or none. Has
+// the phone's server still ended between them, which it may when nobody is left to answer to, there
+// is no theme but one before: whoever comes next makes that the theme again.
 //
 // Who sends, looks first for what others have left under way, makes a folder of its own after
 // that, and removes the others' meanwhile, which are renamed before anything in them is touched. So
