@@ -19,34 +19,41 @@ double encoded(double light)
     return light <= 0.04045 / 12.92 ? light * 12.92 : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
 }
 
-struct Tables {
-    std::array<float, 256> light;
-    std::array<quint8, steps> bytes; // of the middle of each step
+// Apart, so that whoever only asks for light, as the first frame does, waits for nothing else.
+using Lights = std::array<float, 256>;
+using Bytes = std::array<quint8, steps>; // of the middle of each step
 
-    Tables()
-    {
+const Lights &lights()
+{
+    static const Lights made = [] {
+        Lights lights;
         for (int byte = 0; byte < 256; ++byte)
-            light[size_t(byte)] = float(decoded(byte / 255.0));
+            lights[size_t(byte)] = float(decoded(byte / 255.0));
+        return lights;
+    }();
+    return made;
+}
+
+const Bytes &bytes()
+{
+    static const Bytes made = [] {
+        Bytes bytes;
         for (int step = 0; step < steps; ++step)
             bytes[size_t(step)] = quint8(std::lround(encoded((step + 0.5) / steps) * 255.0));
-    }
-};
-
-const Tables &tables()
-{
-    static const Tables made;
+        return bytes;
+    }();
     return made;
 }
 } // namespace
 
 float linearFromSrgb(quint8 byte)
 {
-    return tables().light[byte];
+    return lights()[byte];
 }
 
 quint8 srgbFromLinear(float light)
 {
     if (!(light > 0.0F)) // not-a-number, too
         return 0;
-    return light < 1.0F ? tables().bytes[size_t(light * steps)] : 255;
+    return light < 1.0F ? bytes()[size_t(light * steps)] : 255;
 }
