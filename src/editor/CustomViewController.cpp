@@ -93,8 +93,11 @@ void CustomViewController::viewDidAppear(bool)
 {
     markWindow();
     _preview->viewDidAppear();
-    QMetaObject::invokeMethod(&_themes, &EditorThemes::showName, Qt::QueuedConnection);
-    QMetaObject::invokeMethod(_draft.get(), &EditorDraft::offer, Qt::QueuedConnection);
+    UIWindow::afterFirstFrame(this, [this] {
+        _themes.showName();
+        _draft->offer();
+        _findings->look();
+    });
 }
 
 void CustomViewController::viewWillDisappear(bool)

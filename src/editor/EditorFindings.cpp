@@ -4,10 +4,18 @@
 #include "editor/CustomViewController.h"
 #include "platform/UIWindow.h"
 
+#include <utility>
+
 EditorFindings::EditorFindings(CustomViewController &editor)
     : _editor(editor), _rows(editor.document(), this)
 {
     connect(&_rows, &RowFindings::changed, this, &EditorFindings::markRows);
+}
+
+void EditorFindings::look()
+{
+    if (!std::exchange(_isLooking, true))
+        markRows();
 }
 
 void EditorFindings::markRows()

@@ -14,8 +14,10 @@ public:
     /// After the editor has loaded its document.
     explicit EditorFindings(CustomViewController &editor);
 
-    /// What is found of the element, in words; empty when all is well.
-    QString words(int index) { return _rows.words(index); }
+    /// Looks for the first time, which takes longer than a row may wait for, and marks the rows.
+    void look();
+    /// What is found of the element, in words; empty when all is well, and before the first look.
+    QString words(int index) { return _isLooking ? _rows.words(index) : QString(); }
 
     /// Lays the page over the stage.
     void showPage();
@@ -26,4 +28,5 @@ private:
 
     CustomViewController &_editor;
     RowFindings _rows;
+    bool _isLooking = false;
 };

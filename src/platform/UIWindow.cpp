@@ -35,6 +35,14 @@ UIWindow::UIWindow(std::optional<QSize> size)
     // While another thread reads, this one loads the font that the first text would wait for.
     _fontSearch.join(); // or it would search all over again
     QFontMetricsF(QGuiApplication::font()).height();
+    connect(
+        this, &QQuickWindow::frameSwapped, this,
+        [this] {
+            _hasShownFrame = true;
+            loadPane();
+            emit firstFrameShown();
+        },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     setColor(Qt::white);
     resize(size.value_or(UIScreen::mainScreen().size().toSize()));
     _stage->setFlag(QQuickItem::ItemIsFocusScope);
@@ -65,6 +73,14 @@ void UIWindow::makeKeyAndVisible()
     theKeyWindow = this;
     show();
     requestActivate(); // keys arrive even where no window manager hands out the focus
+}
+
+void UIWindow::afterFirstFrame(QObject *context, std::function<void()> action)
+{
+    if (theKeyWindow && !theKeyWindow->_hasShownFrame)
+        connect(theKeyWindow, &UIWindow::firstFrameShown, context, std::move(action));
+    else
+        QMetaObject::invokeMethod(context, std::move(action), Qt::QueuedConnection);
 }
 
 void UIWindow::setDocumentEdited(bool isEdited)
@@ -173,14 +189,6 @@ void UIWindow::setPaneViewController(std::shared_ptr<UIViewController> controlle
 {
     _pane = std::move(controller);
     layOut();
-    // The editor's first frame does not wait for it.
-    connect(
-        this, &QQuickWindow::frameSwapped, this,
-        [this] {
-            _hasShownFrame = true;
-            loadPane();
-        },
-        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void UIWindow::setPaneWanted(bool isWanted)

@@ -37,6 +37,9 @@ public:
     /// The window that was last made key, or null.
     static UIWindow *keyWindow();
     void makeKeyAndVisible();
+    /// What the key window's first frame does not wait for: done when it has been shown, and after
+    /// whatever is being done now, unless the context has gone until then.
+    static void afterFirstFrame(QObject *context, std::function<void()> action);
     /// Says in the title what the window is at; empty: only the program.
     void setDocumentName(const QString &name);
     /// Says in the title whether something in the window has not been saved yet.
@@ -73,6 +76,7 @@ public:
     void showActionSheet(std::unique_ptr<UIActionSheet> actionSheet);
 
 signals:
+    void firstFrameShown();
     void alertChanged();
     /// It has come or gone.
     void paneChanged();

@@ -25,13 +25,12 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     setWindow(std::make_unique<UIWindow>(_start.windowSize));
     _window->setTitle("Tintloom");
     // The icon is a picture to be decoded, which can wait until the first frame is shown.
-    QObject::connect(
-        _window.get(), &QQuickWindow::frameSwapped, _window.get(),
-        [window = _window.get()] { window->setIcon(QIcon(":/images/tintloom.png")); },
-        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    QObject::connect(_window.get(), &UIWindow::firstFrameShown, _window.get(),
+                     [this] { _window->setIcon(QIcon(":/images/tintloom.png")); });
     addPreview();
     if (!_start.open.isEmpty())
-        openGiven();
+        QObject::connect(_window.get(), &UIWindow::firstFrameShown, _window.get(),
+                         [this] { openGiven(); });
     _window->makeKeyAndVisible();
 
     if (_start.root == Root::Catalogue) {
@@ -74,13 +73,9 @@ void AppDelegate::addPreview()
 
 void AppDelegate::openGiven()
 {
-    const auto open = [this] {
-        QMimeData given;
-        given.setUrls({QUrl::fromLocalFile(_start.open)});
-        _window->rootViewController()->drop(given);
-    };
-    QObject::connect(_window.get(), &QQuickWindow::frameSwapped, _window.get(), open,
-                     Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    QMimeData given;
+    given.setUrls({QUrl::fromLocalFile(_start.open)});
+    _window->rootViewController()->drop(given);
 }
 
 void AppDelegate::setRoot(std::shared_ptr<UIViewController> controller)
