@@ -11,8 +11,6 @@ namespace
 {
 using Level = ElementContrast::Level;
 
-constexpr int pace = 16; // milliseconds: a display shows hardly more frames
-
 /// What the wheel makes of a colour text: a last digit may fall by one.
 QString pickedText(const QString &colorText)
 {
@@ -28,21 +26,6 @@ QRgb picked(QRgb color)
 
 ContrastBadge::ContrastBadge(QObject *parent) : QObject(parent)
 {
-    _pace.setSingleShot(true);
-    _pace.setInterval(pace);
-    connect(&_pace, &QTimer::timeout, this, [this] {
-        if (_isLate)
-            tellAtPace();
-    });
-}
-
-void ContrastBadge::tellAtPace()
-{
-    _isLate = _pace.isActive();
-    if (_isLate)
-        return;
-    _pace.start();
-    emit changed();
 }
 
 void ContrastBadge::follow(const ElementDataSource &elements, int index)
@@ -59,7 +42,7 @@ void ContrastBadge::setColorText(const QString &colorText)
     if (!_contrast)
         return;
     _reading = _contrast->reading(rgbFromHexString(colorText));
-    tellAtPace();
+    _telling.act();
 }
 
 QString ContrastBadge::ratio() const
@@ -121,6 +104,6 @@ std::optional<QString> ContrastBadge::nextColorText()
     _offer = _contrast->nearest(color, picked);
     const auto nearer = nearerOf(_offer, color);
     _isHopeless = !nearer;
-    tellAtPace();
+    _telling.act();
     return nearer ? std::optional(hexStringForRgb(*nearer)) : std::nullopt;
 }

@@ -5,9 +5,9 @@
 #pragma once
 
 #include "advice/ElementContrast.h"
+#include "platform/DisplayPace.h"
 
 #include <QObject>
-#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 class ContrastBadge : public QObject
@@ -51,7 +51,6 @@ signals:
     void changed();
 
 private:
-    void tellAtPace();
     std::optional<QString> otherOffer() const;
 
     const ElementDataSource *_elements = nullptr;
@@ -60,6 +59,5 @@ private:
     QString _colorText;
     ReadableColors _offer;    // that one of was taken last
     bool _isHopeless = false; // no colour of this hue reads well here
-    QTimer _pace{this};       // runs after a telling
-    bool _isLate = false;     // something has changed since
+    DisplayPace _telling{[this] { emit changed(); }, this};
 };

@@ -9,7 +9,6 @@
 namespace
 {
 constexpr double outlineWidth = 2.0; // points of the scene, twice: dark within light
-constexpr int pace = 16;             // milliseconds: a display shows hardly more frames
 } // namespace
 
 PreviewItem::PreviewItem(QQuickItem *parent) : QQuickPaintedItem(parent)
@@ -18,12 +17,6 @@ PreviewItem::PreviewItem(QQuickItem *parent) : QQuickPaintedItem(parent)
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
     setOpaquePainting(true);
-    _pace.setSingleShot(true);
-    _pace.setInterval(pace);
-    connect(&_pace, &QTimer::timeout, this, [this] {
-        if (!_late.isEmpty())
-            repaintAtPace(std::exchange(_late, QRegion()));
-    });
 }
 
 void PreviewItem::setModel(PreviewModel *model)
@@ -35,8 +28,10 @@ void PreviewItem::setModel(PreviewModel *model)
     _model = model;
     connect(model, &PreviewModel::touched, this,
             [this](PreviewScreen screen, const QRegion &region) {
-                if (screen == _screen)
-                    repaintAtPace(region);
+                if (screen != _screen)
+                    return;
+                _touched += region;
+                _repainting.act();
             });
     connect(model, &PreviewModel::laidOut, this, [this] {
         update();
@@ -75,16 +70,6 @@ void PreviewItem::repaint(const QRegion &region)
 {
     update(
         fromScene().mapRect(QRectF(region.boundingRect())).toAlignedRect().adjusted(-1, -1, 1, 1));
-}
-
-void PreviewItem::repaintAtPace(const QRegion &region)
-{
-    if (_pace.isActive()) {
-        _late += region;
-        return;
-    }
-    repaint(region);
-    _pace.start();
 }
 
 void PreviewItem::repaintOutlines()

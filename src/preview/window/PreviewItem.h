@@ -5,12 +5,14 @@
 // technology finds the parts as children of the item (PreviewParts.qml).
 #pragma once
 
+#include "platform/DisplayPace.h"
 #include "preview/window/PreviewModel.h"
 
 #include <QQuickPaintedItem>
 #include <QRegion>
-#include <QTimer>
 #include <QTransform>
+
+#include <utility>
 
 class PreviewItem : public QQuickPaintedItem
 {
@@ -59,9 +61,6 @@ protected:
 
 private:
     void repaint(const QRegion &region);
-    /// At once, unless that has just been done: a finger reports its moves faster than anybody can
-    /// see, and painting each of them would hold up the finger.
-    void repaintAtPace(const QRegion &region);
     void repaintOutlines();
     /// The part that is outlined: under the keyboard's focus, or the one that the editor is at.
     QString outlined() const;
@@ -72,8 +71,9 @@ private:
 
     QPointer<PreviewModel> _model;
     PreviewScreen _screen = PreviewScreen::Conversation;
-    QTimer _pace;            // runs after a repainting
-    QRegion _late;           // what is to be repainted then
+    QRegion _touched; // since the last repainting
+    // Painting each of a finger's moves would hold up the finger.
+    DisplayPace _repainting{[this] { repaint(std::exchange(_touched, QRegion())); }, this};
     QString _focused;        // the keyboard's part, while the item has the keyboard
     QString _pressed;        // what a press began on
     QRectF _paintedOutlines; // points of the scene
