@@ -3,6 +3,7 @@
 #include "editor/CustomViewController.h"
 #include "editor/GenerateController.h"
 #include "editor/PlaceController.h"
+#include "pictures/PictureFile.h"
 #include "pictures/ReducedPicture.h"
 #include "platform/DropTarget.h"
 #include "platform/FilePanel.h"
@@ -22,13 +23,16 @@ struct EditorGenerator::Picture {
     std::optional<ElementPicture> wholePicture;
     QString problem;
 
-    static Picture of(const ReducedPicture &read, const ElementPicture::Reading &behind)
+    static Picture parse(const QByteArray &bytes)
     {
+        const auto read = ReducedPicture::parse(bytes);
         Picture picture{paletteOf(read.visiblePixels()), {}, {}, read.problem};
         if (picture.problem.isEmpty() && picture.palette.candidates.empty())
             picture.problem = tr("nothing of it can be seen");
-        if (picture.problem.isEmpty() && behind.picture)
-            picture.background = behind.picture->choice();
+        if (!picture.problem.isEmpty())
+            return picture;
+        if (const auto whole = ElementPicture::parse(bytes).picture)
+            picture.background = whole->choice();
         return picture;
     }
 
@@ -39,16 +43,6 @@ struct EditorGenerator::Picture {
         picture.wholePicture = read.picture;
         picture.problem = read.problem;
         return picture;
-    }
-
-    static Picture ofFile(const QString &path)
-    {
-        return of(ReducedPicture::read(path), ElementPicture::read(path));
-    }
-
-    static Picture ofBytes(const QByteArray &bytes)
-    {
-        return of(ReducedPicture::parse(bytes), ElementPicture::parse(bytes));
     }
 };
 
@@ -123,7 +117,7 @@ bool EditorGenerator::takeDrop(const QMimeData &data, bool isDropped)
     if (isDropped && !file.isEmpty())
         openPicture(file);
     else if (isDropped)
-        read([bytes = data.data(format)] { return Picture::ofBytes(bytes); },
+        read([bytes = data.data(format)] { return Picture::parse(bytes); },
              [this](const Picture &picture) { show(picture); });
     return true;
 }
@@ -147,7 +141,7 @@ void EditorGenerator::askForPhoto()
 
 void EditorGenerator::openPicture(const QString &path)
 {
-    read([path] { return Picture::ofFile(path); },
+    read([path] { return pictureInFile(path, &Picture::parse); },
          [this](const Picture &picture) { show(picture); });
 }
 

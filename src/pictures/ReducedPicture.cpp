@@ -1,6 +1,6 @@
 #include "pictures/ReducedPicture.h"
 
-#include "platform/foundation/NSFileManager.h"
+#include "pictures/PictureFile.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -44,13 +44,7 @@ ReducedPicture refused(const QString &problem)
 
 ReducedPicture ReducedPicture::read(const QString &path, int longerSide)
 {
-    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    if (error)
-        return refused(NSFileManager::withReason(path, error));
-    ReducedPicture picture = parse(bytes, longerSide);
-    if (!picture.problem.isEmpty())
-        picture.problem = path + ": "_L1 + picture.problem;
-    return picture;
+    return pictureInFile(path, [=](const QByteArray &bytes) { return parse(bytes, longerSide); });
 }
 
 ReducedPicture ReducedPicture::parse(const QByteArray &bytes, int longerSide)

@@ -2,8 +2,8 @@
 
 #include "bitmap/CGContextCreator.h"
 #include "color/LinearLight.h"
+#include "pictures/PictureFile.h"
 #include "pictures/ReducedPicture.h"
-#include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/UIImageJPEGRepresentation.h"
 #include "theme/ColorText.h"
 #include "theme/ThemePictures.h"
@@ -47,13 +47,7 @@ QRgb meanColor(const QImage &image)
 
 ElementPicture::Reading ElementPicture::read(const QString &path)
 {
-    const auto [bytes, error] = NSFileManager::contentsAtPath(path);
-    if (error)
-        return {{}, NSFileManager::withReason(path, error)};
-    Reading reading = parse(bytes);
-    if (!reading.problem.isEmpty())
-        reading.problem = path + ": "_L1 + reading.problem;
-    return reading;
+    return pictureInFile(path, &ElementPicture::parse);
 }
 
 ElementPicture::Reading ElementPicture::parse(const QByteArray &bytes)
