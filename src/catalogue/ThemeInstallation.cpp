@@ -13,7 +13,6 @@ using Kind = NSFileManager::Kind;
 
 namespace
 {
-
 ThemeInstallation ofReadyMade(const QString &resources, const QString &name,
                               const ThemeLocations &locations)
 {

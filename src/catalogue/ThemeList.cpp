@@ -64,15 +64,26 @@ ThemeList ThemeList::parse(const QByteArray &bytes, const QString &path,
         }
         list._records.push_back(*record);
     }
+    list.arrange();
     list.setKept(kept);
     return list;
 }
 
-void ThemeList::setKept(const std::vector<KeptTheme> &kept)
+bool ThemeList::setKept(const std::vector<KeptTheme> &kept)
 {
-    std::erase_if(_records, [](const ThemeRecord &record) { return record.kept; });
+    std::vector<ThemeRecord> records = _records;
+    std::erase_if(records, [](const ThemeRecord &record) { return record.kept; });
     for (const KeptTheme &theme : kept)
-        _records.push_back({ThemeRecord::keptSection(), theme.name, {}, true, true, theme.folder});
+        records.push_back({ThemeRecord::keptSection(), theme.name, {}, true, true, theme.folder});
+    if (records == _records)
+        return false;
+    _records = std::move(records);
+    arrange();
+    return true;
+}
+
+void ThemeList::arrange()
+{
     _sections = {};
     for (size_t index = 0; index < _records.size(); ++index)
         _sections.append(_records[index].section, int(index));

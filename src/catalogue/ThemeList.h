@@ -50,8 +50,8 @@ public:
     /// The same from a list's bytes; the path is for messages.
     static ThemeList parse(const QByteArray &bytes, const QString &path,
                            const std::vector<KeptTheme> &kept = {});
-    /// Other kept themes in place of those before.
-    void setKept(const std::vector<KeptTheme> &kept);
+    /// Other kept themes in place of those before. False when they are the same.
+    bool setKept(const std::vector<KeptTheme> &kept);
     /// Why the list could not be read, for people; else empty.
     const QString &problem() const { return _problem; }
 
@@ -70,6 +70,7 @@ public:
 private:
     /// All records in the order of the table.
     std::vector<const ThemeRecord *> rows() const;
+    void arrange();
 
     QString _problem;
     std::vector<ThemeRecord> _records; // in the order of the file, the kept ones last

@@ -5,6 +5,7 @@
 #include "catalogue/window/ThemeSending.h"
 #include "platform/UINavigationController.h"
 #include "platform/UITableViewSubtitleCell.h"
+#include "platform/UIWindow.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/UIColor.h"
 #include "preview/window/PreviewController.h"
@@ -13,7 +14,6 @@
 #include <QCoreApplication>
 #include <QThread>
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -84,9 +84,7 @@ void MainViewController::viewWillAppear(bool)
 void MainViewController::viewDidAppear(bool)
 {
     _preview.viewDidAppear(document());
-    // When the page is up: a thousand property lists would take the first frame's time.
-    QMetaObject::invokeMethod(
-        this, [this] { listKept(); }, Qt::QueuedConnection);
+    UIWindow::afterFirstFrame(this, [this] { listKept(); }); // there may be a thousand of them
 }
 
 void MainViewController::listKept(const QString &shown)
@@ -95,22 +93,11 @@ void MainViewController::listKept(const QString &shown)
         return ThemeLibrary::open(documents)->themes();
     };
     _listing.run(list, [this, shown](const std::vector<KeptTheme> &kept) {
-        takeKept(kept);
+        _preview.noteChanges();
+        if (_tableSource.setKept(kept))
+            _preview.takeNewList();
         showKept(shown);
     });
-}
-
-void MainViewController::takeKept(const std::vector<KeptTheme> &kept)
-{
-    const bool isSame = std::ranges::equal(kept, _kept, [](const auto &one, const auto &other) {
-        return one.name == other.name && one.folder == other.folder;
-    });
-    _preview.noteChanges();
-    if (isSame)
-        return;
-    _kept = kept;
-    _tableSource.setKept(kept);
-    _preview.takeNewList();
 }
 
 void MainViewController::showKept(const QString &name)

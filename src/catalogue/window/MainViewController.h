@@ -123,15 +123,14 @@ private:
     bool isInstalled(const ThemeRecord &record) const;
     /// Lists the kept themes on a queue, and then brings that one into sight, if there is one.
     void listKept(const QString &shown = {});
-    void takeKept(const std::vector<KeptTheme> &kept);
     void showKept(const QString &name);
+    /// Whether the theme shall replace what the editor has.
     void askToEdit(const ThemeRecord &record);
     std::shared_ptr<MainViewController> self();
     /// The editor's, if there is one.
     ThemeDocument *document() const;
     void makeEditor();
     void openEditor(bool colorsBar);
-    /// Whether the theme shall replace what the editor has.
     using BeginCopy = std::function<ThemeInstallation(
         const QString &resources, const QString &theme, const ThemeLocations &locations)>;
     using FinishCopy = void (MainViewController::*)(const ThemeInstallation &,
@@ -150,7 +149,6 @@ private:
     bool _isFromEditor = false;
     ThemeRecord _clickedTheme;
     ThemeList _tableSource;
-    std::vector<KeptTheme> _kept; // of the list
     CataloguePreview _preview{_folders, _tableSource};
     std::shared_ptr<CustomViewController> _customViewController; // made at first need
     CatalogueLayout _layout;
