@@ -6,29 +6,28 @@
 
 #include <algorithm>
 #include <numeric>
+#include <ranges>
 #include <utility>
 
-/// One step of the history: the same elements before and after it, in document order.
+/// One step of the history. It trades the choices that it holds for those of the document, forth and
+/// back: one side of a step is always in the document.
 class ThemeDocument::Step : public QUndoCommand
 {
 public:
-    Step(ThemeDocument &document, Changes before, Changes after, const QString &name)
-        : QUndoCommand(name),
-          _document(document),
-          _before(std::move(before)),
-          _after(std::move(after))
+    Step(ThemeDocument &document, Changes changes, const QString &name)
+        : QUndoCommand(name), _document(document), _changes(std::move(changes))
     {
     }
 
-    void undo() override { _document.apply(_before); }
-    void redo() override { _document.apply(_after); }
+    void undo() override { _document.trade(_changes); }
+    void redo() override { _document.trade(_changes); }
 
-    const Changes &before() const { return _before; }
+    /// In document order; of a step that has been done, the choices before it.
+    const Changes &changes() const { return _changes; }
 
 private:
     ThemeDocument &_document;
-    const Changes _before;
-    const Changes _after;
+    Changes _changes;
 };
 
 namespace
@@ -95,19 +94,14 @@ bool ThemeDocument::changeUnlocked(Changes changes, const QString &name)
 bool ThemeDocument::changeAll(Changes changes, const QString &name)
 {
     std::ranges::stable_sort(changes, {}, &Change::index);
-    Changes before, after;
-    for (auto next = changes.begin(); next != changes.end(); ++next) {
-        if (std::next(next) != changes.end() && std::next(next)->index == next->index)
-            continue; // the later one counts
-        const ElementChoice now = record(next->index).choice();
-        if (now == next->choice)
-            continue;
-        before.push_back({next->index, now});
-        after.push_back(std::move(*next));
-    }
-    if (after.empty())
+    const auto repeated = std::ranges::unique(changes | std::views::reverse, {}, &Change::index);
+    changes.erase(changes.begin(), repeated.begin().base()); // the later one counts
+    std::erase_if(changes, [this](const Change &change) {
+        return record(change.index).choice() == change.choice;
+    });
+    if (changes.empty())
         return false;
-    _history.push(new Step(*this, std::move(before), std::move(after), name));
+    _history.push(new Step(*this, std::move(changes), name));
     return true;
 }
 
@@ -121,7 +115,7 @@ std::vector<int> ThemeDocument::undo()
     if (!canUndo())
         return {};
     _history.undo();
-    return indexesOf(step(_history.index()).before());
+    return indexesOf(step(_history.index()).changes());
 }
 
 std::vector<int> ThemeDocument::redo()
@@ -129,15 +123,15 @@ std::vector<int> ThemeDocument::redo()
     if (!canRedo())
         return {};
     _history.redo();
-    return indexesOf(step(_history.index() - 1).before());
+    return indexesOf(step(_history.index() - 1).changes());
 }
 
-void ThemeDocument::apply(const Changes &changes)
+void ThemeDocument::trade(Changes &changes)
 {
     const bool hadUnsaved = hasUnsavedChanges();
-    for (const auto &[index, choice] : changes) {
+    for (auto &[index, choice] : changes) {
         const ElementChoice before = record(index).choice();
-        _elements.setChoice(index, choice);
+        _elements.setChoice(index, std::exchange(choice, before));
         noteDifference(index, before);
     }
     emit changed(indexesOf(changes));
@@ -202,7 +196,7 @@ void ThemeDocument::noteSaved(const ElementDataSource &snapshot)
 ThemeDocument::Namesakes ThemeDocument::namesakes(int index) const
 {
     for (int number = _history.index() - 1; number >= 0; --number) {
-        const Changes &before = step(number).before();
+        const Changes &before = step(number).changes();
         const auto change = std::ranges::find(before, index, &Change::index);
         if (change == before.end())
             continue;

@@ -116,7 +116,7 @@ private:
     class Step;
 
     const Step &step(int number) const;
-    void apply(const Changes &changes);
+    void trade(Changes &changes);
     void noteDifference(int index, const ElementChoice &before);
 
     ElementDataSource _elements;
