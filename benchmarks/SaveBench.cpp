@@ -70,6 +70,35 @@ private:
     unsigned long _size = 0;
 };
 
+/// The files of a save, each as it is brought to the disk.
+struct BareSave {
+    benchmark::State &state;
+    const ThemeLocations &locations;
+
+    void save(const QByteArray &info, const QByteArray &background,
+              const QByteArray &indicator) const
+    {
+        move(locations.workingCopy(), locations.workingCopyAside());
+        write(locations.packageInfo(), info);
+        write(locations.listBackground(), background);
+        write(locations.unreadIndicator(), indicator);
+        write(locations.workingCopy(), info);
+        move(locations.workingCopyAside(), locations.earlierWorkingCopy());
+    }
+
+private:
+    void write(const QString &path, const QByteArray &bytes) const
+    {
+        if (NSFileManager::writeToFile(path, bytes))
+            state.SkipWithError("a write failed");
+    }
+    void move(const QString &from, const QString &to) const
+    {
+        if (NSFileManager::moveItemAtPath(from, to))
+            state.SkipWithError("a move failed");
+    }
+};
+
 void saveBare(benchmark::State &state)
 {
     const Fixture fixture;
@@ -82,25 +111,11 @@ void saveBare(benchmark::State &state)
     };
     const QImage background = raster(QStringLiteral("list-background-image"), 640.0, 1136.0);
     const QImage indicator = raster(QStringLiteral("unread-indicator-image"), 24.0, 24.0);
-    Encoder encoder;
-    const auto &locations = fixture.locations;
-    const auto write = [&](const QString &path, const QByteArray &bytes) {
-        if (NSFileManager::writeToFile(path, bytes))
-            state.SkipWithError("a write failed");
-    };
-    const auto move = [&](const QString &from, const QString &to) {
-        if (NSFileManager::moveItemAtPath(from, to))
-            state.SkipWithError("a move failed");
-    };
-    for (auto _ : state) {
-        move(locations.workingCopy(), locations.workingCopyAside());
-        write(locations.packageInfo(), info);
-        write(locations.listBackground(), encoder.encode(background));
-        write(locations.unreadIndicator(), encoder.encode(indicator));
-        write(locations.workingCopy(), info);
-        move(locations.workingCopyAside(), locations.earlierWorkingCopy());
-    }
-    if (encoder.encode(background) != theme.listBackground)
+    Encoder backgrounds, indicators; // each keeps the bytes of one picture
+    const BareSave bare{state, fixture.locations};
+    for (auto _ : state)
+        bare.save(info, backgrounds.encode(background), indicators.encode(indicator));
+    if (backgrounds.encode(background) != theme.listBackground)
         state.SkipWithError("the two sides encode different pictures");
 }
 BENCHMARK(saveBare)->Name("save_bare/scale2")->Unit(benchmark::kMillisecond);
@@ -175,15 +190,7 @@ void savePictureBare(benchmark::State &state)
     const QByteArray info = PropertyList::writeDictionary(theme.workingCopy);
     const QSize screen = QSizeF(640.0 * scale, 1136.0 * scale).toSize();
     Encoder encoder;
-    const auto &locations = fixture.locations;
-    const auto write = [&](const QString &path, const QByteArray &bytes) {
-        if (NSFileManager::writeToFile(path, bytes))
-            state.SkipWithError("a write failed");
-    };
-    const auto move = [&](const QString &from, const QString &to) {
-        if (NSFileManager::moveItemAtPath(from, to))
-            state.SkipWithError("a move failed");
-    };
+    const BareSave bare{state, fixture.locations};
     int save = 0;
     for (auto _ : state) {
         const QImage whole = decoded(fixture.picture.jpeg);
@@ -191,13 +198,8 @@ void savePictureBare(benchmark::State &state)
         const int left = int((whole.width() - part.width()) * 0.1 * (++save % 8));
         const QImage shown = whole.copy(QRect(QPoint(left, 0), part))
                                  .scaled(screen, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        move(locations.workingCopy(), locations.workingCopyAside());
-        write(locations.packageInfo(), info);
-        write(locations.listBackground(),
-              encoder.encode(shown.convertToFormat(QImage::Format_RGB32)));
-        write(locations.unreadIndicator(), theme.unreadIndicator);
-        write(locations.workingCopy(), info);
-        move(locations.workingCopyAside(), locations.earlierWorkingCopy());
+        bare.save(info, encoder.encode(shown.convertToFormat(QImage::Format_RGB32)),
+                  theme.unreadIndicator);
     }
 }
 BENCHMARK(savePictureBare)
