@@ -19,7 +19,7 @@ constexpr double shareWeight = 0.7;
 constexpr double chromaWeight = 0.3;
 constexpr int hueReach = 15; // degrees; within it a hue counts as the same
 constexpr int farApart = 90;
-constexpr double leastDifference = 0.08; // in OKLab; of two tones of one hue
+constexpr double leastDifference = 0.08; // in OKLab; of two shades of one hue
 
 struct Shade {
     OKLCh place;
@@ -45,70 +45,71 @@ bool differs(const Shade &one, const Shade &other)
 /// The coloured ones, the best first.
 std::vector<Shade> scored(std::span<const ColorCluster> clusters)
 {
-    std::vector<Shade> tones;
+    std::vector<Shade> shades;
     for (const ColorCluster &cluster : clusters) {
         const OKLCh place = oklchFromOklab(oklabFromRgb(cluster.color));
         if (place.chroma >= leastChroma)
-            tones.push_back({place, {cluster.color, cluster.share, 0.0}});
+            shades.push_back({place, {cluster.color, cluster.share, 0.0}});
     }
     std::vector<Shade> kept;
-    for (const Shade &tone : tones) {
+    for (const Shade &shade : shades) {
         double share = 0.0;
-        for (const Shade &other : tones)
-            if (degreesBetween(tone.place.hue, other.place.hue) <= hueReach)
+        for (const Shade &other : shades)
+            if (degreesBetween(shade.place.hue, other.place.hue) <= hueReach)
                 share += other.candidate.share;
         if (share >= leastShare)
-            kept.push_back({tone.place,
-                            {tone.candidate.color, share,
-                             shareWeight * share + chromaWeight * liveliness(tone.place.chroma)}});
+            kept.push_back({shade.place,
+                            {shade.candidate.color, share,
+                             shareWeight * share + chromaWeight * liveliness(shade.place.chroma)}});
     }
     std::ranges::stable_sort(kept, std::greater(),
-                             [](const Shade &tone) { return tone.candidate.score; });
+                             [](const Shade &shade) { return shade.candidate.score; });
     return kept;
 }
 
 /// Those of them, in their order, that are different from each one taken before.
 template <typename Different>
-std::vector<Shade> selected(std::span<const Shade> tones, std::vector<Shade> taken,
+std::vector<Shade> selected(std::span<const Shade> shades, std::vector<Shade> taken,
                             Different different)
 {
-    for (const Shade &tone : tones) {
+    for (const Shade &shade : shades) {
         if (int(taken.size()) == PicturePalette::mostCandidates)
             break;
-        if (std::ranges::all_of(taken, [&](const Shade &other) { return different(tone, other); }))
-            taken.push_back(tone);
+        if (std::ranges::all_of(taken, [&](const Shade &other) { return different(shade, other); }))
+            taken.push_back(shade);
     }
     return taken;
 }
 
-std::vector<Shade> farApartFirst(std::span<const Shade> tones)
+std::vector<Shade> farApartFirst(std::span<const Shade> shades)
 {
     std::vector<Shade> taken;
     for (int apart = farApart; apart >= hueReach; --apart)
-        taken = selected(tones, std::move(taken), [apart](const Shade &one, const Shade &other) {
+        taken = selected(shades, std::move(taken), [apart](const Shade &one, const Shade &other) {
             return degreesBetween(one.place.hue, other.place.hue) >= apart;
         });
-    return selected(tones, std::move(taken), differs);
+    return selected(shades, std::move(taken), differs);
 }
 
 std::vector<Shade> greys(std::span<const ColorCluster> clusters)
 {
-    std::vector<Shade> tones;
+    std::vector<Shade> shades;
     for (const auto &[color, share] : clusters)
-        tones.push_back({oklchFromOklab(oklabFromRgb(color)), {color, share, shareWeight * share}});
-    return selected(tones, {}, differs);
+        shades.push_back(
+            {oklchFromOklab(oklabFromRgb(color)), {color, share, shareWeight * share}});
+    return selected(shades, {}, differs);
 }
 } // namespace
 
 PicturePalette paletteOf(std::span<const QRgb> pixels)
 {
     const std::vector<ColorCluster> clusters = quantized(pixels, clusterCount);
-    std::vector<Shade> tones = farApartFirst(scored(clusters));
+    std::vector<Shade> shades = farApartFirst(scored(clusters));
     PicturePalette palette;
-    palette.isGrey = tones.empty() && !clusters.empty();
+    palette.isGrey = shades.empty() && !clusters.empty();
     if (palette.isGrey)
-        tones = greys(clusters);
-    for (const Shade &tone : tones)
-        palette.candidates.push_back(tone.candidate);
+        shades = greys(clusters);
+    for (const Shade &shade : shades)
+        palette.candidates.push_back(shade.candidate);
     return palette;
 }

@@ -22,7 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 /// Calls `take(record)` for each row of the table.
 template <typename Take>
 void forEachRow(const ThemeList &list, Take take)

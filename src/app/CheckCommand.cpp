@@ -18,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 QString nameOf(Eyes eyes)
 {
     return eyes == Eyes::Protan ? u"protan"_s : eyes == Eyes::Deutan ? u"deutan"_s : u"tritan"_s;

@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 QJsonValue jsonFromMap(const QVariantMap &map);
 
 /// Values that JSON has no form for are given as text.

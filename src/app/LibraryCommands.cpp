@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 /// Null: refused, which standard error says.
 std::unique_ptr<KeptThemeChanges> opened(const CommandLine::Options &options)
 {

@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 /// PNG; empty when there is no memory for the picture.
 QByteArray drawn(const PreviewPalette &palette, const CommandLine::Options &options)
 {

@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 /// What is typed is a path where something stands there, or where it cannot be a text.
 ThemeOpening openTyped(const ThemeOpener &opener, const QString &typed)
 {

@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 ThemeSubject checked(ElementDataSource elements)
 {
     if (elements.status() == ElementDataSource::Status::Malformed)

@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
 std::optional<ElementGround::Kind> kindOf(const QString &name)
 {
     using enum ElementGround::Kind;
