@@ -10,7 +10,6 @@
 #include <QResizeEvent>
 
 #include <algorithm>
-#include <fontconfig/fontconfig.h>
 #include <utility>
 
 namespace
@@ -19,8 +18,7 @@ UIWindow *theKeyWindow = nullptr;
 } // namespace
 
 UIWindow::UIWindow(std::optional<QSize> size)
-    : _fontSearch([] { FcInit(); }),
-      _dropTarget(new DropTarget(
+    : _dropTarget(new DropTarget(
           [this](const QMimeData &data, DropTarget::Act act) {
               return !_presented && _rootViewController &&
                      (act == DropTarget::Act::Ask ? _rootViewController->takesDrop(data)
@@ -31,10 +29,6 @@ UIWindow::UIWindow(std::optional<QSize> size)
       _stageWidth(size ? std::nullopt : std::optional(UIScreen::mainScreen().size().width()))
 {
     QMLViews::prepareEngine(_engine);
-    _firstRead = QMLViews::readAhead(_engine, "platform/NavigationView.qml");
-    // While another thread reads, this one loads the font that the first text would wait for.
-    _fontSearch.join(); // or it would search all over again
-    QFontMetricsF(QGuiApplication::font()).height();
     connect(
         this, &QQuickWindow::frameSwapped, this,
         [this] {
@@ -61,6 +55,13 @@ UIWindow::~UIWindow()
     _rootViewController.reset();
     if (theKeyWindow == this)
         theKeyWindow = nullptr;
+}
+
+void UIWindow::readAhead(std::initializer_list<const char *> files)
+{
+    for (const char *file : files)
+        _readAhead.push_back(QMLViews::readAhead(_engine, file));
+    QFontMetricsF(QGuiApplication::font()).height();
 }
 
 UIWindow *UIWindow::keyWindow()

@@ -16,8 +16,8 @@
 #include <QQuickWindow>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
-#include <thread>
 #include <vector>
 
 class UIWindow : public QQuickWindow
@@ -33,6 +33,10 @@ public:
     explicit UIWindow(std::optional<QSize> size = {});
     /// Tells the root view controller that the program ends, and lets it go.
     ~UIWindow() override;
+
+    /// Lets another thread read QML files of the program, in that order, which the first page will
+    /// need, and loads meanwhile the font that its first text would wait for.
+    void readAhead(std::initializer_list<const char *> files);
 
     /// The window that was last made key, or null.
     static UIWindow *keyWindow();
@@ -100,9 +104,8 @@ private:
     /// Gives the input to what is on top, and to nothing below that.
     void giveInputToTop();
 
-    std::jthread _fontSearch; // while the engine is made; both take long and need nothing else
     QQmlEngine _engine;
-    std::unique_ptr<QQmlComponent> _firstRead;
+    std::vector<std::unique_ptr<QQmlComponent>> _readAhead;
     QString _documentName;
     bool _isDocumentEdited = false;
     QQuickItem *_dropTarget;                 // below everything else

@@ -24,6 +24,12 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     }
     setWindow(std::make_unique<UIWindow>(_start.windowSize));
     _window->setTitle("Tintloom");
+    if (_start.root == Root::Editor)
+        _window->readAhead({"platform/NavigationView.qml", "editor/EditorView.qml",
+                            "views/CustomTableCellView.qml"});
+    else
+        _window->readAhead({"platform/NavigationView.qml", "catalogue/window/CatalogueView.qml",
+                            "platform/SubtitleCellView.qml"});
     // The icon is a picture to be decoded, which can wait until the first frame is shown.
     QObject::connect(_window.get(), &UIWindow::firstFrameShown, _window.get(),
                      [this] { _window->setIcon(QIcon(":/images/tintloom.png")); });
