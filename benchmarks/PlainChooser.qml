@@ -74,8 +74,16 @@ FocusScope {
         width: 310
         height: 310
         source: "image://wheel/310"
+
+        Rectangle { // the wheel is as dark as its colours
+            anchors.fill: parent
+            color: "black"
+            opacity: 1 - brightness.value
+        }
     }
     Slider {
+        id: brightness
+
         x: 2.5
         y: 440
         width: 315
