@@ -275,9 +275,10 @@ std::error_code NSFileManager::writeToFile(const QString &path, const QByteArray
 
 bool NSFileManager::isTemporaryName(const QString &name)
 {
-    const QRegularExpression pattern(u"\\A.+"_s + QRegularExpression::escape(temporaryMark()) +
-                                     u"[0-9a-f]{16}\\z"_s);
-    return pattern.match(name).hasMatch();
+    static const QRegularExpression number(u"\\A[0-9a-f]{16}\\z"_s);
+    const QString mark = temporaryMark();
+    const qsizetype place = name.lastIndexOf(mark);
+    return place > 0 && number.match(name.sliced(place + mark.size())).hasMatch();
 }
 
 std::error_code NSFileManager::moveItemAtPath(const QString &from, const QString &to)
