@@ -9,8 +9,8 @@
 #include <ranges>
 #include <utility>
 
-/// One step of the history. It trades the choices that it holds for those of the document, forth and
-/// back: one side of a step is always in the document.
+/// One step of the history. It trades the choices that it holds for those of the document, forth
+/// and back: one side of a step is always in the document.
 class ThemeDocument::Step : public QUndoCommand
 {
 public:
