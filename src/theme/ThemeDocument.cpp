@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <utility>
 
 /// One step of the history. It trades the choices that it holds for those of the document, forth
@@ -94,8 +93,12 @@ bool ThemeDocument::changeUnlocked(Changes changes, const QString &name)
 bool ThemeDocument::changeAll(Changes changes, const QString &name)
 {
     std::ranges::stable_sort(changes, {}, &Change::index);
-    const auto repeated = std::ranges::unique(changes | std::views::reverse, {}, &Change::index);
-    changes.erase(changes.begin(), repeated.begin().base()); // the later one counts
+    const auto isOfOneElement = [](const Change &one, const Change &other) {
+        return one.index == other.index;
+    };
+    // From the back: the later one counts.
+    const auto first = std::unique(changes.rbegin(), changes.rend(), isOfOneElement).base();
+    changes.erase(changes.begin(), first);
     std::erase_if(changes, [this](const Change &change) {
         return record(change.index).choice() == change.choice;
     });
