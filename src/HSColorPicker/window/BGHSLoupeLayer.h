@@ -111,9 +111,10 @@ private:
     QPropertyAnimation _disappear;
 
     // In pixels, made for the contents' scale.
-    QImage _ground;     // the checkerboard within the circle
-    QRegion _cellsClip; // the circle; the rim covers its rough edge
+    QImage _ground;  // the checkerboard within the circle
+    QRegion _circle; // in whole pixels; the rim covers its rough edge
     QImage _rim;
+    QImage _pane;                    // cells and rim; only what is in the circle counts
     std::array<QImage, 2> _pictures; // the last one shown, and the one before
     std::optional<CellColors> _shownColors;
 };
