@@ -7,6 +7,7 @@
 #include "theme/WorkingCopyKeeper.h"
 
 #include <algorithm>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -203,8 +204,8 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
         theme.report.refusal = theme.keeper->refusal();
         return theme;
     }
-    emptyPackageFolder(locations, theme.report);
-    makeWorkingCopyFolder(locations, theme.report);
+    // Beside the pictures, which are encoded meanwhile.
+    const auto emptying = std::async([&] { emptyPackageFolder(locations, theme.report); });
     theme.dictionary = themeDictionary(source);
     theme.picture = ElementPicture::behindList(source);
     if (theme.picture)
@@ -212,6 +213,8 @@ BuiltTheme buildTheme(const ElementDataSource &source, const ThemeLocations &loc
     const ThemePictures pictures = ThemePictures::of(source, theme.dictionary, scale);
     theme.listBackground = pictures.listBackground;
     theme.unreadIndicator = pictures.unreadIndicator;
+    emptying.wait();
+    makeWorkingCopyFolder(locations, theme.report);
     return theme;
 }
 
