@@ -6,7 +6,10 @@ FocusScope {
     id: layer
 
     required property UIActionSheet sheet
-    readonly property int buttonHeight: 44
+    readonly property real room: height - title.height - 28 // for the buttons
+    readonly property int fittingHeight: room / sheet.buttonTitles.length
+    // A little lower than usual, where that brings all of them into sight.
+    readonly property int buttonHeight: fittingHeight >= 36 ? Math.min(44, fittingHeight) : 44
 
     Keys.onEscapePressed: layer.sheet.click(layer.sheet.cancelButtonIndex)
 
@@ -58,7 +61,7 @@ FocusScope {
 
             anchors.bottom: parent.bottom
             width: parent.width
-            height: Math.min(contentHeight, layer.height - title.height - 28)
+            height: Math.min(contentHeight, layer.room)
             clip: true
             focus: true
             model: layer.sheet.buttonTitles
@@ -70,9 +73,12 @@ FocusScope {
                 required property string modelData
                 required property int index
 
+                readonly property ActionSheetLayer owner: ListView.view.parent.parent as ActionSheetLayer
+
                 width: ListView.view.width
+                height: owner.buttonHeight
                 title: modelData
-                sheet: (ListView.view.parent.parent as ActionSheetLayer).sheet
+                sheet: owner.sheet
                 buttonIndex: index
             }
         }
