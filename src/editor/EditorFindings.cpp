@@ -4,18 +4,17 @@
 #include "editor/CustomViewController.h"
 #include "platform/UIWindow.h"
 
-#include <utility>
-
-EditorFindings::EditorFindings(CustomViewController &editor)
-    : _editor(editor), _rows(editor.document(), this)
+EditorFindings::EditorFindings(CustomViewController &editor) : _editor(editor)
 {
-    connect(&_rows, &RowFindings::changed, this, &EditorFindings::markRows);
 }
 
 void EditorFindings::look()
 {
-    if (!std::exchange(_isLooking, true))
-        markRows();
+    if (_rows)
+        return;
+    _rows = std::make_unique<RowFindings>(_editor.document());
+    connect(_rows.get(), &RowFindings::changed, this, &EditorFindings::markRows);
+    markRows();
 }
 
 void EditorFindings::markRows()

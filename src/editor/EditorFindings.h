@@ -4,6 +4,8 @@
 
 #include "editor/RowFindings.h"
 
+#include <memory>
+
 class CustomViewController;
 
 class EditorFindings : public QObject
@@ -17,7 +19,7 @@ public:
     /// Looks for the first time, which takes longer than a row may wait for, and marks the rows.
     void look();
     /// What is found of the element, in words; empty when all is well, and before the first look.
-    QString words(int index) { return _isLooking ? _rows.words(index) : QString(); }
+    QString words(int index) { return _rows ? _rows->words(index) : QString(); }
 
     /// Lays the page over the stage.
     void showPage();
@@ -27,6 +29,5 @@ private:
     void open(int index);
 
     CustomViewController &_editor;
-    RowFindings _rows;
-    bool _isLooking = false;
+    std::unique_ptr<RowFindings> _rows; // since the first look
 };

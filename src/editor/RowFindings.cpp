@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-RowFindings::RowFindings(ThemeDocument &document, QObject *parent)
-    : QObject(parent), _document(document)
+RowFindings::RowFindings(ThemeDocument &document) : _document(document)
 {
     _news.setSingleShot(true);
     connect(&_news, &QTimer::timeout, this, &RowFindings::changed);

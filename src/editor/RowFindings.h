@@ -16,7 +16,7 @@ class RowFindings : public QObject
 
 public:
     /// The document must outlive it.
-    RowFindings(ThemeDocument &document, QObject *parent);
+    explicit RowFindings(ThemeDocument &document);
 
     /// What is found of the element as a text or mark, in words; empty when all is well.
     QString words(int index);

@@ -30,14 +30,13 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     else
         _window->readAhead({"platform/NavigationView.qml", "catalogue/window/CatalogueView.qml",
                             "platform/SubtitleCellView.qml"});
-    // The icon is a picture to be decoded, which can wait until the first frame is shown.
-    QObject::connect(_window.get(), &UIWindow::firstFrameShown, _window.get(),
-                     [this] { _window->setIcon(QIcon(":/images/tintloom.png")); });
     addPreview();
-    if (!_start.open.isEmpty())
-        QObject::connect(_window.get(), &UIWindow::firstFrameShown, _window.get(),
-                         [this] { openGiven(); });
     _window->makeKeyAndVisible();
+    UIWindow::afterFirstFrame(_window.get(), [this] {
+        _window->setIcon(QIcon(":/images/tintloom.png")); // decoding it takes time
+        if (!_start.open.isEmpty())
+            openGiven();
+    });
 
     if (_start.root == Root::Catalogue) {
         const auto catalogue = MainViewController::init(_folders);
